@@ -1,0 +1,41 @@
+# How targets are made: their flags, and the rooms.
+
+# Gives a target its language level, warnings and floating-point rules.
+# Results must be the same bytes on every compiler and build type, hence no contraction.
+function(wayfell_flags target)
+  target_compile_features(${target} PUBLIC cxx_std_20)
+  set_target_properties(${target} PROPERTIES CXX_EXTENSIONS OFF)
+  target_compile_options(${target} PRIVATE
+    -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast
+    -Wnon-virtual-dtor -Woverloaded-virtual -Wimplicit-fallthrough -Werror
+    -ffp-contract=off)
+  if(WAYFELL_SANITIZE)
+    target_compile_options(${target} PRIVATE
+      -fsanitize=${WAYFELL_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    target_link_options(${target} PRIVATE -fsanitize=${WAYFELL_SANITIZE})
+  endif()
+endfunction()
+
+# wayfell_room(NAME DEPENDS target...)
+# A room is the folder NAME and the target of the same name. Its headers are reached as
+# "NAME/File.h", and only by targets that depend on it: each room has an include folder of its own
+# that holds nothing but a link to it, so an include against the arrows does not build.
+function(wayfell_room name)
+  cmake_parse_arguments(ROOM "" "" "DEPENDS" ${ARGN})
+  file(GLOB sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/${name}/*.cpp)
+  get_filename_component(leaf ${name} NAME)
+  add_library(${leaf} STATIC ${sources})
+  set(door ${PROJECT_BINARY_DIR}/doors/${leaf})
+  get_filename_component(parent ${door}/${name} DIRECTORY)
+  file(MAKE_DIRECTORY ${parent})
+  file(CREATE_LINK ${PROJECT_SOURCE_DIR}/${name} ${door}/${name} SYMBOLIC)
+  target_include_directories(${leaf} PUBLIC ${door})
+  target_link_libraries(${leaf} PUBLIC ${ROOM_DEPENDS})
+  wayfell_flags(${leaf})
+  if(WAYFELL_LIBCXX_ROOMS)
+    add_library(${leaf}_libcxx OBJECT ${sources})
+    target_link_libraries(${leaf}_libcxx PRIVATE ${leaf})
+    target_compile_options(${leaf}_libcxx PRIVATE -stdlib=libc++)
+    wayfell_flags(${leaf}_libcxx)
+  endif()
+endfunction()

@@ -1,0 +1,34 @@
+// Localised texts: the English text is the key, and stands where there is no translation.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "platform/NSString.h"
+
+namespace wayfell {
+
+class NSBundle {
+ public:
+  static NSBundle mainBundle() { return {}; }
+
+  /// The translation; without one the value, or the key when the value is empty. Only the
+  /// default table exists. The result lives as long as the arguments and the host's table.
+  std::string_view localizedStringForKeyValueTable(std::string_view key,
+                                                   std::string_view value) const;
+};
+
+/// The main bundle's text for a key.
+std::string_view localized(std::string_view key);
+
+/// The main bundle's format for a key, or the key itself when a translation does not take the
+/// same arguments: a translation can spoil a text, never memory.
+std::string_view localizedFormat(std::string_view key);
+
+/// Fills the localised format.
+template <class... Arguments>
+std::string localizedStringWithFormat(std::string_view key, const Arguments&... arguments) {
+  return stringWithFormat(localizedFormat(key), arguments...);
+}
+
+}  // namespace wayfell
