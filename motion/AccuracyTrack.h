@@ -3,6 +3,7 @@
 // Nothing is filtered: a fix with a negative, that is invalid, accuracy is averaged like any other.
 #pragma once
 
+#include <utility>
 #include <vector>
 
 #include "platform/CLLocation.h"
@@ -11,20 +12,28 @@ namespace wayfell {
 
 class AccuracyTrack {
  public:
-  double averageHorizontalAccuracy() const;
-  void setAverageHorizontalAccuracy(double metres);
-  double averageVerticalAccuracy() const;
-  void setAverageVerticalAccuracy(double metres);
+  /// Metres; 0 before the first fix.
+  double averageHorizontalAccuracy() const { return averageHorizontalAccuracy_; }
+  void setAverageHorizontalAccuracy(double metres) { averageHorizontalAccuracy_ = metres; }
+  double averageVerticalAccuracy() const { return averageVerticalAccuracy_; }
+  void setAverageVerticalAccuracy(double metres) { averageVerticalAccuracy_ = metres; }
   /// Newest first, at most 30.
-  std::vector<CLLocation>& locations();
-  void setLocations(std::vector<CLLocation> locations);
-  double horizontalSum() const;
-  void setHorizontalSum(double metres);
-  double verticalSum() const;
-  void setVerticalSum(double metres);
+  std::vector<CLLocation>& locations() { return locations_; }
+  void setLocations(std::vector<CLLocation> locations) { locations_ = std::move(locations); }
+  double horizontalSum() const { return horizontalSum_; }
+  void setHorizontalSum(double metres) { horizontalSum_ = metres; }
+  double verticalSum() const { return verticalSum_; }
+  void setVerticalSum(double metres) { verticalSum_ = metres; }
 
   /// Adds the fix, forgets the 31st, and updates both means.
   void addLocation(const CLLocation& location);
+
+ private:
+  double averageHorizontalAccuracy_ = 0;
+  double averageVerticalAccuracy_ = 0;
+  std::vector<CLLocation> locations_;
+  double horizontalSum_ = 0;
+  double verticalSum_ = 0;
 };
 
 }  // namespace wayfell

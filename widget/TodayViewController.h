@@ -153,12 +153,16 @@ class TodayViewController : public UIViewController,
   static std::optional<std::string> convertMetersPerSecondToPace(double speed);
 
  private:
+  /// Whether a layout also shows or hides the waypoint's row and arrow. Only flipping does;
+  /// applying the stored layout leaves them as the appearance set them. The two differ on purpose.
+  enum class WaypointViews { keep, update };
+
   void takeSettingsSnapshot();
   void showTape();
   void showWaypointViews();
   void startLocationUpdates();
-  void showCompactLayout();
-  void showExpandedLayout();
+  void showCompactLayout(WaypointViews waypointViews);
+  void showExpandedLayout(WaypointViews waypointViews);
   void animateToggleButton(double rotation);
   bool isAccurateEnough(const CLLocation& fix);
   void showWaypointDistance();
@@ -166,6 +170,7 @@ class TodayViewController : public UIViewController,
   void showAltitude();
   void refreshAddressIfDue();
   void turnArrow(double heading);
+  bool followsCourse() const;
   /// Where the user is; 0/0 before the first fix.
   CLLocationCoordinate2D currentCoordinate() const;
 

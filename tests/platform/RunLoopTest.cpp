@@ -1,0 +1,83 @@
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/NSTimer.h"
+#include "platform/SimulatedHost.h"
+
+namespace wayfell {
+namespace {
+
+std::shared_ptr<NSTimer> schedule(double interval, bool repeats, std::string& log, char name) {
+  return NSTimer::scheduledTimerWithTimeIntervalRepeatsBlock(
+      interval, repeats, [&log, name](const NSTimer&) { log += name; });
+}
+
+TEST(RunLoop, FiresInOrderOfTimeThenOfCreation) {
+  SimulatedHost host(NSDate{100});
+  std::string log;
+  schedule(2, true, log, 'a');    // 102, 104
+  schedule(0.5, true, log, 'b');  // 100.5, 101, ... 104
+  schedule(1, false, log, 'c');   // 101
+  host.loop.advanceTo(NSDate{102});
+  EXPECT_EQ(log, "bbcbab");  // at 101 b is older than c, at 102 a is older than b
+  host.loop.advanceTo(NSDate{104});
+  EXPECT_EQ(log, "bbcbabbbbab");
+  EXPECT_EQ(host.loop.timersWithInterval(0.5), 1U);
+}
+
+// Ten sums of 0.1 are not 1, ten times 0.1 is.
+TEST(RunLoop, RepeatingTimersDoNotDrift) {
+  SimulatedHost host;
+  std::string log;
+  schedule(0.1, true, log, 'x');
+  host.loop.advanceTo(NSDate{1});
+  EXPECT_EQ(log.size(), 10U);
+}
+
+TEST(RunLoop, TheClockShowsTheFiringDate) {
+  SimulatedHost host(NSDate{10});
+  double seen = 0;
+  NSTimer::scheduledTimerWithTimeIntervalRepeatsBlock(
+      3, false, [&](const NSTimer&) { seen = NSDate::date().timeIntervalSinceReferenceDate; });
+  host.loop.advanceTo(NSDate{20});
+  EXPECT_EQ(seen, 13);
+  EXPECT_EQ(NSDate::date(), NSDate{20});
+  host.loop.advanceTo(NSDate{15});
+  EXPECT_EQ(NSDate::date(), NSDate{20});
+}
+
+TEST(RunLoop, InvalidatedTimersAreSilentAndLetGo) {
+  SimulatedHost host;
+  auto owned = std::make_shared<int>(1);
+  const std::weak_ptr<int> watch = owned;
+  int firings = 0;
+  const auto timer = NSTimer::scheduledTimerWithTimeIntervalRepeatsBlock(
+      1, true, [owned = std::move(owned), &firings](const NSTimer&) { ++firings; });
+  host.loop.advanceBy(2.5);
+  EXPECT_EQ(firings, 2);
+  timer->invalidate();
+  timer->invalidate();
+  EXPECT_TRUE(watch.expired());
+  host.loop.advanceBy(5);
+  EXPECT_EQ(firings, 2);
+}
+
+TEST(RunLoop, ActionsMayEndTheirOwnTimerAndStartOthers) {
+  SimulatedHost host;
+  std::string log;
+  std::shared_ptr<NSTimer> self;
+  self = NSTimer::scheduledTimerWithTimeIntervalRepeatsBlock(1, true, [&](const NSTimer&) {
+    log += 'x';
+    schedule(0, false, log, 'n');  // due at once
+    self->invalidate();
+  });
+  host.loop.advanceBy(10);
+  EXPECT_EQ(log, "xn");
+  EXPECT_FALSE(self->isValid());
+}
+
+}  // namespace
+}  // namespace wayfell

@@ -1,0 +1,93 @@
+#include "settings/UserDefaults.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+
+#include "platform/SimulatedHost.h"
+
+namespace wayfell {
+namespace {
+
+TEST(UserDefaults, BooleansAreStoredAsIntegers) {
+  SimulatedHost host;
+  UserDefaults::setBoolForString(true, "useMils");
+  EXPECT_EQ(*host.local.find("useMils"), PropertyValue(1));
+  EXPECT_EQ(UserDefaults::checkIntDefaults("useMils"), 1);
+  EXPECT_TRUE(UserDefaults::checkDefaults("useMils"));
+  UserDefaults::setBoolForString(false, "useMils");
+  EXPECT_EQ(*host.local.find("useMils"), PropertyValue(0));
+}
+
+TEST(UserDefaults, IntegersAreNarrowedTo32Bits) {
+  SimulatedHost host;
+  UserDefaults::setIntForString(0x1'0000'0002, "units");
+  EXPECT_EQ(*host.local.find("units"), PropertyValue(std::int64_t{0x1'0000'0002}));
+  EXPECT_EQ(UserDefaults::checkIntDefaults("units"), 2);
+  UserDefaults::setIntForString(0x8000'0000, "units");
+  EXPECT_EQ(UserDefaults::checkIntDefaults("units"), INT32_MIN);
+}
+
+TEST(UserDefaults, WithoutAStoreReadsAreZeroAndWritesAreLost) {
+  SimulatedHost host;
+  host.hasLocal = false;
+  UserDefaults::setStringForKey("text", "key");
+  UserDefaults::setIntForString(3, "key");
+  EXPECT_EQ(UserDefaults::checkObjectDefaults("key"), std::nullopt);
+  EXPECT_EQ(UserDefaults::checkStringDefaults("key"), std::nullopt);
+  EXPECT_EQ(UserDefaults::checkIntDefaults("key"), 0);
+  EXPECT_FALSE(UserDefaults::checkDefaults("key"));
+  host.hasCloud = true;
+  host.cloud.set("units", PropertyValue(1));
+  UserDefaults::syncronizeKey("units");
+  EXPECT_TRUE(host.local.values().empty());
+}
+
+TEST(UserDefaults, TheCloudTakesPrecedence) {
+  SimulatedHost host;
+  host.local.set("key", "local");
+  EXPECT_EQ(UserDefaults::checkObjectDefaultsWithiCloud("key"), PropertyValue("local"));
+  host.hasCloud = true;
+  EXPECT_EQ(UserDefaults::checkObjectDefaultsWithiCloud("key"), PropertyValue("local"));
+  host.cloud.set("key", "cloud");
+  EXPECT_EQ(UserDefaults::checkObjectDefaultsWithiCloud("key"), PropertyValue("cloud"));
+}
+
+// What each kind of key becomes on its way down; "none" is a missing value.
+TEST(UserDefaults, SyncTypesAKeyByItsSet) {
+  struct Case {
+    const char* key;
+    std::optional<PropertyValue> cloud;
+    std::optional<PropertyValue> local;
+  };
+  const Case cases[] = {
+      {"rateAppCount", 3.9, 3},
+      {"rateAppCount", -2.5, -2},
+      {"rateAppCount", std::nullopt, 0},
+      {"units", "2 or so", 2},
+      {"compassHeading", true, 1},
+      {"defaultTrackName", "My track", 0},  // a number all the same
+      {"useMils", PropertyValue::List{}, 0},
+      {"showTrackPins", true, true},  // also a boolean by name: copied as an object
+      {"showTrackPins", "pins", "pins"},
+      {"customMapArray", PropertyValue::List{1, "two"}, PropertyValue::List{1, "two"}},
+      {"display1", std::nullopt, std::nullopt},
+      {"rotateMap", 7, true},
+      {"hideToolbar", "NO", false},
+      {"groundOverlayTransparency", 0.5, true},
+      {"sounds", std::nullopt, false},
+      {"selectedDatum", "elsewhere", "before"},  // no set: left alone
+  };
+  for (const Case& c : cases) {
+    SimulatedHost host;
+    host.hasCloud = true;
+    host.cloud.set(c.key, c.cloud);
+    host.local.set(c.key, "before");
+    UserDefaults::syncronizeKey(c.key);
+    const PropertyValue* found = host.local.find(c.key);
+    EXPECT_EQ(found ? std::optional(*found) : std::nullopt, c.local) << c.key;
+  }
+}
+
+}  // namespace
+}  // namespace wayfell
