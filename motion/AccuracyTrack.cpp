@@ -11,7 +11,7 @@ constexpr std::size_t kCapacity = 30;
 
 // The sums follow what comes and goes and are never added up afresh, on purpose: their rounding
 // drifts a little on long runs.
-void AccuracyTrack::addLocation(const CLLocation& location) {
+void AccuracyTrack::addLocation(CLLocation location) {
   locations().insert(locations().begin(), location);
   if (locations().size() > kCapacity) {
     const CLLocation& oldest = locations().back();

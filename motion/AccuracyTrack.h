@@ -25,8 +25,8 @@ class AccuracyTrack {
   double verticalSum() const { return verticalSum_; }
   void setVerticalSum(double metres) { verticalSum_ = metres; }
 
-  /// Adds the fix, forgets the 31st, and updates both means.
-  void addLocation(const CLLocation& location);
+  /// Adds the fix, which may be one of `locations`, forgets the 31st, and updates both means.
+  void addLocation(CLLocation location);
 
  private:
   double averageHorizontalAccuracy_ = 0;

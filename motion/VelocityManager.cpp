@@ -95,8 +95,8 @@ void VelocityManager::fiveSecondTick() {
 }
 
 void VelocityManager::updatePaceTimerClock() {
-  paceTimerClock_ = averageSpeed() <= kSlowClockLimit ? PaceTimerClock::fiveSeconds
-                                                      : PaceTimerClock::twoSeconds;
+  paceTimerClock_ =
+      averageSpeed() <= kSlowClockLimit ? PaceTimerClock::fiveSeconds : PaceTimerClock::twoSeconds;
 }
 
 void VelocityManager::stepAverageSpeed(double current, double target, double step) {
@@ -128,9 +128,9 @@ void VelocityManager::zeroTimerFired() {
 
 // --- Fixes ---------------------------------------------------------------------------------
 
-void VelocityManager::updateSpeedWithLocation(const CLLocation& location) {
+void VelocityManager::updateSpeedWithLocation(CLLocation location) {
   if (!currentLocation_ || !previousLocation_) {
-    // The first fix is taken unseen, even an invalid one.
+    // The first fix is taken unchecked, even an invalid one.
     currentLocation_ = location;
     previousLocation_ = location;
     return;
@@ -167,10 +167,10 @@ void VelocityManager::updateSpeedWithLocation(const CLLocation& location) {
   accumulateAltitudeChange(averageAltitude());
 }
 
-double VelocityManager::rollingAverage(std::vector<double>& array, int maximumCount,
-                                       double value) {
+double VelocityManager::rollingAverage(std::vector<double>& array, int maximumCount, double value) {
   array.insert(array.begin(), value);
   if (std::cmp_greater(array.size(), maximumCount)) array.pop_back();
+  if (array.empty()) return 0;
   return std::accumulate(array.begin(), array.end(), 0.0) / static_cast<double>(array.size());
 }
 

@@ -134,14 +134,15 @@ class VelocityManager : public std::enable_shared_from_this<VelocityManager> {
       std::shared_ptr<VelocityManagerDelegate> delegate);
   /// Starts both clocks for good. They do not keep the manager alive.
   virtual void startTimers();
-  /// Takes a fix. Its altitude counts whatever its vertical accuracy.
-  virtual void updateSpeedWithLocation(const CLLocation& location);
+  /// Takes a fix, which may be one that the manager holds. Its altitude counts whatever its
+  /// vertical accuracy.
+  virtual void updateSpeedWithLocation(CLLocation location);
   virtual void twoSecondTick();
   virtual void fiveSecondTick();
   /// Chooses the clock by the published speed: the slow one up to 10 miles per hour.
   virtual void updatePaceTimerClock();
   /// Puts the value first, drops the last one when there are more than the maximum, and returns
-  /// the mean.
+  /// the mean; 0 of an empty array.
   virtual double rollingAverage(std::vector<double>& array, int maximumCount, double value);
   /// Moves averageSpeed towards the target by the step at most; `current` is where it stands.
   virtual void stepAverageSpeed(double current, double target, double step);

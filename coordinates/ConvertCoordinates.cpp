@@ -1,0 +1,230 @@
+// The texts; the way back from references is in ConvertCoordinatesInverse.cpp.
+#include "coordinates/ConvertCoordinates.h"
+
+#include <cmath>
+
+#include "coordinates/CoordinateDistance.h"
+#include "coordinates/FindCoordinates.h"
+#include "coordinates/GridReference.h"
+#include "coordinates/StoredSettings.h"
+#include "datums/DatumManager.h"
+#include "platform/NSBundle.h"
+#include "platform/NSString.h"
+#include "platform/Numbers.h"
+
+namespace wayfell {
+namespace {
+
+enum Format : std::int64_t { kDecimal, kDM, kDMS, kMGRS, kUTM };
+
+// Which coordinate a text is of.
+constexpr std::int32_t kLatitude = 0;
+constexpr std::int32_t kLongitude = 1;
+
+using Text = std::optional<std::string>;
+
+std::int64_t usersFormat() { return storedInteger("coordinateUnits"); }
+
+CLLocationCoordinate2D selectedFromDefault(double latitude, double longitude) {
+  return DatumManager::sharedInstance().selectedFromDefault(latitude, longitude);
+}
+
+// On the equator and on the prime meridian positions are south and west, on purpose.
+std::string_view latitudeLetter(double latitude) { return localized(latitude > 0 ? "N" : "S"); }
+std::string_view longitudeLetter(double longitude) { return localized(longitude > 0 ? "E" : "W"); }
+
+// One coordinate without its sign, taken apart.
+struct Sexagesimal {
+  double degrees;  // whole
+  double minutes;
+  double wholeMinutes;
+  double seconds;
+  std::string_view letter;
+};
+
+// Every stage goes through a text of six decimals and back, on purpose: 45.999999999 is 46 0' 0''.
+double throughText(double value) { return doubleValue(fixedText(value, 6)); }
+
+// The whole part of a number that has been through text.
+double wholePart(double value) { return lowInt32(truncatedToInt64(value)); }
+
+Sexagesimal sexagesimal(const CLLocationCoordinate2D& selected, std::int32_t which) {
+  const double value =
+      throughText(std::abs(which == kLongitude ? selected.longitude : selected.latitude));
+  Sexagesimal parts;
+  parts.degrees = wholePart(value);
+  parts.minutes = throughText((value - parts.degrees) * 60);
+  parts.wholeMinutes = wholePart(parts.minutes);
+  parts.seconds = throughText((parts.minutes - parts.wholeMinutes) * 60);
+  parts.letter =
+      which != kLatitude ? longitudeLetter(selected.longitude) : latitudeLetter(selected.latitude);
+  return parts;
+}
+
+std::string dmText(const CLLocationCoordinate2D& selected, std::int32_t which) {
+  const Sexagesimal parts = sexagesimal(selected, which);
+  return localizedStringWithFormat("%0.0f° %0.4f' %@", parts.degrees, parts.minutes, parts.letter);
+}
+
+std::string dmsText(const CLLocationCoordinate2D& selected, std::int32_t which) {
+  const Sexagesimal parts = sexagesimal(selected, which);
+  return localizedStringWithFormat("%0.0f° %0.0f' %0.2f'' %@", parts.degrees, parts.wholeMinutes,
+                                   parts.seconds, parts.letter);
+}
+
+std::string decimalText(const CLLocationCoordinate2D& selected) {
+  return localizedStringWithFormat("%0.5f°%@, %0.5f°%@", std::abs(selected.latitude),
+                                   latitudeLetter(selected.latitude), std::abs(selected.longitude),
+                                   longitudeLetter(selected.longitude));
+}
+
+std::string both(std::string (*textOf)(const CLLocationCoordinate2D&, std::int32_t),
+                 const CLLocationCoordinate2D& selected) {
+  return localizedStringWithFormat("%@, %@", textOf(selected, kLatitude),
+                                   textOf(selected, kLongitude));
+}
+
+Text wholePosition(double latitude, double longitude, std::int64_t format) {
+  switch (format) {
+    case kDecimal:
+      return decimalText(selectedFromDefault(latitude, longitude));
+    case kDM:
+      return both(dmText, selectedFromDefault(latitude, longitude));
+    case kDMS:
+      return both(dmsText, selectedFromDefault(latitude, longitude));
+    case kMGRS:
+      return ConvertCoordinates::convertDecimalToMGRSAndLong(latitude, longitude);
+    case kUTM:
+      return ConvertCoordinates::convertDecimalToUTMAndLong(latitude, longitude);
+    default:
+      return std::nullopt;
+  }
+}
+
+// A latitude or longitude in the formats that show one.
+Text degreesField(std::int64_t format, double latitude, double longitude, std::int32_t which) {
+  switch (format) {
+    case kDecimal:
+      return stringWithFormat("%0.8f", which == kLongitude ? longitude : latitude);
+    case kDM:
+      return dmText(selectedFromDefault(latitude, longitude), which);
+    case kDMS:
+      return dmsText(selectedFromDefault(latitude, longitude), which);
+    default:
+      return std::nullopt;
+  }
+}
+
+using Field = std::string(double latitude, double longitude);
+
+// A piece of a grid reference in the formats that show one.
+Text gridField(std::int64_t format, double latitude, double longitude, Field* mgrs, Field* utm) {
+  if (format == kMGRS) return mgrs(latitude, longitude);
+  if (format == kUTM) return utm(latitude, longitude);
+  return std::nullopt;
+}
+
+}  // namespace
+
+Text ConvertCoordinates::convertLatAndLong(double latitude, double longitude) {
+  const bool inRange = latitude >= -90 && latitude <= 90 && longitude >= -180 && longitude <= 180;
+  return inRange ? wholePosition(latitude, longitude, usersFormat()) : std::nullopt;
+}
+
+Text ConvertCoordinates::convertLatAndLongWithCoordinateUnits(double latitude, double longitude,
+                                                              std::int64_t index) {
+  const bool inRange =
+      longitude > -180.1 && longitude < 180.1 && latitude > -90.1 && latitude < 90.1;
+  return inRange ? wholePosition(latitude, longitude, index) : std::nullopt;
+}
+
+std::string ConvertCoordinates::convertDecimalToUTMAndLong(double latitude, double longitude) {
+  const GridPosition position(latitude, longitude);
+  return localizedStringWithFormat("%@ %@mE %@mN", utmZoneText(position),
+                                   utmMetresText(position.metres.easting),
+                                   utmMetresText(position.metres.northing));
+}
+
+std::string ConvertCoordinates::convertDecimalToMGRSAndLong(double latitude, double longitude) {
+  const GridPosition position(latitude, longitude);
+  return stringWithFormat("%@ %@ %@", mgrsZoneText(position),
+                          mgrsMetresText(position.metres.easting),
+                          mgrsMetresText(position.metres.northing));
+}
+
+std::string ConvertCoordinates::convertDecimalToDMAndLongitudeForLatLong(double latitude,
+                                                                         double longitude,
+                                                                         std::int32_t forLatLong) {
+  return dmText(selectedFromDefault(latitude, longitude), forLatLong);
+}
+
+std::string ConvertCoordinates::convertDecimalToDMSAndLongitudeForLatLong(double latitude,
+                                                                          double longitude,
+                                                                          std::int32_t forLatLong) {
+  return dmsText(selectedFromDefault(latitude, longitude), forLatLong);
+}
+
+Text ConvertCoordinates::updateLatitudeWithCoordinateIndexLatitudeAndLongitude(std::int64_t index,
+                                                                               double latitude,
+                                                                               double longitude) {
+  return degreesField(index, latitude, longitude, kLatitude);
+}
+
+Text ConvertCoordinates::updateLongitudeWithCoordinateIndexLatitudeAndLongitude(std::int64_t index,
+                                                                                double latitude,
+                                                                                double longitude) {
+  return degreesField(index, latitude, longitude, kLongitude);
+}
+
+Text ConvertCoordinates::updateZoneWithCoordinateIndexLatitudeAndLongitude(std::int64_t index,
+                                                                           double latitude,
+                                                                           double longitude) {
+  return gridField(index, latitude, longitude, FindCoordinates::findMGRSZoneWithLatAndLong,
+                   FindCoordinates::findUTMZoneWithLatAndLong);
+}
+
+Text ConvertCoordinates::updateEastingWithCoordinateIndexLatitudeAndLongitude(std::int64_t index,
+                                                                              double latitude,
+                                                                              double longitude) {
+  return gridField(index, latitude, longitude, FindCoordinates::findMGRSEastingWithLatAndLong,
+                   FindCoordinates::findUTMEastingWithLatAndLong);
+}
+
+Text ConvertCoordinates::updateNorthingWithCoordinateIndexLatitudeAndLongitude(std::int64_t index,
+                                                                               double latitude,
+                                                                               double longitude) {
+  return gridField(index, latitude, longitude, FindCoordinates::findMGRSNorthingWithLatAndLong,
+                   FindCoordinates::findUTMNorthingWithLatAndLong);
+}
+
+Text ConvertCoordinates::updateLatitudeWithDefaultCoordinateIndexLatitudeAndLongitude(
+    double latitude, double longitude) {
+  return updateLatitudeWithCoordinateIndexLatitudeAndLongitude(usersFormat(), latitude, longitude);
+}
+
+Text ConvertCoordinates::updateLongitudeWithDefaultCoordinateIndexLatitudeAndLongitude(
+    double latitude, double longitude) {
+  return updateLongitudeWithCoordinateIndexLatitudeAndLongitude(usersFormat(), latitude, longitude);
+}
+
+Text ConvertCoordinates::updateZoneWithDefaultCoordinateIndexLatitudeAndLongitude(
+    double latitude, double longitude) {
+  return updateZoneWithCoordinateIndexLatitudeAndLongitude(usersFormat(), latitude, longitude);
+}
+
+Text ConvertCoordinates::updateEastingWithDefaultCoordinateIndexLatitudeAndLongitude(
+    double latitude, double longitude) {
+  return updateEastingWithCoordinateIndexLatitudeAndLongitude(usersFormat(), latitude, longitude);
+}
+
+Text ConvertCoordinates::updateNorthingWithDefaultCoordinateIndexLatitudeAndLongitude(
+    double latitude, double longitude) {
+  return updateNorthingWithCoordinateIndexLatitudeAndLongitude(usersFormat(), latitude, longitude);
+}
+
+CLLocationCoordinate2D ConvertCoordinates::findCoordinateFromAngleDistanceAndLocation(
+    double angle, double distance, const CLLocationCoordinate2D& location) {
+  return CoordinateDistance::destination(location, angle, distance);
+}
+
+}  // namespace wayfell

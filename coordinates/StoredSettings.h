@@ -1,0 +1,17 @@
+// Settings as this room reads them, from the program's own store. For this room only.
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+#include "platform/NSUserDefaults.h"
+
+namespace wayfell {
+
+/// 0 when it is missing.
+inline std::int64_t storedInteger(std::string_view key) {
+  const auto defaults = NSUserDefaults::standardUserDefaults();
+  return defaults ? defaults->integerForKey(key) : 0;
+}
+
+}  // namespace wayfell

@@ -1,0 +1,15 @@
+// Reading UTF-8 texts code point by code point.
+#pragma once
+
+#include <optional>
+#include <string_view>
+
+namespace wayfell {
+
+/// Takes the first code point off a text that is not empty. None for bytes that are not UTF-8
+/// (overlong forms, surrogates and numbers beyond U+10FFFF included), of which one is taken.
+std::optional<char32_t> takeCodePoint(std::string_view& text);
+
+bool isUtf8(std::string_view text);
+
+}  // namespace wayfell

@@ -1,0 +1,273 @@
+#include "units/ConvertTimeDistance.h"
+
+#include <array>
+#include <cmath>
+#include <cstdint>
+
+#include "datums/DatumManager.h"
+#include "platform/NSBundle.h"
+#include "platform/NSString.h"
+#include "platform/NSUserDefaults.h"
+
+namespace wayfell {
+namespace {
+
+constexpr std::int64_t kImperial = 0;
+constexpr std::int64_t kMetric = 1;
+constexpr std::int64_t kNautical = 2;
+constexpr std::int64_t kMils = 1;
+
+constexpr double kMilesPerKilometre = 0.621371192;
+constexpr double kFeetPerMile = 5280;
+constexpr double kNauticalMilesPerMetre = 0.000539956803;
+constexpr double kFeetPerMetre = 3.2808399;
+constexpr double kYardsPerMetre = 1.09361;
+constexpr double kRadiansPerDegree = 0.017453292519943295;
+
+// Below these, in the long unit, a distance is given in the short unit as well, or instead.
+constexpr double kShortUnitAsWell = 0.25;
+constexpr double kShortUnitInstead = 1.0;
+
+std::int64_t setting(std::string_view key) {
+  const auto defaults = NSUserDefaults::standardUserDefaults();
+  return defaults ? defaults->integerForKey(key) : 0;
+}
+
+double kilometres(double metres) { return metres / 1000; }
+double miles(double metres) { return kilometres(metres) * kMilesPerKilometre; }
+// Feet of distances. Altitudes have a factor of their own, kFeetPerMetre.
+double feet(double metres) { return miles(metres) * kFeetPerMile; }
+double nauticalMiles(double metres) { return metres * kNauticalMilesPerMetre; }
+double mils(double degrees) { return degrees * 6400 / 360; }
+
+std::string bareAngle(double degrees, std::int64_t angleUnits) {
+  return stringWithFormat("%0.0f", angleUnits == kMils ? mils(degrees) : degrees);
+}
+
+std::string angleWord(std::int64_t angleUnits) { return angleUnits == kMils ? "mils" : "°"; }
+
+}  // namespace
+
+std::string ConvertTimeDistance::convertSecondsToTime(double seconds) {
+  const int total = intValue(stringWithFormat("%f", seconds));
+  const int hours = total / 3600;
+  const int rest = total - 3600 * hours;
+  if (total < 3600) return stringWithFormat("%02d:%02d", rest / 60, rest % 60);
+  return stringWithFormat("%02d:%02d:%02d", hours, rest / 60, rest % 60);
+}
+
+// --- Distances -----------------------------------------------------------------------------
+
+std::string ConvertTimeDistance::convertMetersToDistanceWithUnits(double metres, bool metric) {
+  if (metric) {
+    std::string text = localizedStringWithFormat("%0.2f km", kilometres(metres));
+    if (kilometres(metres) < kShortUnitAsWell) {
+      text += localizedStringWithFormat(" (%0.1f m)", metres);
+    }
+    return text;
+  }
+  std::string text = localizedStringWithFormat("%0.2f mi", miles(metres));
+  if (miles(metres) < kShortUnitAsWell) {
+    text += localizedStringWithFormat(" (%0.2f ft)", feet(metres));
+  }
+  return text;
+}
+
+std::optional<std::string> ConvertTimeDistance::convertMetersToDistanceWithUnitsBaseUnits(
+    double metres, int units, bool baseUnits) {
+  switch (units) {
+    case kMetric:
+      return stringWithFormat("%0.1f", baseUnits ? metres : kilometres(metres));
+    case kImperial:
+      return stringWithFormat("%0.1f", baseUnits ? feet(metres) : miles(metres));
+    case kNautical:
+      return stringWithFormat("%0.1f", baseUnits ? feet(metres) : nauticalMiles(metres));
+    default:
+      return std::nullopt;
+  }
+}
+
+std::optional<std::string> ConvertTimeDistance::distanceUnitsForBaseUnits(int units,
+                                                                          bool baseUnits) {
+  switch (units) {
+    case kMetric:
+      return std::string(localized(baseUnits ? "m" : "km"));
+    case kImperial:
+      return std::string(localized(baseUnits ? "ft" : "mi"));
+    default:
+      return std::nullopt;
+  }
+}
+
+std::optional<std::string>
+ConvertTimeDistance::convertMetersToDistanceWithRoundingFactorDecimalPlace(double metres,
+                                                                           double roundingFactor,
+                                                                           int decimalPlace) {
+  if (decimalPlace <= 0) return std::nullopt;
+  const bool oneDecimal = decimalPlace == 1;
+  switch (setting("units")) {
+    case kMetric:
+      if (kilometres(metres) < roundingFactor) return localizedStringWithFormat("%0.0f m", metres);
+      return localizedStringWithFormat(oneDecimal ? "%0.1f km" : "%0.2f km", kilometres(metres));
+    case kImperial:
+      if (miles(metres) < roundingFactor)
+        return localizedStringWithFormat("%0.0f ft", feet(metres));
+      return localizedStringWithFormat(oneDecimal ? "%0.1f mi" : "%0.2f mi", miles(metres));
+    case kNautical:
+      if (nauticalMiles(metres) < roundingFactor) {
+        // The one short distance that is not localised.
+        if (oneDecimal) return stringWithFormat("%0.0f ft", feet(metres));
+        return localizedStringWithFormat("%0.0f ft", feet(metres));
+      }
+      return localizedStringWithFormat(oneDecimal ? "%0.1f nm" : "%0.2f nm", nauticalMiles(metres));
+    default:
+      return std::nullopt;
+  }
+}
+
+std::optional<std::string> ConvertTimeDistance::convertMetersToDistance(double metres) {
+  switch (setting("units")) {
+    case kMetric:
+      if (kilometres(metres) >= kShortUnitInstead) {
+        return localizedStringWithFormat("%0.1f km", kilometres(metres));
+      }
+      return localizedStringWithFormat("%0.0f m", kilometres(metres) * 1000);
+    case kImperial:
+      if (miles(metres) >= kShortUnitInstead) {
+        return localizedStringWithFormat("%0.1f mi", miles(metres));
+      }
+      return localizedStringWithFormat("%0.0f ft", feet(metres));
+    case kNautical:
+      if (nauticalMiles(metres) >= kShortUnitInstead) {
+        return localizedStringWithFormat("%0.1f nm", nauticalMiles(metres));
+      }
+      return localizedStringWithFormat("%0.0f ft", feet(metres));
+    default:
+      return std::nullopt;
+  }
+}
+
+std::optional<std::string> ConvertTimeDistance::convertMetersToDistanceUnitsString(
+    double metres, std::string_view word) {
+  if (word == localized("km")) return localizedStringWithFormat("%0.2f km", kilometres(metres));
+  if (word == localized("m")) return localizedStringWithFormat("%0.0f m", metres);
+  if (word == localized("mi")) return localizedStringWithFormat("%0.2f mi", miles(metres));
+  if (word == localized("ft")) return localizedStringWithFormat("%0.0f ft", feet(metres));
+  if (word == localized("nm")) return localizedStringWithFormat("%0.2f nm", nauticalMiles(metres));
+  if (word == localized("yd")) {
+    return localizedStringWithFormat("%0.1f yd", metres * kYardsPerMetre);
+  }
+  return std::nullopt;
+}
+
+double ConvertTimeDistance::convertDistanceForUnitsBaseUnits(double distance, int units,
+                                                             bool baseUnits) {
+  switch (units) {
+    case kMetric:
+      return baseUnits ? distance : distance * 1000;
+    case kImperial:
+      return distance * (baseUnits ? 0.3048 : 1609.344);
+    case kNautical:
+      return distance * (baseUnits ? 0.3048 : 1852);
+    default:
+      return 0;
+  }
+}
+
+double ConvertTimeDistance::getDistanceFromLatAndLongToOldLatAndOldLong(double latitude,
+                                                                        double longitude,
+                                                                        double oldLatitude,
+                                                                        double oldLongitude) {
+  const double phi = latitude * kRadiansPerDegree;
+  const double lambda = longitude * kRadiansPerDegree;
+  const double oldPhi = oldLatitude * kRadiansPerDegree;
+  const double oldLambda = oldLongitude * kRadiansPerDegree;
+  const double axis = DatumManager::sharedInstance().getDefaultAxis();
+  return axis / 1000 *
+         std::acos(std::sin(phi) * std::sin(oldPhi) +
+                   std::cos(phi) * std::cos(oldPhi) * std::cos(oldLambda - lambda)) *
+         1000;
+}
+
+std::optional<std::string> ConvertTimeDistance::convertMetersToDistanceSquaredUnits(
+    double squareMetres, std::string_view word) {
+  struct AreaUnit {
+    std::string_view word;
+    double perSquareMetre;
+    std::string_view format;
+  };
+  static constexpr std::array<AreaUnit, 8> kAreaUnits = {{
+      {"km", 1e-6, "%0.2f km"},
+      {"m", 1, "%0.0f m"},
+      {"mi", 3.861e-7, "%0.2f mi"},
+      {"ft", 10.7639, "%0.0f ft"},
+      {"nm", 2.9155335e-8, "%0.2f nm"},
+      {"yd", 1.19599, "%0.1f yd"},
+      {"acres", 0.000247104393, "%0.2f acres"},
+      {"acre", 0.000247104393, "%0.2f acres"},
+  }};
+  for (const auto& unit : kAreaUnits) {
+    if (word == localized(unit.word)) {
+      return localizedStringWithFormat(unit.format, squareMetres * unit.perSquareMetre);
+    }
+  }
+  return std::nullopt;
+}
+
+// --- Speeds and altitudes ------------------------------------------------------------------
+
+std::optional<std::string> ConvertTimeDistance::convertSpeedWithUnits(double speed, int units) {
+  switch (units) {
+    case kImperial:
+      return stringWithFormat("%0.1f mph", speed * 2.2369363);
+    case kMetric:
+      return stringWithFormat("%0.1f km/h", speed * 3.6);
+    case kNautical:
+      return stringWithFormat("%0.1f kts", speed * 1.94384449);
+    default:
+      return std::nullopt;
+  }
+}
+
+std::string ConvertTimeDistance::convertAltitude(double metres) {
+  if (setting("units") == kMetric) return localizedStringWithFormat("%0.0f m", metres);
+  return localizedStringWithFormat("%0.0f ft", metres * kFeetPerMetre);
+}
+
+std::string ConvertTimeDistance::altitudeUnits() {
+  return std::string(localized(setting("units") == kMetric ? "m" : "ft"));
+}
+
+double ConvertTimeDistance::convertMeters(double metres) {
+  return setting("units") == kImperial ? metres * kFeetPerMetre : metres;
+}
+
+// --- Angles --------------------------------------------------------------------------------
+
+std::string ConvertTimeDistance::convertAngle(double degrees) {
+  if (setting("useMils") == kMils) return stringWithFormat("%0.0f mils", mils(degrees));
+  return stringWithFormat("%0.0f°", degrees);
+}
+
+std::string ConvertTimeDistance::convertAngleWithoutUnitsOfMeasurement(double degrees) {
+  return bareAngle(degrees, setting("angleUnits"));
+}
+
+std::string ConvertTimeDistance::convertAngleWithoutUnitsOfMeasurementWithUnits(double degrees,
+                                                                                int angleUnits) {
+  return bareAngle(degrees, angleUnits);
+}
+
+std::string ConvertTimeDistance::angleUnits() { return angleWord(setting("useMils")); }
+
+std::string ConvertTimeDistance::angleUnitsForUnits(int angleUnits) {
+  return angleWord(angleUnits);
+}
+
+double ConvertTimeDistance::convertAngleForAngleUnits(double angle, int angleUnits) {
+  if (angleUnits == 1 && angle >= 0 && angle <= 6400) return angle / 6400 * 360;
+  if (angleUnits == 0 && angle >= 0 && angle <= 360) return angle;
+  return 0;
+}
+
+}  // namespace wayfell
