@@ -7,28 +7,13 @@
 #include <benchmark/benchmark.h>
 
 #include <cstdio>
-#include <cstdlib>
 #include <memory>
-#include <new>
 
+#include "Allocations.h"
 #include "coordinates/ConvertCoordinates.h"
 #include "hosts/services/WidgetInterface.h"
 #include "platform/SimulatedHost.h"
 #include "widget/TodayViewController.h"
-
-namespace {
-
-std::size_t allocations = 0;
-
-}  // namespace
-
-void* operator new(std::size_t size) {
-  ++allocations;
-  if (void* memory = std::malloc(size)) return memory;
-  throw std::bad_alloc();
-}
-void operator delete(void* memory) noexcept { std::free(memory); }
-void operator delete(void* memory, std::size_t /*size*/) noexcept { std::free(memory); }
 
 namespace wayfell {
 namespace {
@@ -37,12 +22,12 @@ namespace {
 class AllocationCount {
  public:
   void report(benchmark::State& state) const {
-    state.counters["allocations"] = benchmark::Counter(static_cast<double>(allocations - before_),
-                                                       benchmark::Counter::kAvgIterations);
+    state.counters["allocations"] = benchmark::Counter(
+        static_cast<double>(allocationsSoFar() - before_), benchmark::Counter::kAvgIterations);
   }
 
  private:
-  std::size_t before_ = allocations;
+  std::size_t before_ = allocationsSoFar();
 };
 
 struct Widget {

@@ -1,0 +1,23 @@
+// Replaces the operators in a file of its own, where the compiler cannot see one without the other
+// and take them for a mismatch.
+#include "Allocations.h"
+
+#include <cstdlib>
+#include <new>
+
+namespace {
+
+std::size_t allocations = 0;
+
+}  // namespace
+
+std::size_t wayfell::allocationsSoFar() { return allocations; }
+
+void* operator new(std::size_t size) {
+  ++allocations;
+  if (void* memory = std::malloc(size)) return memory;
+  throw std::bad_alloc();
+}
+
+void operator delete(void* memory) noexcept { std::free(memory); }
+void operator delete(void* memory, std::size_t /*size*/) noexcept { std::free(memory); }
