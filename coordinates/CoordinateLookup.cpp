@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "coordinates/TransverseMercator.h"
 #include "datums/DatumManager.h"
 #include "platform/Numbers.h"
 

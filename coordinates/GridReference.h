@@ -8,7 +8,7 @@
 #include <string>
 #include <string_view>
 
-#include "coordinates/TransverseMercator.h"
+#include "coordinates/UTMPoint.h"
 #include "platform/CLLocation.h"
 
 namespace wayfell {

@@ -7,6 +7,7 @@
 
 #include <cstdint>
 
+#include "coordinates/UTMPoint.h"
 #include "datums/DatumManager.h"
 #include "platform/CLLocation.h"
 
@@ -18,14 +19,6 @@ inline constexpr double kCentralScale = 0.9996;
 /// Metres.
 inline constexpr double kFalseEasting = 500000.0;
 inline constexpr double kSouthernFalseNorthing = 10000000.0;
-
-/// Metres in a zone's grid, the false easting and the southern false northing included.
-struct UTMPoint {
-  double easting = 0;
-  double northing = 0;
-
-  friend bool operator==(const UTMPoint&, const UTMPoint&) = default;
-};
 
 /// An ellipsoid's quantities, each computed from the one before.
 struct Spheroid {

@@ -18,9 +18,9 @@ constexpr double kMajorAxis = 6378137.0;
 constexpr double kFlattening = 1 / 298.257223563;
 constexpr double kMinorAxis = (1 - kFlattening) * kMajorAxis;
 
-// Radians of longitude, well under a micrometre. The iteration gains more than two digits a round
+// Radians of longitude, a few nanometres. The iteration gains more than two digits a round
 // except for nearly antipodal points, where it is given up.
-constexpr double kTolerance = 1e-14;
+constexpr double kTolerance = 1e-15;
 constexpr int kMostRounds = 50;
 
 double radians(double degrees) { return degrees * kPi / 180; }

@@ -178,6 +178,8 @@ double ConvertTimeDistance::getDistanceFromLatAndLongToOldLatAndOldLong(double l
                                                                         double longitude,
                                                                         double oldLatitude,
                                                                         double oldLongitude) {
+  // The arc cosine cannot tell equal positions from ones some centimetres apart.
+  if (latitude == oldLatitude && longitude == oldLongitude) return 0;
   const double phi = latitude * kRadiansPerDegree;
   const double lambda = longitude * kRadiansPerDegree;
   const double oldPhi = oldLatitude * kRadiansPerDegree;

@@ -48,8 +48,8 @@ class ConvertTimeDistance {
   /// Metres from a distance in the long unit, or in the short one for base units.
   static double convertDistanceForUnitsBaseUnits(double distance, int units, bool baseUnits);
   /// Metres between two positions in degrees, on a sphere with the default datum's semi-major
-  /// axis. Nothing guards the arc cosine: positions less than a metre apart, equal ones among
-  /// them, may come out decimetres off or not a number.
+  /// axis. Exactly 0 for equal positions; others less than a metre apart may come out decimetres
+  /// off, or not a number.
   static double getDistanceFromLatAndLongToOldLatAndOldLong(double latitude, double longitude,
                                                             double oldLatitude,
                                                             double oldLongitude);

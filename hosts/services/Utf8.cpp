@@ -55,4 +55,26 @@ bool isUtf8(std::string_view text) {
   return true;
 }
 
+void appendCodePoint(std::string& text, char32_t codePoint) {
+  const auto append = [&text](char32_t byte) { text += static_cast<char>(byte); };
+  const auto appendRest = [&append, codePoint](unsigned shift) {
+    append(0x80U | (codePoint >> shift & 0x3FU));
+  };
+  if (codePoint < 0x80) {
+    append(codePoint);
+  } else if (codePoint < 0x800) {
+    append(0xC0U | codePoint >> 6U);
+    appendRest(0);
+  } else if (codePoint < 0x10000) {
+    append(0xE0U | codePoint >> 12U);
+    appendRest(6);
+    appendRest(0);
+  } else {
+    append(0xF0U | codePoint >> 18U);
+    appendRest(12);
+    appendRest(6);
+    appendRest(0);
+  }
+}
+
 }  // namespace wayfell

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <optional>
+#include <string>
 #include <string_view>
 
 namespace wayfell {
@@ -11,5 +12,8 @@ namespace wayfell {
 std::optional<char32_t> takeCodePoint(std::string_view& text);
 
 bool isUtf8(std::string_view text);
+
+/// Adds a code point to the end.
+void appendCodePoint(std::string& text, char32_t codePoint);
 
 }  // namespace wayfell

@@ -1,0 +1,35 @@
+// Reports of gpsd as `gpspipe -w` writes them, one a line: positions and headings are replayed,
+// see GpsdDecoder for how they are read, and all others are passed over.
+//
+// The replay starts at the first fix; headings before it are passed over. A report takes place at
+// its own time, but not before what came earlier in the file, as headings may be timed by another
+// clock; one without a time takes place at that of the report before.
+#pragma once
+
+#include "hosts/replay/JsonLine.h"
+#include "hosts/replay/LineReader.h"
+#include "hosts/replay/Recording.h"
+#include "hosts/services/GpsdReport.h"
+
+namespace wayfell {
+
+class GpsdRecording : public Recording {
+ public:
+  explicit GpsdRecording(std::unique_ptr<LineReader> lines) : lines_(std::move(lines)) {}
+
+  /// Errors name the line: one that is no JSON object, a fix that is earlier than the one before,
+  /// and a recording without any fix.
+  std::optional<Event> next() override;
+
+ private:
+  std::optional<Event> read(std::string_view line);
+  Event locate(const CLLocation& fix);
+
+  std::unique_ptr<LineReader> lines_;
+  JsonLine line_;
+  GpsdDecoder decoder_;
+  std::optional<double> now_;      // of the last event
+  std::optional<double> lastFix_;  // its time stamp
+};
+
+}  // namespace wayfell

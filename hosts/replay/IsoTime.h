@@ -1,0 +1,16 @@
+// Times of day as ISO 8601 writes them.
+#pragma once
+
+#include <optional>
+#include <string_view>
+
+#include "platform/NSDate.h"
+
+namespace wayfell {
+
+/// "2010-10-04T05:13:19Z", with any fraction of a second, and "+02:00" and the like in place of
+/// "Z"; without either it is UTC. A leap second is the second after it. None for anything else,
+/// dates that no calendar has included.
+std::optional<NSDate> dateOfIsoTime(std::string_view text);
+
+}  // namespace wayfell

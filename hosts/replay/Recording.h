@@ -1,0 +1,26 @@
+// Something to replay: events in the order of their times.
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "hosts/replay/Event.h"
+#include "hosts/replay/InputBytes.h"
+
+namespace wayfell {
+
+class Recording {
+ public:
+  virtual ~Recording() = default;
+  /// None after the last event. Throws InputError, after which nothing more can be read.
+  virtual std::optional<Event> next() = 0;
+  /// What the user should know of how the recording is read; none for most.
+  virtual std::optional<std::string> note() const { return std::nullopt; }
+};
+
+/// Tells by its content what the input is: a GPX track, reports of gpsd, or a scenario. Throws
+/// InputError when it is none of them.
+std::unique_ptr<Recording> openRecording(InputBytes input);
+
+}  // namespace wayfell

@@ -1,0 +1,76 @@
+#include "platform/CLLocation.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+
+namespace wayfell {
+namespace {
+
+double distance(CLLocationCoordinate2D from, CLLocationCoordinate2D to) {
+  CLLocation one;
+  CLLocation other;
+  one.coordinate = from;
+  other.coordinate = to;
+  return one.distanceFromLocation(other);
+}
+
+TEST(CLLocation, Distances) {
+  struct Case {
+    CLLocationCoordinate2D from, to;
+    double expected, tolerance;  // metres
+  };
+  const Case cases[] = {
+      // Closed forms on WGS 84: a pi / 180 along the equator; the meridian's quadrant of
+      // 10001965.729 m (NIMA TR8350.2), once, and twice from pole to pole.
+      {{0, 0}, {0, 1}, 111319.490793, 1e-6},
+      {{0, 0}, {90, 0}, 10001965.729, 1e-3},
+      {{90, 5}, {-90, 100}, 20003931.459, 1e-3},
+      // The rest from a separate program: the geodesic's differential equation integrated in 30
+      // digits with mpmath, and its start varied until it hits the other end.
+      {{47.5, 11.25}, {47.50001, 11.25002}, 1.872638021, 1e-6},
+      {{47.5, 11.25}, {47.5, 11.250013}, 0.979466375, 1e-6},
+      {{-33.9, 18.4}, {-33.8995, 18.4007}, 85.251317848, 1e-6},
+      {{0, 10}, {0.00001, 10.00001}, 1.569034719, 1e-6},
+      {{89.9999, 0}, {89.9999, 120}, 19.345964750, 1e-6},
+      {{60.1699, 179.9999}, {60.17, -179.9999}, 15.729068896, 1e-6},
+      {{48.8566, 2.3522}, {40.7128, -74.006}, 5852935.291767, 1e-3},
+      {{10, -20}, {-5, 150}, 18795841.482959, 1e-3},
+      // Nearly antipodal, by the same program and the shortest of twelve starts. The formulae
+      // converge for the first alone.
+      {{0, 0}, {0.5, 179.5}, 19936288.579, 0.01},
+      {{0, 0}, {0.5, 179.7}, 19944127.421, 0.01},
+      {{0, 0}, {0, 179.7}, 19995624.890, 0.01},
+      {{30, 0}, {-30, 179.8}, 20000239.438, 0.01},
+      {{-30, 12}, {29.9, -167.8}, 19989832.828, 0.01},
+      // Antipodes: half a meridian.
+      {{0, 0}, {0, 180}, 20003931.459, 0.01},
+      {{30, 0}, {-30, 180}, 20003931.459, 0.01},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.expected);
+    EXPECT_NEAR(distance(c.from, c.to), c.expected, c.tolerance);
+    EXPECT_NEAR(distance(c.to, c.from), c.expected, c.tolerance);
+  }
+}
+
+TEST(CLLocation, SamePlaceIsExactlyZero) {
+  for (const double latitude : {-90.0, -33.9, 0.0, 47.123456789, 90.0}) {
+    EXPECT_EQ(distance({latitude, 11.25}, {latitude, 11.25}), 0);
+    EXPECT_EQ(distance({latitude, 180}, {latitude, -180}), 0);
+  }
+  EXPECT_NEAR(distance({90, 0}, {90, 77}), 0, 1e-8);
+}
+
+TEST(CLLocation, WithoutCoordinatesNoDistance) {
+  const double nan = std::nan("");
+  const double infinity = std::numeric_limits<double>::infinity();
+  EXPECT_TRUE(std::isnan(distance({nan, 0}, {nan, 0})));
+  EXPECT_TRUE(std::isnan(distance({0, 0}, {0, nan})));
+  EXPECT_TRUE(std::isnan(distance({infinity, 0}, {1, 0})));
+  EXPECT_TRUE(std::isnan(distance({0, infinity}, {0, 0})));
+}
+
+}  // namespace
+}  // namespace wayfell

@@ -1,0 +1,3 @@
+#include "hosts/replay/JsonLine.h"
+
+#include <gtest/gtest.h>

@@ -1,0 +1,40 @@
+# The Debian 12 packages that ./run and ./check need, and how they get them. To be sourced.
+
+# To build everything, tests and benchmarks included, and to run it.
+BUILD_PACKAGES=(
+  g++ cmake ninja-build
+  libgps-dev libpugixml-dev nlohmann-json3-dev libcli11-dev
+  libgtest-dev libgmock-dev libbenchmark-dev
+)
+
+# To prove it right, besides.
+CHECK_PACKAGES=(
+  clang-14 clang-format-14 clang-tidy-14 libc++-14-dev libc++abi-14-dev
+  gpsd gpsd-clients python3
+)
+
+# install_missing PACKAGE... installs those that are not there yet, and says which.
+install_missing() {
+  local package missing=() as_root=()
+  for package in "$@"; do
+    dpkg-query -W -f='${db:Status-Status}\n' "$package" 2>/dev/null | grep -qx installed ||
+      missing+=("$package")
+  done
+  ((${#missing[@]})) || return 0
+
+  echo "To be installed with apt-get: ${missing[*]}"
+  if ! command -v apt-get >/dev/null; then
+    echo "There is no apt-get here. The names above are Debian 12's: install their likes." >&2
+    return 1
+  fi
+  if ((EUID != 0)); then
+    if ! command -v sudo >/dev/null; then
+      echo "That takes root or sudo. As root: apt-get install ${missing[*]}" >&2
+      return 1
+    fi
+    as_root=(sudo)
+  fi
+  step "Reading package lists" "${as_root[@]}" apt-get update
+  step "Installing" "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+    apt-get install --yes --no-install-recommends "${missing[@]}"
+}
