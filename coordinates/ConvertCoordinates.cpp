@@ -35,10 +35,10 @@ std::string_view longitudeLetter(double longitude) { return localized(longitude 
 
 // One coordinate without its sign, taken apart.
 struct Sexagesimal {
-  double degrees;  // whole
-  double minutes;
-  double wholeMinutes;
-  double seconds;
+  double degrees = 0;  // whole
+  double minutes = 0;
+  double wholeMinutes = 0;
+  double seconds = 0;
   std::string_view letter;
 };
 
@@ -72,10 +72,12 @@ std::string dmsText(const CLLocationCoordinate2D& selected, std::int32_t which) 
                                    parts.seconds, parts.letter);
 }
 
+// Here what is not a number is north and east; in the other formats it is south and west.
 std::string decimalText(const CLLocationCoordinate2D& selected) {
   return localizedStringWithFormat("%0.5f°%@, %0.5f°%@", std::abs(selected.latitude),
-                                   latitudeLetter(selected.latitude), std::abs(selected.longitude),
-                                   longitudeLetter(selected.longitude));
+                                   localized(selected.latitude <= 0 ? "S" : "N"),
+                                   std::abs(selected.longitude),
+                                   localized(selected.longitude <= 0 ? "W" : "E"));
 }
 
 std::string both(std::string (*textOf)(const CLLocationCoordinate2D&, std::int32_t),

@@ -31,8 +31,8 @@ std::string utmMetresText(double metres) { return stringWithFormat("%0.1f", metr
 
 SquareLetters squareLetters(const GridPosition& position) {
   const std::int64_t before = std::int64_t{position.zone} - 1;
-  const double columnSet = static_cast<double>(before % 3);
-  const double rowSet = static_cast<double>(before % 2);
+  const auto columnSet = static_cast<double>(before % 3);
+  const auto rowSet = static_cast<double>(before % 2);
   const std::int32_t column =
       truncatedToInt32(position.metres.easting / 100000 + 8 * columnSet + 1 - 1);
   const std::int32_t row = truncatedToInt32(position.metres.northing / 100000 + 5 * rowSet + 1);

@@ -7,6 +7,7 @@
 
 #include "datums/Catalogue.h"
 #include "platform/NSBundle.h"
+#include "platform/NSUserDefaults.h"
 #include "settings/UserDefaults.h"
 
 namespace wayfell {
@@ -19,22 +20,28 @@ constexpr std::string_view kSelected = "selected";
 
 std::string_view defaultDatumName() { return localized(kDatums.front().name); }
 
-// What a stored "selectedDatum" names; a value that is not a text names nothing.
-std::string_view nameIn(const std::optional<PropertyValue>& setting) {
+// The names below are good until the next call on the settings.
+
+const PropertyValue* storedDatum() {
+  const auto defaults = NSUserDefaults::standardUserDefaults();
+  return defaults ? defaults->find(kSelectedDatumKey) : nullptr;
+}
+
+// A stored value that is not a text names nothing.
+std::string_view nameIn(const PropertyValue* setting) {
   const auto* text = setting ? std::get_if<std::string>(&setting->storage()) : nullptr;
   return text ? std::string_view(*text) : std::string_view();
 }
 
-std::optional<PropertyValue> storeDefaultDatum() {
-  std::optional<PropertyValue> setting = PropertyValue(defaultDatumName());
-  UserDefaults::setObjectForKey(setting, kSelectedDatumKey);
-  return setting;
+std::string_view storeDefaultDatum() {
+  UserDefaults::setObjectForKey(PropertyValue(defaultDatumName()), kSelectedDatumKey);
+  return defaultDatumName();
 }
 
 // The stored "selectedDatum", which becomes the default datum where there is none.
-std::optional<PropertyValue> selectedDatumOrDefault() {
-  if (auto setting = UserDefaults::checkObjectDefaults(kSelectedDatumKey)) return setting;
-  return storeDefaultDatum();
+std::string_view selectedDatumOrDefault() {
+  const PropertyValue* setting = storedDatum();
+  return setting ? nameIn(setting) : storeDefaultDatum();
 }
 
 std::string_view resolved(std::optional<std::string_view> datum, std::string_view selectedDatum) {
@@ -119,9 +126,8 @@ DatumManager& DatumManager::sharedInstance() {
 CLLocationCoordinate2D DatumManager::converted(double latitude, double longitude, double height,
                                                std::optional<std::string_view> fromDatum,
                                                std::optional<std::string_view> toDatum) const {
-  auto setting = UserDefaults::checkObjectDefaults(kSelectedDatumKey);
-  if (!datums().contains(nameIn(setting))) setting = storeDefaultDatum();
-  const std::string_view selected = nameIn(setting);
+  std::string_view selected = nameIn(storedDatum());
+  if (!datums().contains(selected)) selected = storeDefaultDatum();
   const std::string_view from = resolved(fromDatum, selected);
   const std::string_view to = resolved(toDatum, selected);
 
@@ -185,20 +191,20 @@ double DatumManager::getDefaultFlattening() {
 }
 
 double DatumManager::getSelectedAxis() {
-  if (!valuesUpdated_) selectedAxis_ = getAxisFromDatum(nameIn(selectedDatumOrDefault()));
+  if (!valuesUpdated_) selectedAxis_ = getAxisFromDatum(selectedDatumOrDefault());
   return selectedAxis_;
 }
 
 double DatumManager::getSelectedFlattening() {
   if (!valuesUpdated_) {
-    selectedFlattening_ = getFlatteningFromDatum(nameIn(selectedDatumOrDefault()));
+    selectedFlattening_ = getFlatteningFromDatum(selectedDatumOrDefault());
   }
   return selectedFlattening_;
 }
 
 EllipsoidShape DatumManager::selectedEllipsoid() {
   if (!valuesUpdated_) {
-    const EllipsoidShape shape = ellipsoidOf(nameIn(selectedDatumOrDefault()));
+    const EllipsoidShape shape = ellipsoidOf(selectedDatumOrDefault());
     selectedAxis_ = shape.axis;
     selectedFlattening_ = shape.flattening;
   }

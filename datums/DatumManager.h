@@ -45,6 +45,10 @@ class DatumManager {
   using TextDictionary = Dictionary<std::string>;
   using NumberDictionary = Dictionary<double>;
 
+  DatumManager() = default;
+  DatumManager(const DatumManager&) = delete;
+  DatumManager& operator=(const DatumManager&) = delete;
+
   /// The process's one manager, made on the first call and never released.
   static DatumManager& sharedInstance();
 

@@ -111,7 +111,7 @@ double antipodalDistance(CLLocationCoordinate2D from, CLLocationCoordinate2D to)
   };
   constexpr std::size_t kDirections = 72;
   constexpr double kStep = 2 * kPi / kDirections;
-  std::array<double, kDirections> detours;
+  std::array<double, kDirections> detours{};
   for (std::size_t i = 0; i < kDirections; ++i) detours[i] = detour(static_cast<double>(i) * kStep);
 
   double shortest = *std::min_element(detours.begin(), detours.end());
@@ -135,6 +135,11 @@ double antipodalDistance(CLLocationCoordinate2D from, CLLocationCoordinate2D to)
   return shortest;
 }
 
+bool isBefore(const CLLocationCoordinate2D& one, const CLLocationCoordinate2D& other) {
+  return one.latitude < other.latitude ||
+         (one.latitude == other.latitude && one.longitude < other.longitude);
+}
+
 }  // namespace
 
 double CLLocation::distanceFromLocation(const CLLocation& other) const {
@@ -143,8 +148,11 @@ double CLLocation::distanceFromLocation(const CLLocation& other) const {
       !std::isfinite(other.coordinate.latitude) || !std::isfinite(other.coordinate.longitude)) {
     return std::nan("");
   }
-  const double distance = vincentyDistance(coordinate, other.coordinate);
-  return distance < kInfinity ? distance : antipodalDistance(coordinate, other.coordinate);
+  // Always from the same end: rounding must not make the way there longer than the way back, or
+  // two equal distances would compare as different.
+  const auto [from, to] = std::minmax(coordinate, other.coordinate, isBefore);
+  const double distance = vincentyDistance(from, to);
+  return distance < kInfinity ? distance : antipodalDistance(from, to);
 }
 
 }  // namespace wayfell

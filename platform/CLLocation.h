@@ -27,8 +27,8 @@ struct CLLocation {
   NSDate timestamp;
 
   /// Metres between the two positions, altitudes left aside: the length of the geodesic on the
-  /// WGS 84 ellipsoid. Exactly 0 for equal positions; good to a micrometre at walking scale and
-  /// to 0.01 % for nearly antipodal pairs.
+  /// WGS 84 ellipsoid. Exactly 0 for equal positions, and exactly the same both ways; good to a
+  /// micrometre at walking scale and to 0.01 % for nearly antipodal pairs.
   double distanceFromLocation(const CLLocation& other) const;
 
   friend bool operator==(const CLLocation&, const CLLocation&) = default;

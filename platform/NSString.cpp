@@ -32,7 +32,7 @@ std::string digits(double value, Notation notation, std::optional<int> decimals)
   const auto format =
       notation == Notation::fixed ? std::chars_format::fixed : std::chars_format::scientific;
   // The longest integer part of a double has 309 digits.
-  std::array<char, 350> buffer;
+  std::array<char, 350> buffer{};
   char* const end = buffer.data() + buffer.size();
   if (!decimals) return {buffer.data(), std::to_chars(buffer.data(), end, value, format).ptr};
   const auto result = std::to_chars(buffer.data(), end, value, format, *decimals);

@@ -21,7 +21,7 @@ double TypedStore::doubleForKey(std::string_view key) const {
 
 bool TypedStore::boolForKey(std::string_view key) const {
   const PropertyValue* value = find(key);
-  return value && value->boolValue();
+  return value ? value->boolValue() : false;
 }
 
 std::optional<std::string> TypedStore::stringForKey(std::string_view key) const {

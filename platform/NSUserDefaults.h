@@ -14,6 +14,11 @@ namespace wayfell {
 /// Typed reads over any store; an absent store holds nothing.
 class TypedStore {
  public:
+  /// The value itself, for reading without a copy; null when it is missing. It stays valid until
+  /// the next call on the store.
+  const PropertyValue* find(std::string_view key) const {
+    return store_ ? store_->find(key) : nullptr;
+  }
   std::optional<PropertyValue> objectForKey(std::string_view key) const;
   std::int64_t integerForKey(std::string_view key) const;
   double doubleForKey(std::string_view key) const;
@@ -22,9 +27,6 @@ class TypedStore {
 
  protected:
   explicit TypedStore(KeyValueStore* store) : store_(store) {}
-  const PropertyValue* find(std::string_view key) const {
-    return store_ ? store_->find(key) : nullptr;
-  }
   KeyValueStore* store_;
 };
 

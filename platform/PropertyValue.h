@@ -7,8 +7,8 @@
 //   boolean     | 0 or 1            | 0 or 1       | itself           | "0" or "1"
 //   real        | truncated,        | itself       | not 0 (NaN true) | shortest text that
 //               | saturating, NaN 0 |              |                  | reads back the same
-//   text        | leading number    | leading      | Y, T or a        | itself
-//               |                   | number       | non-zero number  |
+//   text        | leading number    | leading      | begins with Y, T | itself
+//               |                   | number       | or a digit but 0 |
 //   all others  | 0                 | 0            | false            | none
 #pragma once
 

@@ -22,8 +22,13 @@ void SimulatedRunLoop::cancelAllTimers() { const Timers ended = std::exchange(ti
 
 SimulatedRunLoop::Timers::iterator SimulatedRunLoop::nextDue() {
   // min_element gives the first of equals, which is the one created first.
-  return std::min_element(timers_.begin(), timers_.end(),
-                          [](const auto& a, const auto& b) { return a.second.due < b.second.due; });
+  return std::min_element(timers_.begin(), timers_.end(), isDueBefore);
+}
+
+std::optional<NSDate> SimulatedRunLoop::nextDueDate() const {
+  const auto next = std::min_element(timers_.begin(), timers_.end(), isDueBefore);
+  if (next == timers_.end()) return std::nullopt;
+  return NSDate{next->second.due};
 }
 
 void SimulatedRunLoop::advanceTo(NSDate date) {

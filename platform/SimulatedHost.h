@@ -31,6 +31,8 @@ class SimulatedRunLoop : public RunLoop, public Clock {
   /// never goes back.
   void advanceTo(NSDate date);
   void advanceBy(double seconds);
+  /// When the next timer fires; none without timers.
+  std::optional<NSDate> nextDueDate() const;
 
   std::size_t timersWithInterval(double interval) const;
 
@@ -44,6 +46,9 @@ class SimulatedRunLoop : public RunLoop, public Clock {
     std::function<void()> action;
   };
   using Timers = std::map<TimerId, Timer>;
+  static bool isDueBefore(const Timers::value_type& a, const Timers::value_type& b) {
+    return a.second.due < b.second.due;
+  }
   Timers::iterator nextDue();
 
   NSDate now_;

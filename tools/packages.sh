@@ -3,14 +3,14 @@
 # To build everything, tests and benchmarks included, and to run it.
 BUILD_PACKAGES=(
   g++ cmake ninja-build
-  libgps-dev libpugixml-dev nlohmann-json3-dev libcli11-dev
-  libgtest-dev libgmock-dev libbenchmark-dev
+  libgps-dev libncurses-dev libuv1-dev libpugixml-dev nlohmann-json3-dev libcli11-dev
+  libgtest-dev libgmock-dev libbenchmark-dev python3
 )
 
 # To prove it right, besides.
 CHECK_PACKAGES=(
   clang-14 clang-format-14 clang-tidy-14 libc++-14-dev libc++abi-14-dev
-  gpsd gpsd-clients python3
+  gpsd gpsd-clients tmux
 )
 
 # install_missing PACKAGE... installs those that are not there yet, and says which.

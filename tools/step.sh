@@ -24,5 +24,5 @@ build() {
   local preset=$1
   shift
   step "Configuring $preset" cmake --preset "$preset"
-  step "Building $preset" cmake --build --preset "$preset" ${1:+--target "$@"}
+  step "Building $preset" cmake --build --preset "$preset" ${1:+--target "$@"} -- --quiet
 }

@@ -7,6 +7,9 @@
 //   TodayViewControllerPosition.cpp  the position format by format, and the address
 //   TodayViewControllerReadouts.cpp  speed, pace, arrival, track time and distance
 //
+// The objects that it makes for itself (defaults, locationManager, velocityManager, accuracyTrack)
+// it makes when they are first asked for, unless they have been set.
+//
 // A host makes one with std::make_shared, connects the outlets that its interface has, calls
 // viewDidLoad once and then the appearance calls; everything runs on the run loop's thread.
 #pragma once
@@ -14,6 +17,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "motion/AccuracyTrack.h"
@@ -67,6 +71,7 @@ class TodayViewController : public UIViewController,
 
   /// The settings that the containing app shares with the widget.
   NSUserDefaults& defaults();
+  void setDefaults(NSUserDefaults defaults) { defaults_ = defaults; }
 
   Outlet<UIImageView> compassArrowImageView;  ///< fixed over the tape: the mark
   Outlet<UIButton> toggleViewButton;
@@ -86,6 +91,9 @@ class TodayViewController : public UIViewController,
 
   /// Created and configured on the first call, which also starts the headings.
   CLLocationManager& locationManager();
+  void setLocationManager(std::unique_ptr<CLLocationManager> manager) {
+    locationManager_ = std::move(manager);
+  }
   /// Degrees: the last heading that was valid.
   double currentHeading = 0;
   /// The last fix that was accurate enough; the fix delivered before the present one, accurate
@@ -94,7 +102,11 @@ class TodayViewController : public UIViewController,
   std::optional<CLLocation> oldLocation;
   std::optional<CLLocation> lastCurrentLocation;
   VelocityManager& velocityManager();
+  void setVelocityManager(std::shared_ptr<VelocityManager> manager) {
+    velocityManager_ = std::move(manager);
+  }
   AccuracyTrack& accuracyTrack();
+  void setAccuracyTrack(std::unique_ptr<AccuracyTrack> track) { accuracyTrack_ = std::move(track); }
 
   Outlet<UISegmentedControl> coordinateControl;  ///< choice of the coordinate format
   bool didLoad = false;                          ///< consulted by nothing

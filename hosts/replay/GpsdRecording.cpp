@@ -7,6 +7,12 @@
 #include "platform/NSString.h"
 
 namespace wayfell {
+namespace {
+
+// Receivers set their clocks back by fractions of a second when they first have a fix.
+constexpr double kSettling = 1;  // seconds
+
+}  // namespace
 
 std::optional<Event> GpsdRecording::next() {
   while (const auto text = lines_->next()) {
@@ -34,7 +40,7 @@ std::optional<Event> GpsdRecording::read(std::string_view line) {
 Event GpsdRecording::locate(const CLLocation& fix) {
   const double time = fix.timestamp.timeIntervalSinceReferenceDate;
   if (std::abs(time) > kFarthestTime) throw InputError("time: too far from our days");
-  if (lastFix_ && time < *lastFix_) {
+  if (lastFix_ && time <= *lastFix_ - kSettling) {
     throw InputError("time: " + shortestText(*lastFix_ - time) +
                      " seconds before the time of the fix before");
   }

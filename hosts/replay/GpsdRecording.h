@@ -2,8 +2,9 @@
 // see GpsdDecoder for how they are read, and all others are passed over.
 //
 // The replay starts at the first fix; headings before it are passed over. A report takes place at
-// its own time, but not before what came earlier in the file, as headings may be timed by another
-// clock; one without a time takes place at that of the report before.
+// its own time, but not before what came earlier in the file: headings may be timed by another
+// clock than fixes, and receivers set their clocks right. One without a time takes place at that
+// of the report before. Each report of a fix counts, even where gpsd reports one several times.
 #pragma once
 
 #include "hosts/replay/JsonLine.h"
@@ -17,8 +18,8 @@ class GpsdRecording : public Recording {
  public:
   explicit GpsdRecording(std::unique_ptr<LineReader> lines) : lines_(std::move(lines)) {}
 
-  /// Errors name the line: one that is no JSON object, a fix that is earlier than the one before,
-  /// and a recording without any fix.
+  /// Errors name the line: one that is no JSON object, a fix that is a second or more earlier than
+  /// the one before. A recording without any fix is an error too.
   std::optional<Event> next() override;
 
  private:

@@ -26,35 +26,6 @@ pugi::xml_node child(const pugi::xml_node& parent, std::string_view name) {
   return parent.find_child([name](const auto& node) { return localName(node) == name; });
 }
 
-// This node or the first one after it that has the name.
-pugi::xml_node fromHere(pugi::xml_node node, std::string_view name) {
-  while (node && localName(node) != name) node = node.next_sibling();
-  return node;
-}
-
-// The first point from a segment, or from a track, on.
-pugi::xml_node pointFromSegment(pugi::xml_node segment) {
-  for (segment = fromHere(segment, "trkseg"); segment;
-       segment = fromHere(segment.next_sibling(), "trkseg")) {
-    if (const auto point = child(segment, "trkpt")) return point;
-  }
-  return {};
-}
-
-pugi::xml_node pointFromTrack(pugi::xml_node track) {
-  for (track = fromHere(track, "trk"); track; track = fromHere(track.next_sibling(), "trk")) {
-    if (const auto point = pointFromSegment(track.first_child())) return point;
-  }
-  return {};
-}
-
-pugi::xml_node pointAfter(const pugi::xml_node& point) {
-  if (const auto next = fromHere(point.next_sibling(), "trkpt")) return next;
-  const auto segment = point.parent();
-  if (const auto next = pointFromSegment(segment.next_sibling())) return next;
-  return pointFromTrack(segment.parent().next_sibling());
-}
-
 std::string_view trimmed(std::string_view text) {
   constexpr std::string_view kBlanks = " \t\r\n";
   text.remove_prefix(std::min(text.find_first_not_of(kBlanks), text.size()));
@@ -117,52 +88,67 @@ GpxRecording::GpxRecording(const std::string& xml) {
   if (localName(root) != "gpx") {
     throw InputError("not GPX: the document is of type <" + std::string(root.name()) + ">");
   }
-  point_ = pointFromTrack(root.first_child());
-  if (!point_) throw InputError("no track points in the GPX file");
-  for (auto point = point_; point && !timed_; point = pointAfter(point)) {
-    timed_ = !text(child(point, "time")).empty();
+  for (const auto& node : root) {
+    if (localName(node) == "trk") addTrack(node);
   }
+  if (points_.empty()) throw InputError("no track points in the GPX file");
+}
+
+void GpxRecording::addTrack(const pugi::xml_node& track) {
+  std::vector<Point> points;
+  bool timed = false;
+  for (const auto& segment : track) {
+    if (localName(segment) != "trkseg") continue;
+    for (const auto& node : segment) {
+      if (localName(node) != "trkpt") continue;
+      points.push_back({node, ++found_});
+      timed = timed || !text(child(node, "time")).empty();
+    }
+  }
+  if (timed && !timed_) {
+    timed_ = true;
+    points_.clear();
+  }
+  if (timed == timed_) points_.insert(points_.end(), points.begin(), points.end());
 }
 
 std::optional<std::string> GpxRecording::note() const {
-  if (timed_) return std::nullopt;
-  return "the track has no times: its points are taken one second apart";
+  if (!timed_) return "the track has no times: its points are taken one second apart";
+  if (points_.size() == found_) return std::nullopt;
+  return std::to_string(found_ - points_.size()) +
+         " track points are passed over, as their tracks have no times";
 }
 
 std::optional<Event> GpxRecording::next() {
-  if (!point_) return std::nullopt;
+  if (next_ == points_.size()) return std::nullopt;
+  const Point& point = points_[next_++];
   try {
-    const CLLocation fix = readPoint(point_);
-    const double t = fix.timestamp.timeIntervalSinceReferenceDate;
-    point_ = pointAfter(point_);
-    ++number_;
-    lastTime_ = t;
-    return Event{t, event::Locate{{fix}}};
+    const CLLocation fix = readPoint(point);
+    lastTime_ = fix.timestamp.timeIntervalSinceReferenceDate;
+    return Event{*lastTime_, event::Locate{{fix}}};
   } catch (const InputError& error) {
-    throw InputError("track point " + std::to_string(number_) + ": " + error.what());
+    throw InputError("track point " + std::to_string(point.number) + ": " + error.what());
   }
 }
 
-CLLocation GpxRecording::readPoint(const pugi::xml_node& point) const {
+CLLocation GpxRecording::readPoint(const Point& point) const {
   CLLocation fix;
-  fix.coordinate.latitude = coordinate(point, "lat", 90);
-  fix.coordinate.longitude = coordinate(point, "lon", 180);
-  const auto elevation = number(point, "ele");
-  const auto hdop = number(point, "hdop");
-  const auto vdop = number(point, "vdop");
-  fix.altitude = elevation.value_or(0);
+  fix.coordinate.latitude = coordinate(point.node, "lat", 90);
+  fix.coordinate.longitude = coordinate(point.node, "lon", 180);
+  const auto hdop = number(point.node, "hdop");
+  const auto vdop = number(point.node, "vdop");
+  fix.altitude = number(point.node, "ele").value_or(0);
   fix.horizontalAccuracy = hdop ? *hdop * kMetresPerDop : kUsualAccuracy;
   fix.verticalAccuracy = vdop ? *vdop * kMetresPerDop : kUsualAccuracy;
-  if (!elevation) fix.verticalAccuracy = -1;
-  fix.speed = numberOrExtension(point, "speed").value_or(-1);
-  fix.course = numberOrExtension(point, "course").value_or(-1);
+  fix.speed = numberOrExtension(point.node, "speed").value_or(-1);
+  fix.course = numberOrExtension(point.node, "course").value_or(-1);
   fix.timestamp = {timeOf(point)};
   return fix;
 }
 
-double GpxRecording::timeOf(const pugi::xml_node& point) const {
-  if (!timed_) return static_cast<double>(number_ - 1);
-  const std::string_view written = text(child(point, "time"));
+double GpxRecording::timeOf(const Point& point) const {
+  if (!timed_) return static_cast<double>(point.number - 1);
+  const std::string_view written = text(child(point.node, "time"));
   if (written.empty()) throw InputError("time: missing, while other points have one");
   const auto date = dateOfIsoTime(written);
   if (!date || std::abs(date->timeIntervalSinceReferenceDate) > kFarthestTime) {

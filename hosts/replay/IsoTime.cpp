@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <cstddef>
+#include <cstdint>
 
 namespace wayfell {
 namespace {
@@ -57,9 +58,9 @@ std::optional<NSDate> dateOfIsoTime(std::string_view text) {
       std::chrono::year{number(text.substr(0, 4))},
       std::chrono::month{static_cast<unsigned>(number(text.substr(5, 2)))},
       std::chrono::day{static_cast<unsigned>(number(text.substr(8, 2)))}};
-  const int hours = number(text.substr(11, 2));
-  const int minutes = number(text.substr(14, 2));
-  const int seconds = number(text.substr(17, 2));
+  const std::int64_t hours = number(text.substr(11, 2));
+  const std::int64_t minutes = number(text.substr(14, 2));
+  const std::int64_t seconds = number(text.substr(17, 2));
   text.remove_prefix(kPattern.size());
   const double fraction = takeFraction(text);
   const std::optional<int> ahead = secondsAhead(text);

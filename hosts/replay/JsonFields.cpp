@@ -54,7 +54,7 @@ void readNumbers(JsonLine::Value object, const FieldPath& path,
   expectObject(object, path);
   for (const JsonLine::Value& member : object) {
     const FieldPath memberPath(path, member.key());
-    const auto field =
+    const auto* const field =
         std::find_if(fields.begin(), fields.end(),
                      [&member](const NumberField* one) { return one->name == member.key(); });
     if (field == fields.end()) memberPath.fail("unknown field");

@@ -14,6 +14,7 @@ namespace wayfell {
 // What the parser meets, in the order of the text.
 class JsonLine::Builder {
  public:
+  // NOLINTBEGIN(readability-identifier-naming): the names are those that the parser calls.
   using number_integer_t = nlohmann::json::number_integer_t;
   using number_unsigned_t = nlohmann::json::number_unsigned_t;
   using number_float_t = nlohmann::json::number_float_t;
@@ -71,6 +72,7 @@ class JsonLine::Builder {
     what.resize(std::min({what.size(), what.find("; last read"), std::size_t{200}}));
     throw InputError("not JSON at column " + std::to_string(position) + ": " + what);
   }
+  // NOLINTEND(readability-identifier-naming)
 
  private:
   Node& add(Kind kind) {

@@ -19,9 +19,9 @@ std::string shown(std::string_view beginning) {
   for (const char byte : bytes) {
     const auto value = static_cast<unsigned char>(byte);
     if (value >= ' ' && value < 0x7F) printable += byte;
-    hex += {kHex[value >> 4U], kHex[value & 0xFU], ' '};
+    hex += {' ', kHex[value >> 4U], kHex[value & 0xFU]};
   }
-  return printable.size() == bytes.size() ? '"' + printable + '"' : "the bytes " + hex;
+  return printable.size() == bytes.size() ? '"' + printable + '"' : "the bytes" + hex;
 }
 
 [[noreturn]] void refuse(std::string_view beginning) {

@@ -5,6 +5,9 @@
 namespace wayfell {
 namespace {
 
+// After so much of a gap between events those who wait hear of it.
+constexpr double kStretch = 600;  // seconds
+
 // The instants of the timed snapshots, none of which drifts.
 class Beat {
  public:
@@ -23,6 +26,17 @@ class Beat {
 
 }  // namespace
 
+void Replay::advanceTo(double t, SimulatedRunLoop& loop) const {
+  double now = loop.now().timeIntervalSinceReferenceDate;
+  progress_(now);
+  while (now + kStretch < t) {
+    now += kStretch;
+    loop.advanceTo({now});
+    progress_(now);
+  }
+  loop.advanceTo({t});
+}
+
 void Replay::play(Recording& recording, ReplayedWidget& widget) const {
   SimulatedRunLoop& loop = widget.host().loop;
   std::optional<Event> event = recording.next();
@@ -30,15 +44,14 @@ void Replay::play(Recording& recording, ReplayedWidget& widget) const {
   Beat beat(loop.now(), every_);
   while (event) {
     const double t = event->t;
-    progress_(t);
-    loop.advanceTo({t});
+    advanceTo(t, loop);
     widget.apply(event->action);
     if (std::holds_alternative<event::Show>(event->action) && !show_(widget)) return;
     event = recording.next();
     if (!event) widget.start();
     // What happens at an instant is over once a later event comes next, or none.
     while (event ? beat.due() < event->t : beat.due() <= t) {
-      loop.advanceTo({beat.due()});
+      advanceTo(beat.due(), loop);
       if (!show_(widget)) return;
       beat.goOn();
     }

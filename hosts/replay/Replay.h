@@ -22,7 +22,8 @@ class Replay {
 
   /// Called each time the widget is to be shown. What it returns tells whether to go on.
   using Show = std::function<bool(ReplayedWidget& widget)>;
-  /// Called before each event with its time, for those who wait.
+  /// Called with the time that has been reached, for those who wait: before each event, first of
+  /// all with the start, and on the way through long gaps.
   using Progress = std::function<void(double t)>;
 
   Replay(std::optional<double> every, Show show, Progress progress)
@@ -32,6 +33,8 @@ class Replay {
   void play(Recording& recording, ReplayedWidget& widget) const;
 
  private:
+  void advanceTo(double t, SimulatedRunLoop& loop) const;
+
   std::optional<double> every_;
   Show show_;
   Progress progress_;

@@ -41,8 +41,8 @@ void ReplayedWidget::apply(const Action& action) {
   if (!setsTheScene(action)) start();
   std::visit(
       Overloaded{
-          [this](const event::WriteSuite& write_) { write(host_.suite, write_.settings); },
-          [this](const event::WriteLocal& write_) { write(host_.local, write_.settings); },
+          [this](const event::WriteSuite& suite) { write(host_.suite, suite.settings); },
+          [this](const event::WriteLocal& local) { write(host_.local, local.settings); },
           [this](const event::Authorize& authorize) { host_.location.status = authorize.status; },
           [this](const event::FollowCourse& follow) {
             interface_->compassRotatingView().setCompassDisplayCourse(follow.course);

@@ -16,12 +16,14 @@ constexpr double kReferenceDate = 978307200;  // 2001-01-01 in Unix seconds
 constexpr double kUsualAccuracy = 5;         // metres
 constexpr double kUsualHeadingAccuracy = 5;  // degrees
 
-// libgps looks for the class in the same way.
+// The daemon writes the class first, and positions and attitudes hold no reports within them.
+// Others are kept from libgps 3.22, which never returns when it finds a class after something
+// that it cannot read.
 bool isOfClass(std::string_view line, std::string_view name) {
-  constexpr std::string_view kTag = "\"class\":\"";
-  const std::size_t tag = line.find(kTag);
-  return tag != std::string_view::npos &&
-         line.substr(tag + kTag.size()).substr(0, name.size() + 1) == std::string(name) + '"';
+  constexpr std::string_view kTag = "\"class\":";
+  const std::string beginning = '{' + std::string(kTag) + '"' + std::string(name) + '"';
+  return line.substr(0, beginning.size()) == beginning &&
+         line.find(kTag, beginning.size()) == std::string_view::npos;
 }
 
 // A time that is missing is 0, and one that cannot be read comes out as long ago.
@@ -53,7 +55,7 @@ GpsdDecoder::GpsdDecoder() : data_(std::make_unique<gps_data_t>()) {}
 GpsdDecoder::~GpsdDecoder() = default;
 
 GpsdReport GpsdDecoder::decode(std::string line) {
-  if (line.empty() || line.front() != '{' || line.size() > kLongestReport) return {};
+  if (line.size() > kLongestReport) return {};
   const bool position = isOfClass(line, "TPV");
   if (!position && !isOfClass(line, "ATT")) return {};
   // gps_unpack adds to the set and reports no errors; a field that it could not read is not set.

@@ -20,11 +20,11 @@ constexpr std::size_t kUTM = 4;
 struct Axis {
   std::string_view name;
   double largest;  // degrees
-  char positive;   // letters, lower-case
+  char positive;   // letters, capitals
   char negative;
 };
-constexpr Axis kLatitude = {"latitude", 90, 'n', 's'};
-constexpr Axis kLongitude = {"longitude", 180, 'e', 'w'};
+constexpr Axis kLatitude = {"latitude", 90, 'N', 'S'};
+constexpr Axis kLongitude = {"longitude", 180, 'E', 'W'};
 
 [[noreturn]] void refuse(const std::string& why) { throw std::invalid_argument(why); }
 
@@ -33,14 +33,14 @@ double takeDegrees(TextScanner& scanner, const Axis& axis) {
   if (scanner.atEnd()) refuse("a " + name + " is missing");
   const std::string_view word = scanner.word();
   const auto number = scanner.number();
-  if (!number) refuse(quoted(word) + " is not a " + name);
+  if (!number) refuse(inQuotes(word) + " is not a " + name);
   double degrees = *number;
 
   scanner.take("°");
   if (const std::string_view letters = scanner.letters(); !letters.empty()) {
-    const char letter = lowerCased(letters.front());
+    const char letter = upperCased(letters).front();
     if (letters.size() > 1 || (letter != axis.positive && letter != axis.negative)) {
-      refuse(quoted(letters) + " after a " + name);
+      refuse(inQuotes(letters) + " after a " + name);
     }
     if (std::signbit(degrees)) refuse("a " + name + " with both a sign and a letter");
     if (letter == axis.negative) degrees = -degrees;

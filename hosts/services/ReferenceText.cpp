@@ -1,10 +1,8 @@
 #include "hosts/services/ReferenceText.h"
 
-#include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstddef>
-#include <optional>
 #include <stdexcept>
 
 #include "coordinates/ConvertCoordinates.h"
@@ -21,20 +19,6 @@ constexpr std::array<std::string_view, 3> kColumns = {"STUVWXYZ", "ABCDEFGH", "J
 
 [[noreturn]] void refuse(const std::string& why) { throw std::invalid_argument(why); }
 
-std::string lowerCased(std::string_view text) {
-  std::string lower(text);
-  std::transform(lower.begin(), lower.end(), lower.begin(), [](char c) { return lowerCased(c); });
-  return lower;
-}
-
-std::string upperCased(std::string_view text) {
-  std::string upper(text);
-  std::transform(upper.begin(), upper.end(), upper.begin(), [](char c) {
-    return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
-  });
-  return upper;
-}
-
 bool isOneOf(std::string_view letters, char letter) {
   return letters.find(letter) != std::string_view::npos;
 }
@@ -44,7 +28,7 @@ std::int32_t takeZone(TextScanner& scanner) {
   if (scanner.atEnd()) refuse("a zone is missing");
   const std::string_view word = scanner.word();
   const std::string_view digits = scanner.digits();
-  if (digits.empty()) refuse(quoted(word) + " does not begin with a zone");
+  if (digits.empty()) refuse(inQuotes(word) + " does not begin with a zone");
   const std::int32_t zone = intValue(digits);
   if (zone < 1 || zone > 61) refuse("zone " + std::string(digits) + " is not one of 1 to 60");
   return zone;
@@ -56,37 +40,36 @@ void checkBand(char letter) {
 
 bool takeSouthern(TextScanner& scanner, UtmLetters meaning) {
   const std::string_view word = scanner.word();
-  const std::string letters = lowerCased(scanner.letters());
-  if (letters == "north") return false;
-  if (letters == "south") return true;
+  const std::string letters = upperCased(scanner.letters());
+  if (letters == "NORTH") return false;
+  if (letters == "SOUTH") return true;
   if (letters.size() != 1) {
     refuse(word.empty() ? "a hemisphere or a band is missing after the zone"
-                        : quoted(word) + " is neither a hemisphere nor a band");
+                        : inQuotes(word) + " is neither a hemisphere nor a band");
   }
-  if (letters == "n") return false;
-  if (letters == "s") return meaning == UtmLetters::hemispheres;
-  const std::string band = upperCased(letters);
-  checkBand(band.front());
-  return CoordinateLookup::findLatDegrees(band) < 0;
+  if (letters == "N") return false;
+  if (letters == "S") return meaning == UtmLetters::hemispheres;
+  checkBand(letters.front());
+  return CoordinateLookup::findLatDegrees(letters) < 0;
 }
 
 // "mE", "m E", "E" or "m" after a number; the same with N.
 void takeUnit(TextScanner& scanner, char direction, const std::string& name) {
   std::string unit;
   for (std::string_view more = scanner.letters(); !more.empty(); more = scanner.letters()) {
-    unit += lowerCased(more);
+    unit += upperCased(more);
   }
   const std::string letter(1, direction);
-  if (!unit.empty() && unit != "m" && unit != letter && unit != "m" + letter) {
-    refuse(quoted(unit) + " after the " + name);
+  if (!unit.empty() && unit != "M" && unit != letter && unit != "M" + letter) {
+    refuse(inQuotes(unit) + " after the " + name);
   }
 }
 
 double takeMetres(TextScanner& scanner, const std::string& name, char direction, double largest) {
-  if (scanner.atEnd()) refuse("a " + name + " is missing");
+  if (scanner.atEnd()) refuse("the " + name + " is missing");
   const std::string_view word = scanner.word();
   const auto metres = scanner.plainNumber();
-  if (!metres) refuse(quoted(word) + " is not a " + name);
+  if (!metres) refuse(inQuotes(word) + " is no " + name);
   takeUnit(scanner, direction, name);
   if (*metres > largest) {
     refuse(name + ' ' + shortestText(*metres) + " is beyond " + shortestText(largest));
@@ -116,12 +99,12 @@ void takeSquareMetres(TextScanner& scanner, MgrsReference& reference) {
   if (easting.empty()) refuse("the digits after the square are missing");
   std::string_view northing = takeSecondGroup(scanner);
   if (northing.empty()) {
-    if (easting.size() % 2 != 0) refuse(quoted(easting) + " has an odd number of digits");
+    if (easting.size() % 2 != 0) refuse(inQuotes(easting) + " has an odd number of digits");
     northing = easting.substr(easting.size() / 2);
     easting = easting.substr(0, easting.size() / 2);
   }
   if (easting.size() != northing.size()) {
-    refuse(quoted(easting) + " and " + quoted(northing) + " differ in their number of digits");
+    refuse(inQuotes(easting) + " and " + inQuotes(northing) + " differ in their number of digits");
   }
   if (easting.size() > kMostDigits) refuse("more than 10 digits");
   reference.easting = metresOf(easting);
@@ -148,9 +131,9 @@ UtmReference takeUtmReference(TextScanner& scanner, UtmLetters letters) {
   UtmReference reference;
   reference.zone = takeZone(scanner);
   reference.southern = takeSouthern(scanner, letters);
-  reference.easting = takeMetres(scanner, "easting", 'e', 1000000);
+  reference.easting = takeMetres(scanner, "easting", 'E', 1000000);
   scanner.separator();
-  reference.northing = takeMetres(scanner, "northing", 'n', 10000000);
+  reference.northing = takeMetres(scanner, "northing", 'N', 10000000);
   return reference;
 }
 

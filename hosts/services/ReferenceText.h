@@ -44,11 +44,14 @@ enum class UtmLetters { hemispheres, bands };
 UtmReference takeUtmReference(TextScanner& scanner, UtmLetters letters);
 MgrsReference takeMgrsReference(TextScanner& scanner);
 
-// The position by the system's formulas, its longitude within 180 degrees. They throw
-// std::invalid_argument for a reference to no place: beyond a pole, or not in the band that it
-// names. Some references that exist are refused so: all of band A, south of 84 degrees, whose
-// edge the formulas put at infinity, and those whose corner lies less than 150 m north of their
-// band's southern edge, which the formulas may take for the next square of that name, 2000 km on.
+// The position by the system's formulas, its longitude within 180 degrees. What the system wrote
+// reads back to within 9 m between 84 degrees south and north, except that a coordinate which it
+// rounded up to the next 100 km (00000) reads back 100 km off: the letters are those from before.
+//
+// They throw std::invalid_argument for a reference to no place: beyond a pole, or not in the band
+// that it names. Some that exist are refused so: all of band A, whose southern edge the formulas
+// put at infinity, and those whose corner is less than some 30 m from their band's southern edge,
+// for which the formulas may take the next square of that name, 2000 km on.
 
 CLLocationCoordinate2D positionOf(const UtmReference& reference);
 CLLocationCoordinate2D positionOf(const MgrsReference& reference);

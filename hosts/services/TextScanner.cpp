@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <charconv>
-#include <cmath>
 #include <cstddef>
 #include <system_error>
 
@@ -105,7 +104,7 @@ std::string_view TextScanner::rest() {
 
 std::string_view TextScanner::word() { return rest().substr(0, rest_.find_first_of(kBlanks)); }
 
-std::string quoted(std::string_view piece) {
+std::string inQuotes(std::string_view piece) {
   constexpr std::size_t kLongest = 40;
   std::string text = "\"";
   text += piece.substr(0, kLongest);
@@ -113,6 +112,12 @@ std::string quoted(std::string_view piece) {
   return text + '"';
 }
 
-char lowerCased(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
+std::string upperCased(std::string_view text) {
+  std::string upper(text);
+  std::transform(upper.begin(), upper.end(), upper.begin(), [](char c) {
+    return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+  });
+  return upper;
+}
 
 }  // namespace wayfell

@@ -2,6 +2,7 @@
 // before each part are passed over, and so is one comma where a separator may stand.
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -39,8 +40,9 @@ class TextScanner {
 };
 
 /// A piece of the input in quotation marks, cut if it is long.
-std::string quoted(std::string_view piece);
+std::string inQuotes(std::string_view piece);
 
-char lowerCased(char c);
+/// A to Z in capitals; all else stays.
+std::string upperCased(std::string_view text);
 
 }  // namespace wayfell

@@ -4,8 +4,6 @@
 
 #include <cstdio>
 
-#include "hosts/terminal/Elapsed.h"
-
 namespace wayfell {
 namespace {
 
@@ -19,13 +17,17 @@ Progress::Progress()
     : terminal_(isatty(STDERR_FILENO) != 0),
       nextTime_(std::chrono::steady_clock::now() + kPatience) {}
 
-void Progress::reach(double seconds) {
-  if (!terminal_ || ++calls_ % kCallsBetweenLooksAtTheClock != 0) return;
+bool Progress::due() {
+  if (!terminal_ || ++calls_ % kCallsBetweenLooksAtTheClock != 0) return false;
   const auto now = std::chrono::steady_clock::now();
-  if (now < nextTime_) return;
+  if (now < nextTime_) return false;
   nextTime_ = now + kBetween;
+  return true;
+}
+
+void Progress::show(const std::string& text) {
   shown_ = true;
-  std::fprintf(stderr, "\rreplayed %s", elapsedText(seconds).c_str());
+  std::fprintf(stderr, "\r%s", text.c_str());
 }
 
 void Progress::clear() {

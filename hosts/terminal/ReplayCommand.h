@@ -3,27 +3,20 @@
 #pragma once
 
 #include <optional>
-#include <string>
-#include <vector>
+
+#include "hosts/terminal/RecordingChoice.h"
 
 namespace wayfell {
 
 /// What the command line asks for.
 struct ReplayCommand {
-  std::string file;  ///< "-" for standard input; not used with the demo
-  bool demo = false;
-  std::vector<std::string> suite;  ///< "KEY=VALUE"
-  std::vector<std::string> local;
+  RecordingChoice recording;
   std::optional<double> every;  ///< seconds
   bool text = false;
 };
 
-/// Prints on standard output, errors and notes on standard error. Returns the status to exit with.
+/// Prints on standard output, errors and notes on standard error. Returns the status to exit with
+/// (see Output.h).
 int runReplay(const ReplayCommand& command);
-
-/// Statuses to exit with, for every command.
-inline constexpr int kDone = 0;
-inline constexpr int kBadInput = 1;
-inline constexpr int kBadUsage = 2;
 
 }  // namespace wayfell

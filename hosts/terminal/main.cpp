@@ -1,4 +1,5 @@
-// The command line of wayfell. It alone knows the library that reads it, which is slow to build.
+// The command line of wayfell. It and ToolOptions alone know the library that reads it, which is
+// slow to build.
 
 #include <CLI/CLI.hpp>
 #include <cmath>
@@ -7,9 +8,15 @@
 #include <exception>
 
 #include "hosts/replay/Replay.h"
+#include "hosts/terminal/Output.h"
+#include "hosts/terminal/Playback.h"
 #include "hosts/terminal/ReplayCommand.h"
+#include "hosts/terminal/TodayCommand.h"
+#include "hosts/terminal/ToolOptions.h"
 
 namespace {
+
+constexpr const char* kVersion = "wayfell " WAYFELL_VERSION;
 
 constexpr const char* kReplayHelp =
     "Replays a recording on the whole widget and prints what it shows, as one line of JSON for\n"
@@ -23,6 +30,33 @@ constexpr const char* kReplayExamples =
     "  wayfell replay fault.jsonl --local selectedDatum='Adindan---Sudan' | tail -n 1\n"
     "Exit status: 0 done, 1 the input is bad, 2 the command line is.";
 
+constexpr const char* kTodayHelp =
+    "Shows the live panel on a recording, in the terminal. FILE is a GPX track, reports of gpsd\n"
+    "(gpspipe -w) or a scenario (JSON Lines). Without a terminal it prints the panel once, as it\n"
+    "stands at the first fix.";
+
+constexpr const char* kTodayExamples =
+    "Keys: 0 to 4 choose the format of the position, t switches the layout, o opens the app, h\n"
+    "hides and shows the panel, space pauses, . goes one second on, + and - change the rate,\n"
+    "? shows the keys, q quits. A click on a format, on [Open] or on the mark beside it does it "
+    "too.\n"
+    "Examples:\n"
+    "  wayfell today --demo\n"
+    "  wayfell today --replay hike.gpx --rate 10 --suite units=1\n"
+    "  zcat log.gz | wayfell today --replay -     all of it is read first\n"
+    "  wayfell today --demo --rate 0              paused from the start\n"
+    "Exit status: 0 done, 1 the input is bad, 2 the command line is.";
+
+std::string checkRate(const std::string& text) {
+  double rate = 0;
+  const bool number = CLI::detail::lexical_cast(text, rate);
+  using wayfell::Playback;
+  if (number && (rate == 0 || (rate >= Playback::kSlowest && rate <= Playback::kFastest))) {
+    return "";
+  }
+  return "expected a rate from 0.1 to 1000, or 0 to start in a pause";
+}
+
 std::string checkSpan(const std::string& text) {
   double seconds = 0;
   const bool number = CLI::detail::lexical_cast(text, seconds);
@@ -30,20 +64,44 @@ std::string checkSpan(const std::string& text) {
   return "expected a number of seconds, at least 0.001";
 }
 
+void addSettings(CLI::App& app, wayfell::RecordingChoice& recording) {
+  app.add_option("--suite", recording.suite,
+                 "Set a value of the shared settings first; a JSON number, true or false "
+                 "keeps its type, all else is text (repeatable)")
+      ->type_name("KEY=VALUE")
+      ->allow_extra_args(false);
+  app.add_option("--local", recording.local, "Likewise of the widget's own settings")
+      ->type_name("KEY=VALUE")
+      ->allow_extra_args(false);
+}
+
+CLI::App* addToday(CLI::App& app, wayfell::TodayCommand& command) {
+  CLI::App* today = app.add_subcommand("today", kTodayHelp);
+  auto* demo =
+      today->add_flag("--demo", command.recording.demo, "Show the recording that is built in");
+  today
+      ->add_option("--replay", command.recording.file,
+                   "Show this recording; - is standard input, read to its end first")
+      ->type_name("FILE")
+      ->excludes(demo);
+  today
+      ->add_option("--rate", command.rate,
+                   "Recorded seconds to a real one, 0.1 to 1000; 0 starts in a pause (default 1)")
+      ->type_name("N")
+      ->check(checkRate);
+  addSettings(*today, command.recording);
+  today->footer(kTodayExamples);
+  return today;
+}
+
 CLI::App* addReplay(CLI::App& app, wayfell::ReplayCommand& command) {
   CLI::App* replay = app.add_subcommand("replay", kReplayHelp);
-  auto* file = replay->add_option("FILE", command.file, "What to replay; - is standard input");
-  auto* demo = replay->add_flag("--demo", command.demo, "Replay the recording that is built in");
+  auto* file =
+      replay->add_option("FILE", command.recording.file, "What to replay; - is standard input");
+  auto* demo =
+      replay->add_flag("--demo", command.recording.demo, "Replay the recording that is built in");
   file->excludes(demo);
-  replay
-      ->add_option("--suite", command.suite,
-                   "Set a value of the shared settings first; a JSON number, true or false "
-                   "keeps its type, all else is text (repeatable)")
-      ->type_name("KEY=VALUE")
-      ->allow_extra_args(false);
-  replay->add_option("--local", command.local, "Likewise of the widget's own settings")
-      ->type_name("KEY=VALUE")
-      ->allow_extra_args(false);
+  addSettings(*replay, command.recording);
   replay->add_option("--every", command.every, "Also show the widget every so many seconds")
       ->type_name("SECONDS")
       ->check(checkSpan);
@@ -55,19 +113,29 @@ CLI::App* addReplay(CLI::App& app, wayfell::ReplayCommand& command) {
 int run(int argc, char** argv) {
   CLI::App app("A widget for people outdoors: position, speed, heading, waypoint and track.",
                "wayfell");
-  app.set_version_flag("--version", "wayfell " WAYFELL_VERSION);
+  app.set_version_flag("--version", kVersion);
   app.require_subcommand(1);
+  wayfell::TodayCommand today;
+  const CLI::App* todayCommand = addToday(app, today);
   wayfell::ReplayCommand replay;
   const CLI::App* replayCommand = addReplay(app, replay);
+  const wayfell::ToolOptions tools(app);
+  for (CLI::App* command : app.get_subcommands(nullptr)) {
+    command->set_version_flag("--version", kVersion);
+  }
   try {
     app.parse(argc, argv);
-    if (replayCommand->parsed() && replay.file.empty() && !replay.demo) {
+    if (todayCommand->parsed() && today.recording.file.empty() && !today.recording.demo) {
+      throw CLI::RequiredError("--demo or --replay FILE (no live receiver is known here yet)");
+    }
+    if (replayCommand->parsed() && replay.recording.file.empty() && !replay.recording.demo) {
       throw CLI::RequiredError("FILE or --demo");
     }
   } catch (const CLI::ParseError& error) {
     return app.exit(error) == 0 ? wayfell::kDone : wayfell::kBadUsage;
   }
-  return wayfell::runReplay(replay);
+  if (const auto status = tools.run()) return *status;
+  return todayCommand->parsed() ? wayfell::runToday(today) : wayfell::runReplay(replay);
 }
 
 }  // namespace

@@ -130,8 +130,7 @@ TEST(DisplayFormat, Fields) {
 
 TEST(DisplayFormat, LettersAndFormatsAreTranslated) {
   SimulatedHost host;
-  host.strings.translations["W"] = "O";
-  host.strings.translations["%@, %@"] = "%@ / %@";
+  host.strings.translations = {{"W", "O"}, {"%@, %@", "%@ / %@"}};
   EXPECT_EQ(Convert::convertLatAndLongWithCoordinateUnits(46.5, -7.25, 0), "46.50000°N, 7.25000°O");
   EXPECT_EQ(Convert::convertLatAndLongWithCoordinateUnits(46.5, -7.25, 1),
             "46° 30.0000' N / 7° 15.0000' O");

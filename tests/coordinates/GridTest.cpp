@@ -96,6 +96,11 @@ TEST(Grid, Bands) {
       {-84.5, "A"},  {-84, "C"},    {-72.001, "C"}, {-72, "D"},    {-0.001, "M"}, {0, "N"},
       {71.999, "W"}, {83.999, "X"}, {84, "Z"},      {89.999, "Z"}, {90, "none"}};
   for (const auto& [latitude, letter] : edges) EXPECT_EQ(band(latitude), letter) << latitude;
+  // On Tokyo's datum these latitudes are -84.0036 and 83.9976 (by mpmath): only the first edge is
+  // that of the position as given.
+  host.local.set("selectedDatum", kTokyo);
+  EXPECT_EQ(Lookup::findLatZonesWithLong(-83.999, 100), "C");
+  EXPECT_EQ(Lookup::findLatZonesWithLong(84, -135.25), "X");
 
   for (const auto& [letter, south] : {std::pair("A", -90),
                                       {"C", -84},

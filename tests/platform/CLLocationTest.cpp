@@ -63,6 +63,18 @@ TEST(CLLocation, SamePlaceIsExactlyZero) {
   EXPECT_NEAR(distance({90, 0}, {90, 77}), 0, 1e-8);
 }
 
+// Speeds depend on comparing distances: on the second fix of a walk the last two are one and the
+// same, and neither may be the longer one.
+TEST(CLLocation, TheWayBackIsExactlyAsLong) {
+  CLLocation from;
+  from.coordinate = {47, 8};
+  for (int i = 1; i < 1000; ++i) {
+    CLLocation to;
+    to.coordinate = {47 + 2e-7 * (i % 31), 8 + 1e-5 * i};
+    EXPECT_EQ(from.distanceFromLocation(to), to.distanceFromLocation(from)) << i;
+  }
+}
+
 TEST(CLLocation, WithoutCoordinatesNoDistance) {
   const double nan = std::nan("");
   const double infinity = std::numeric_limits<double>::infinity();

@@ -1,0 +1,197 @@
+#include "hosts/terminal/ConvertCommand.h"
+
+#include <poll.h>
+#include <unistd.h>
+
+#include <cstddef>
+#include <nlohmann/json.hpp>
+#include <stdexcept>
+
+#include "hosts/replay/InputBytes.h"
+#include "hosts/replay/InputError.h"
+#include "hosts/replay/LineReader.h"
+#include "hosts/services/PositionText.h"
+#include "hosts/services/ReferenceText.h"
+#include "hosts/services/TextScanner.h"
+#include "hosts/terminal/DatumChoice.h"
+#include "hosts/terminal/Output.h"
+#include "hosts/terminal/Progress.h"
+#include "hosts/terminal/TextWidth.h"
+#include "platform/SimulatedHost.h"
+
+namespace wayfell {
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+// Formats by number; none means plain decimal degrees.
+std::vector<std::size_t> formatsAskedFor(const ConvertCommand& command) {
+  std::vector<std::size_t> formats;
+  if (!command.to && command.from) return formats;
+  for (std::size_t i = 0; i < kPositionFormats.size(); ++i) {
+    if (command.to.value_or("all") == "all" || command.to == kPositionFormats[i]) {
+      formats.push_back(i);
+    }
+  }
+  return formats;
+}
+
+class Converter {
+ public:
+  explicit Converter(const ConvertCommand& command)
+      : command_(command),
+        formats_(formatsAskedFor(command)),
+        columns_(outputColumns()),
+        labelled_(command.to.value_or("all") == "all") {}
+
+  /// Throws std::invalid_argument when what comes next cannot be read.
+  CLLocationCoordinate2D take(TextScanner& scanner) const {
+    if (!command_.from) return takePosition(scanner);
+    if (*command_.from == "mgrs") return positionOf(takeMgrsReference(scanner));
+    return positionOf(takeUtmReference(
+        scanner, command_.utmType == 1 ? UtmLetters::bands : UtmLetters::hemispheres));
+  }
+
+  /// Throws std::invalid_argument when the format asked for cannot show it.
+  void print(const CLLocationCoordinate2D& position) {
+    if (command_.json) {
+      output_.line(json(position));
+    } else if (formats_.empty()) {
+      output_.line(plainPosition(position));
+    } else if (labelled_) {
+      printAll(position);
+    } else {
+      output_.line(text(position, formats_.front()));
+    }
+  }
+
+  Output& output() { return output_; }
+
+ private:
+  static std::string text(const CLLocationCoordinate2D& position, std::size_t format) {
+    if (auto text = positionText(position, format)) return *text;
+    throw std::invalid_argument(plainPosition(position) + " has no " +
+                                std::string(kPositionFormats[format]) + " text");
+  }
+
+  std::string json(const CLLocationCoordinate2D& position) const {
+    Json line = {{"latitude", position.latitude}, {"longitude", position.longitude}};
+    for (const std::size_t format : formats_) {
+      const auto text = positionText(position, format);
+      line[std::string(kPositionFormats[format])] = text ? Json(*text) : Json(nullptr);
+    }
+    return line.dump();
+  }
+
+  // A block of labelled lines. On a narrow terminal a pair of long coordinates takes two.
+  void printAll(const CLLocationCoordinate2D& position) {
+    constexpr std::size_t kLabelColumns = 6;
+    constexpr std::string_view kBetween = ", ";
+    if (printed_) output_.line("");
+    printed_ = true;
+    for (const std::size_t format : formats_) {
+      std::string line(kPositionFormats[format]);
+      line.resize(kLabelColumns, ' ');
+      line += positionText(position, format).value_or("–");
+      const std::size_t between = line.find(kBetween);
+      if (columnsOf(line) > columns_ && between != std::string::npos) {
+        line.replace(between, kBetween.size(), ",\n" + std::string(kLabelColumns, ' '));
+      }
+      output_.line(line);
+    }
+  }
+
+  const ConvertCommand& command_;
+  std::vector<std::size_t> formats_;
+  int columns_;
+  bool labelled_;
+  bool printed_ = false;
+  Output output_;
+};
+
+int convertArguments(const ConvertCommand& command, Converter& converter) {
+  std::string text;
+  for (const std::string& word : command.input) text += word + ' ';
+  TextScanner scanner(text);
+  try {
+    while (!scanner.atEnd()) {
+      converter.print(converter.take(scanner));
+      scanner.separator();
+    }
+  } catch (const std::invalid_argument& error) {
+    converter.output().flush();
+    complain(error.what());
+    return kBadInput;
+  }
+  return kDone;
+}
+
+// What is converted so far is shown before waiting for more.
+ByteSource standardInput(Output& output) {
+  return [&output, read = bytesOfFile(STDIN_FILENO)](char* buffer, std::size_t size) {
+    pollfd input{STDIN_FILENO, POLLIN, 0};
+    if (poll(&input, 1, 0) == 0) output.flush();
+    return read(buffer, size);
+  };
+}
+
+void convertLine(std::string_view line, Converter& converter) {
+  TextScanner scanner(line.substr(0, line.find('#')));
+  if (scanner.atEnd()) return;
+  const CLLocationCoordinate2D position = converter.take(scanner);
+  if (!scanner.atEnd()) throw std::invalid_argument(inQuotes(scanner.rest()) + " is too much");
+  converter.print(position);
+}
+
+int convertLines(Converter& converter) {
+  const bool showsOutput = outputIsTerminal();
+  if (isatty(STDIN_FILENO) != 0) {
+    complainMore("reading a position a line from the keyboard; Ctrl-D ends");
+  }
+  std::optional<Progress> progress;
+  if (!showsOutput && isatty(STDIN_FILENO) == 0) progress.emplace();
+  Output& output = converter.output();
+  LineReader lines(InputBytes(standardInput(output)));
+  int status = kDone;
+  const auto refuse = [&](const std::string& what) {
+    if (showsOutput) output.flush();
+    if (progress) progress->clear();
+    complain(what);
+    status = kBadInput;
+  };
+  try {
+    lines.peekFirstLine(1);
+    for (auto line = lines.next(); line && output.ok(); line = lines.next()) {
+      try {
+        convertLine(*line, converter);
+      } catch (const std::invalid_argument& error) {
+        refuse("line " + std::to_string(lines.number()) + ": " + error.what());
+      }
+      if (progress) {
+        progress->reach(
+            [&lines] { return "converted " + std::to_string(lines.number()) + " lines"; });
+      }
+    }
+  } catch (const InputError& error) {
+    refuse(std::string("standard input: ") + error.what());
+  }
+  return status;
+}
+
+}  // namespace
+
+int runConvert(const ConvertCommand& command) {
+  SimulatedHost host;
+  host.local.set("utmType", PropertyValue(command.utmType));
+  if (command.datum) {
+    const auto datum = chosenDatum(*command.datum);
+    if (!datum) return kBadUsage;
+    host.local.set("selectedDatum", PropertyValue(*datum));
+  }
+  Converter converter(command);
+  const int status =
+      command.input.empty() ? convertLines(converter) : convertArguments(command, converter);
+  return converter.output().finish(status);
+}
+
+}  // namespace wayfell

@@ -1,0 +1,50 @@
+#include "hosts/terminal/DatumChoice.h"
+
+#include <cstddef>
+#include <vector>
+
+#include "datums/DatumManager.h"
+#include "hosts/services/DatumSearch.h"
+#include "hosts/services/TextScanner.h"
+#include "hosts/terminal/Output.h"
+
+namespace wayfell {
+namespace {
+
+void suggest(const DatumSearch& search, std::string_view name) {
+  constexpr std::size_t kMost = 5;
+  const auto near = search.near(name);
+  if (near.empty()) {
+    complainMore("\"wayfell datums\" lists all that there are");
+    return;
+  }
+  complainMore("did you mean");
+  for (std::size_t i = 0; i < near.size() && i < kMost; ++i) {
+    complainMore("  " + DatumManager::sharedInstance().datumAndRegions()[near[i]]);
+  }
+  if (near.size() > kMost) {
+    complainMore("or one of " + std::to_string(near.size() - kMost) +
+                 " more? \"wayfell datums WORDS\" searches them all");
+  }
+}
+
+}  // namespace
+
+std::optional<std::string> chosenDatum(std::string_view name) {
+  const DatumSearch search;
+  const auto number = search.named(name);
+  if (!number) {
+    complain("there is no datum " + inQuotes(name));
+    suggest(search, name);
+    return std::nullopt;
+  }
+  const DatumManager& manager = DatumManager::sharedInstance();
+  const std::string& datum = manager.datumAndRegions()[*number];
+  if (manager.getAxisFromDatum(datum) > 0) return datum;
+  complain("the datum " + inQuotes(datum) + " cannot be used: its ellipsoid, " +
+           inQuotes(manager.getEllipsoidFromDatum(datum).value_or("")) +
+           ", is not in the catalogue");
+  return std::nullopt;
+}
+
+}  // namespace wayfell

@@ -1,0 +1,195 @@
+#include "hosts/terminal/DatumsCommand.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <nlohmann/json.hpp>
+#include <optional>
+#include <string_view>
+
+#include "datums/Catalogue.h"
+#include "datums/DatumManager.h"
+#include "hosts/services/DatumSearch.h"
+#include "hosts/services/TextScanner.h"
+#include "hosts/terminal/Output.h"
+#include "hosts/terminal/TextWidth.h"
+#include "platform/NSString.h"
+#include "platform/SimulatedHost.h"
+
+namespace wayfell {
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+constexpr char kTie = '~';
+
+// A row of the catalogue beside what conversions use of it.
+struct Datum {
+  std::string name;
+  std::string ellipsoid;
+  std::optional<double> axis;  // metres; none when the ellipsoid is unknown
+  std::optional<double> inverseFlattening;
+  double dx;  // metres, as the others; those that conversions apply
+  double dy;
+  double dz;
+  double listedDz;
+};
+
+std::optional<double> entryOf(const DatumManager::NumberDictionary& numbers,
+                              std::string_view ellipsoid) {
+  const auto found = numbers.find(ellipsoid);
+  return found == numbers.end() ? std::nullopt : std::optional(found->second);
+}
+
+Datum datumNumber(std::size_t number) {
+  const DatumManager& manager = DatumManager::sharedInstance();
+  const std::string& name = manager.datumAndRegions()[number];
+  const CatalogueDatum& row = kDatums[number];
+  return {name,
+          std::string(row.ellipsoid),
+          entryOf(manager.axisDictionary(), row.ellipsoid),
+          entryOf(manager.flatteningDictionary(), row.ellipsoid),
+          manager.getDxFromDatum(name),
+          manager.getDyFromDatum(name),
+          manager.getDzFromDatum(name),
+          row.dz};
+}
+
+std::string ellipsoidText(const Datum& datum) {
+  if (!datum.axis || !datum.inverseFlattening) {
+    return inQuotes(datum.ellipsoid) + " is no ellipsoid of the catalogue: nothing converts";
+  }
+  return datum.ellipsoid + ", a~" + shortestText(*datum.axis) + "~m, 1/f~" +
+         shortestText(*datum.inverseFlattening);
+}
+
+std::string shiftText(const Datum& datum) {
+  std::string text = "no shift";
+  if (datum.dx != 0 || datum.dy != 0) {
+    text = "shift dx~" + shortestText(datum.dx) + "~m, dy~" + shortestText(datum.dy) + "~m";
+  }
+  if (datum.listedDz != datum.dz) {
+    text += " (dz~" + shortestText(datum.listedDz) + "~m is never applied)";
+  }
+  return text;
+}
+
+// Where the catalogue's ellipsoid is not the one that the datum is defined on.
+std::optional<std::string_view> remarkOn(const Datum& datum) {
+  if (datum.name != "CGCS2000---China") return std::nullopt;
+  return "defined on an ellipsoid of its own, a~6378137~m, 1/f~298.257222101, which the catalogue "
+         "lacks";
+}
+
+// Lines of no more than the columns, broken at blanks; all but the first begin with the indent. A
+// tie is a blank where no line breaks.
+std::string wrapped(std::string_view text, int columns, std::string_view indent) {
+  std::string result;
+  int used = 0;
+  TextScanner scanner(text);
+  while (!scanner.atEnd()) {
+    const std::string_view word = scanner.word();
+    scanner.take(word);
+    const int width = columnsOf(word);
+    if (used > 0 && used + 1 + width > columns) {
+      result += '\n';
+      result += indent;
+      used = columnsOf(indent);
+    } else if (used > 0) {
+      result += ' ';
+      ++used;
+    }
+    result += word;
+    used += width;
+  }
+  std::replace(result.begin(), result.end(), kTie, ' ');
+  return result;
+}
+
+class Printer {
+ public:
+  void print(const Datum& datum) {
+    if (printed_) output_.line("");
+    printed_ = true;
+    output_.line(bold_ + wrapped(datum.name, columns_, kIndent) + plain_);
+    printDetail(ellipsoidText(datum));
+    if (const auto remark = remarkOn(datum)) printDetail(*remark);
+    printDetail(shiftText(datum));
+  }
+
+  Output& output() { return output_; }
+
+ private:
+  static constexpr std::string_view kIndent = "    ";
+
+  void printDetail(std::string_view text) {
+    constexpr int kDetailIndent = 2;
+    output_.line("  " + wrapped(text, columns_ - kDetailIndent, kIndent));
+  }
+
+  static bool emphasises() {
+    const char* const terminal = std::getenv("TERM");
+    return outputIsTerminal() && terminal != nullptr && std::string_view(terminal) != "dumb";
+  }
+
+  int columns_ = outputColumns();
+  std::string bold_ = emphasises() ? "\033[1m" : "";
+  std::string plain_ = emphasises() ? "\033[0m" : "";
+  bool printed_ = false;
+  Output output_;
+};
+
+Json orNull(const std::optional<double>& number) { return number ? Json(*number) : Json(nullptr); }
+
+Json json(const Datum& datum) {
+  return {{"name", datum.name},
+          {"ellipsoid", datum.ellipsoid},
+          {"axis", orNull(datum.axis)},
+          {"inverseFlattening", orNull(datum.inverseFlattening)},
+          {"listedShift", {{"dx", datum.dx}, {"dy", datum.dy}, {"dz", datum.listedDz}}},
+          {"appliedShift", {{"dx", datum.dx}, {"dy", datum.dy}, {"dz", datum.dz}}}};
+}
+
+void complainOfNothing(const DatumSearch& search, const std::string& text) {
+  const auto hints = search.hints(text);
+  if (hints.empty()) {
+    complain("each of these words is in the catalogue, but no datum has them all");
+  }
+  for (const DatumSearch::Hint& hint : hints) {
+    std::string meant;
+    for (const std::string& word : hint.near) meant += (meant.empty() ? "" : ", ") + word;
+    complain("no datum has " + inQuotes(hint.word) +
+             (meant.empty() ? std::string() : "; did you mean " + meant + '?'));
+  }
+}
+
+}  // namespace
+
+int runDatums(const DatumsCommand& command) {
+  if (command.names && command.json) {
+    complain("--names and --json do not go together");
+    return kBadUsage;
+  }
+  const SimulatedHost host;
+  const DatumSearch search;
+  std::string text;
+  for (const std::string& word : command.words) text += word + ' ';
+  const auto found = search.find(text);
+  if (found.empty()) {
+    complainOfNothing(search, text);
+    return kBadInput;
+  }
+  Printer printer;
+  for (const std::size_t number : found) {
+    const Datum datum = datumNumber(number);
+    if (command.names) {
+      printer.output().line(datum.name);
+    } else if (command.json) {
+      printer.output().line(json(datum).dump());
+    } else {
+      printer.print(datum);
+    }
+  }
+  return printer.output().finish(kDone);
+}
+
+}  // namespace wayfell

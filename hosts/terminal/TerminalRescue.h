@@ -1,0 +1,26 @@
+// Puts a terminal back in order when the program crashes: its modes, and its screen by a text
+// prepared beforehand. One may exist at a time.
+//
+// The signals are those of crashes only (SIGSEGV, SIGABRT, SIGBUS, SIGFPE, SIGILL). After the
+// rescue the signal does what it would have done without.
+#pragma once
+
+#include <cstddef>
+#include <string_view>
+
+namespace wayfell {
+
+class TerminalRescue {
+ public:
+  /// Remembers the terminal's modes as they are now.
+  explicit TerminalRescue(int descriptor);
+  ~TerminalRescue();
+  TerminalRescue(const TerminalRescue&) = delete;
+  TerminalRescue& operator=(const TerminalRescue&) = delete;
+
+  static constexpr std::size_t kLongestText = 512;  // bytes
+  /// What to write. Throws std::length_error for more than kLongestText.
+  void setText(std::string_view text);
+};
+
+}  // namespace wayfell

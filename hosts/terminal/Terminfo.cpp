@@ -1,0 +1,59 @@
+#include "hosts/terminal/Terminfo.h"
+
+#include <unistd.h>
+
+#include <optional>
+#include <string_view>
+
+// Their macros have the names of much else, so they stay in here.
+#define NCURSES_NOMACROS
+#include <curses.h>
+#include <term.h>
+
+namespace wayfell {
+namespace {
+
+std::optional<std::string_view> capability(const char* name) {
+  const char* text = tigetstr(name);
+  // NOLINTNEXTLINE(performance-no-int-to-ptr): the library's own mark
+  if (text == nullptr || text == reinterpret_cast<const char*>(-1)) return std::nullopt;
+  return text;
+}
+
+// Without the pauses ("$<5>") that terminals of old needed.
+std::string withoutPadding(std::string_view text) {
+  std::string result;
+  while (!text.empty()) {
+    const std::size_t padding = text.find("$<");
+    result += text.substr(0, padding);
+    const std::size_t end = text.find('>', padding);
+    text.remove_prefix(end == std::string_view::npos ? text.size() : end + 1);
+  }
+  return result;
+}
+
+bool isKnown() {
+  int error = 0;
+  return setupterm(nullptr, STDOUT_FILENO, &error) == OK;
+}
+
+}  // namespace
+
+Terminfo::Terminfo() : known_(isKnown()) {}
+
+Terminfo::~Terminfo() {
+  if (known_) del_curterm(cur_term);
+}
+
+bool Terminfo::canPlaceText() const { return known_ && capability("cup"); }
+
+std::string Terminfo::rescueText() const {
+  std::string text;
+  if (capability("kmous")) text += "\033[?1006l\033[?1000l";
+  for (const char* name : {"sgr0", "op", "cnorm", "rmkx"}) {
+    text += withoutPadding(capability(name).value_or(""));
+  }
+  return text + withoutPadding(capability("rmcup").value_or("\r\n"));
+}
+
+}  // namespace wayfell

@@ -1,3 +1,0 @@
-#include "hosts/replay/JsonLine.h"
-
-#include <gtest/gtest.h>

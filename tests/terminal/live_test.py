@@ -1,0 +1,311 @@
+#!/usr/bin/env python3
+"""Drives `wayfell today` in a real terminal by keys, clicks, resizes and signals.
+
+    live_test.py PROGRAM [TEST...]
+
+Screens are compared with the texts beside this file, which were checked by hand, and the values
+in them with what `wayfell replay` says of the same recording with the same taps in it.
+"""
+
+import contextlib
+import json
+import os
+import pathlib
+import re
+import shlex
+import signal
+import subprocess
+import sys
+import tempfile
+import unittest
+
+import tmux_screen
+from tmux_screen import Screen
+
+HERE = pathlib.Path(__file__).resolve().parent
+WALK = HERE / "walk.jsonl"
+START = 1000  # of the walk
+PROGRAM = ""
+
+BOTH_LAYOUTS = ["userCoordinateLabel", "altitudeLabel", "altitudeNameLabel", "speedLabel",
+                "speedNameLabel"]
+EXPANDED = BOTH_LAYOUTS + ["headingLabel", "timeLabel", "distanceLabel", "addressLabel"]
+WAYPOINT = ["waypointDistanceLabel", "etaLabel"]
+COMPACT = BOTH_LAYOUTS + ["miniTimeLabel", "miniDistanceLabel"]
+
+
+def today(*arguments):
+    return [PROGRAM, "today", *arguments]
+
+
+def walk(*arguments, rate="0"):
+    return today("--replay", str(WALK), "--rate", rate, *arguments)
+
+
+def shown(command, *arguments, **more):
+    """A screen on which the panel is."""
+    screen = Screen(command, *arguments, **more)
+    screen.wait_for_text("REPLAY")
+    return screen
+
+
+def expected(name):
+    return (HERE / f"{name}.txt").read_text(encoding="utf-8").rstrip().split("\n")
+
+
+def replayed(taps, seconds):
+    """The snapshot after so many seconds, with what the user did: (second, event)."""
+    events = [json.loads(line) for line in WALK.read_text(encoding="utf-8").splitlines()]
+    events += [{"t": START + second, **event} for second, event in taps]
+    events = sorted((event for event in events if event["t"] <= START + seconds),
+                    key=lambda event: event["t"])
+    events.append({"t": START + seconds, "show": True})
+    done = subprocess.run([PROGRAM, "replay", "-"], text=True, capture_output=True, check=True,
+                          input="\n".join(json.dumps(event) for event in events))
+    return json.loads(done.stdout.splitlines()[-1])
+
+
+class Walker:
+    """Goes through the walk on a screen second by second, and remembers what it did."""
+
+    def __init__(self, test, screen):
+        self.test = test
+        self.screen = screen
+        self.seconds = 0
+        self.taps = []
+
+    def step(self, seconds=1):
+        for _ in range(seconds):
+            self.seconds += 1
+            self.screen.keys(".")
+        self.screen.wait_for_text(f"0:00:{self.seconds:02}")
+
+    def press(self, key, event):
+        self.screen.keys(key)
+        self.taps.append((self.seconds, event))
+
+    def click_on(self, text, event):
+        self.screen.click_on(text)
+        self.taps.append((self.seconds, event))
+
+    def sees_no_panel(self, name):
+        self.screen.wait_for_lines(expected(name), name)
+
+    def sees(self, name):
+        """Just this screen, and on it the values of a replay."""
+        lines = expected(name)
+        self.screen.wait_for_lines(lines, name)
+        snapshot = replayed(self.taps, self.seconds)
+        names = EXPANDED if snapshot["height"] == 286 else COMPACT
+        if "waypointDataView" not in snapshot["hidden"]:
+            names = names + WAYPOINT
+        for label in names:
+            for part in re.split(", |\n", snapshot["labels"][label] or ""):
+                self.test.assertIn(part.strip(), "\n".join(lines), f"{label} in {name}")
+
+
+class LivePanel(unittest.TestCase):
+    def test_a_whole_walk(self):
+        with shown(walk(), rows=20) as screen:
+            walker = Walker(self, screen)
+            walker.sees("appeared")
+            walker.step(2)
+            walker.sees("first-fixes")
+            walker.press("3", {"segment": 3})
+            walker.sees("mgrs")
+            walker.step()
+            walker.click_on("DMs", {"segment": 2})
+            walker.sees("dms")
+            walker.press("t", {"tap": "toggleViewButton"})
+            walker.sees("compact")
+            walker.click_on("▸", {"tap": "toggleViewButton"})
+            walker.press("Tab", {"tap": "toggleViewButton"})
+            walker.press("Enter", {"tap": "toggleViewButton"})
+            walker.step(2)
+            walker.press("4", {"segment": 4})
+            walker.sees("utm")
+            walker.press("o", {"tap": "openLabel"})
+            screen.wait_for_text("Open: wayfell://openFromWidget")
+            walker.click_on("[Open]", {"tap": "openLabel"})
+            screen.wait_for_text("Open 2: wayfell://openFromWidget")
+            screen.click_on("Altitude")  # which is nothing to touch
+            walker.step(7)
+            walker.sees("stale")
+
+            walker.press("h", {"disappear": True})
+            walker.step()  # to a fix, which the hidden panel does not see
+            walker.sees_no_panel("hidden")
+            screen.keys("t", "o", "0")  # nor does it feel taps
+            walker.press("h", {"appear": True})
+            walker.sees("shown-again")
+            walker.step(2)  # the recording hides it
+            walker.sees_no_panel("put-away")
+            screen.keys("?")
+            walker.sees_no_panel("keys")
+            screen.keys("q")  # which leaves the keys only
+            walker.step()
+            screen.keys("+", "+")
+            screen.wait_for_text("paused  ×5")
+            screen.keys("-", "-", "-", "Space")
+            screen.wait_for_text("×0.5")
+            screen.keys("Space", "-", "-", "-", "-", "+", "+", "+")
+            screen.wait_for(lambda lines: lines[-2].endswith("paused"), "rate 1")
+            walker.step(2)
+            walker.sees("ended")
+            screen.keys(".", "Space")
+            walker.sees("ended")
+
+    def test_the_size_of_the_window(self):
+        with shown(walk()) as screen:
+            for _ in range(2):
+                screen.keys("Right")
+            screen.wait_for_lines(expected("large"), "large")
+            for columns, rows, name in [(40, 16, "narrow"), (40, 11, "low"), (40, 5, "lowest"),
+                                        (30, 16, "too-narrow"), (80, 24, "large")]:
+                screen.resize(columns, rows)
+                screen.wait_for_lines(expected(name), name)
+            screen.resize(1, 1)
+            screen.resize(500, 200)
+            screen.wait_for_text("0-4 format")
+
+    def test_terminals_without_unicode(self):
+        for term in "vt100", "xterm":
+            with self.subTest(term), shown(walk(), 48, 16, term=term, locale="C") as screen:
+                screen.keys(".", ".")
+                screen.wait_for_lines(expected("ascii"), "ascii")
+
+    def test_colors(self):
+        mark_in_red = "\033[31m▼"
+        color = re.compile("\033\\[[0-9;]*[34][0-7]m")
+        with shown(walk(), term="xterm") as screen:
+            self.assertIn(mark_in_red, re.sub("\033\\[1m", "", "\n".join(screen.lines(colors=True))))
+        for environment in {"NO_COLOR": "1"}, {"term": "vt100"}:
+            with self.subTest(environment), shown(walk(), **environment) as screen:
+                self.assertNotRegex("\n".join(screen.lines(colors=True)), color)
+
+    def test_a_recording_from_standard_input(self):
+        with Screen(["sh", "-c", f"cat {WALK} | {PROGRAM} today --replay - --rate 1000"]) as screen:
+            screen.wait_for_text("from standard input")
+            screen.wait_for_text("ended")
+        with Screen(["bash", "--norc"]) as screen:
+            screen.type_line(f"{PROGRAM} today --replay -; echo status $?")
+            screen.wait_for_text("the recording cannot come from it")
+            screen.wait_for_text("status 2")
+
+    def test_a_recording_with_a_fault(self):
+        with tempfile.NamedTemporaryFile("w", suffix=".jsonl") as file:
+            file.write(WALK.read_text(encoding="utf-8").replace('{"t":1003', '{"t":"x"', 1))
+            file.flush()
+            with Screen(["bash", "--norc"]) as screen:
+                screen.type_line(f"{PROGRAM} today --rate 1000 --replay {file.name}; echo status $?")
+                screen.wait_for_text("Stopped: line 8: t: ")
+                screen.keys("q")
+                screen.wait_for_text("status 1")
+                screen.wait_for_text("line 8: t: ")
+
+
+class TerminalAfterwards(unittest.TestCase):
+    """Whatever ends the program, the terminal is as it was."""
+
+    @contextlib.contextmanager
+    def shell(self, command):
+        """A shell's screen on which the command shows the panel, and the modes from before."""
+        # Sanitizers would make exit statuses of crashes.
+        sanitizers = ":".join(f"handle_{crash}=0" for crash in (
+            "segv", "abort", "sigbus", "sigfpe", "sigill"))
+        with Screen(["bash", "--norc", "--noprofile"], PS1="$ ", ASAN_OPTIONS=sanitizers) as screen:
+            screen.type_line("stty -g | md5sum")
+            modes = screen.wait_for(lambda lines: lines[-2:-1] and lines[-2].endswith("  -"),
+                                    "the terminal's modes")[-2]
+            screen.keys("C-l")
+            screen.type_line(command)
+            screen.wait_for_text("REPLAY")
+            self.assertEqual(screen.flag("alternate_on"), "1")
+            yield screen, modes
+
+    def assert_restored(self, screen, modes):
+        self.assertEqual([screen.flag(name) for name in (
+            "alternate_on", "cursor_flag", "mouse_any_flag", "keypad_flag", "keypad_cursor_flag")],
+            ["0", "1", "0", "0", "0"])
+        screen.type_line("stty -g | md5sum")
+        screen.wait_for(lambda lines: lines[-2:-1] == [modes], "the terminal's modes from before")
+
+    def child(self, screen):
+        shell = screen.pid()
+        children = pathlib.Path(f"/proc/{shell}/task/{shell}/children").read_text(encoding="ascii")
+        return int(children.split()[0])
+
+    def test_after_quitting_and_signals(self):
+        ends = {"q": 0, "C-c": 128 + signal.SIGINT}
+        ends |= {number: 128 + number for number in (
+            signal.SIGTERM, signal.SIGHUP, signal.SIGQUIT, signal.SIGINT, signal.SIGSEGV,
+            signal.SIGABRT, signal.SIGBUS, signal.SIGFPE, signal.SIGILL)}
+        for end, status in ends.items():
+            with self.subTest(end), self.shell("ulimit -c 0; " + shlex.join(walk())) as (screen, modes):
+                if isinstance(end, str):
+                    screen.keys(end)
+                else:
+                    os.kill(self.child(screen), end)
+                    if end != signal.SIGINT:  # of which the shell says nothing
+                        screen.wait_for_text(signal.strsignal(end))
+                screen.wait_for(lambda lines: lines[-1] == "$", "a prompt")
+                screen.type_line("echo status $?")
+                screen.wait_for_text(f"status {status}")
+                self.assert_restored(screen, modes)
+
+    def test_the_next_program_can_read(self):
+        command = ["sh", "-c", shlex.join(walk()) + '; read line; echo "read $line"; read line']
+        with shown(command) as screen:
+            screen.keys("q")
+            screen.wait_for(lambda lines: "REPLAY" not in str(lines), "the shell")
+            screen.type_line("a line")
+            screen.wait_for_text("read a line")
+
+    def test_the_program_ends_with_its_terminal(self):
+        with shown(["sh", "-c", "trap '' HUP; exec " + shlex.join(walk())]) as screen:
+            program = pathlib.Path(f"/proc/{screen.pid()}")
+        tmux_screen.wait_until(lambda: not program.exists(), "its end")
+
+    def test_stopping_and_going_on(self):
+        with self.shell(shlex.join(walk())) as (screen, modes):
+            screen.keys(".", ".")
+            screen.wait_for_lines(expected("large"), "large")
+            screen.keys("C-z")
+            screen.wait_for_text("Stopped")
+            self.assert_restored(screen, modes)
+            screen.resize(40, 16)
+            screen.type_line("fg")
+            screen.wait_for_lines(expected("narrow"), "narrow")
+            screen.keys("q")
+            screen.wait_for_text("fg")
+            self.assert_restored(screen, modes)
+
+
+class NoTerminal(unittest.TestCase):
+    def run_today(self, *arguments, **more):
+        return subprocess.run(today(*arguments), text=True, capture_output=True, check=False,
+                              stdin=subprocess.DEVNULL, start_new_session=True, **more)
+
+    def test_prints_the_panel_at_the_first_fix(self):
+        done = self.run_today("--replay", str(WALK))
+        self.assertEqual((done.returncode, done.stderr), (0, ""))
+        self.assertEqual(done.stdout.rstrip().split("\n"), expected("printed"))
+
+    def test_complains(self):
+        for arguments, status, complaint in [
+            ([], 2, "--demo or --replay FILE"),
+            (["--demo", "--rate", "-1"], 2, "--rate"),
+            (["--demo", "--rate", "nan"], 2, "--rate"),
+            (["--demo", "--replay", "x"], 2, "--replay"),
+            (["--replay", "no/such/file"], 1, "No such file"),
+            (["--replay", "/dev/null"], 1, "empty"),
+        ]:
+            with self.subTest(arguments):
+                done = self.run_today(*arguments)
+                self.assertEqual((done.returncode, done.stdout), (status, ""))
+                self.assertIn(complaint, done.stderr)
+
+
+if __name__ == "__main__":
+    PROGRAM = str(pathlib.Path(sys.argv.pop(1)).resolve())
+    unittest.main(verbosity=2)
