@@ -74,7 +74,7 @@ std::optional<CLPlacemark> readPlacemark(JsonLine::Value value, const FieldPath&
     if (member.key() == "state") part = &address.state;
     if (!part) memberPath.fail("unknown field");
     if (*part) memberPath.fail("given twice");
-    *part = expectText(member, memberPath);
+    if (member.kind() != JsonLine::Kind::null) *part = expectText(member, memberPath);
   }
   return CLPlacemark{address};
 }

@@ -60,18 +60,12 @@ struct EventLoop::Watchers {
     Handler readable;
     Handler gone;
     uv_poll_t handle = {};
-
-    Input(int descriptor, EventLoop* owner, Handler onReadable, Handler onGone)
-        : readiness(descriptor),
-          loop(owner),
-          readable(std::move(onReadable)),
-          gone(std::move(onGone)) {}
   };
   struct Signal {
     EventLoop* loop;
     Handler handler;
     int number;
-    uv_signal_t handle;
+    uv_signal_t handle = {};
 
     void start() {
       const auto call = [](uv_signal_t* watcher, int) {
@@ -82,9 +76,9 @@ struct EventLoop::Watchers {
     }
   };
   struct Wait {
-    EventLoop* loop;
+    EventLoop* loop = nullptr;
     Handler handler;
-    uv_timer_t handle;
+    uv_timer_t handle = {};
   };
 
   std::vector<std::unique_ptr<Input>> inputs;
@@ -109,8 +103,8 @@ EventLoop::~EventLoop() {
 }
 
 void EventLoop::onReadable(int descriptor, Handler readable, Handler gone) {
-  auto input =
-      std::make_unique<Watchers::Input>(descriptor, this, std::move(readable), std::move(gone));
+  std::unique_ptr<Watchers::Input> input(
+      new Watchers::Input{Readiness(descriptor), this, std::move(readable), std::move(gone)});
   check(uv_poll_init(loop_.get(), &input->handle, input->readiness.descriptor()), kInput);
   input->handle.data = input.get();
   const auto call = [](uv_poll_t* watcher, int /*status*/, int /*events*/) {
@@ -123,10 +117,7 @@ void EventLoop::onReadable(int descriptor, Handler readable, Handler gone) {
 
 void EventLoop::onSignal(int signal, Handler handler) {
   if (isIgnored(signal)) return;
-  auto watcher = std::make_unique<Watchers::Signal>();
-  watcher->loop = this;
-  watcher->handler = std::move(handler);
-  watcher->number = signal;
+  std::unique_ptr<Watchers::Signal> watcher(new Watchers::Signal{this, std::move(handler), signal});
   check(uv_signal_init(loop_.get(), &watcher->handle), kSignals);
   watcher->handle.data = watcher.get();
   watcher->start();

@@ -86,7 +86,7 @@ class Tape {
   std::ptrdiff_t marked(double offset) const {
     if (labels_.size() < 2) return 0;
     const double label = 1 + (std::isfinite(offset) ? offset : 0) / kPointsPerTurn * kLabelsPerTurn;
-    const double last = static_cast<double>(labels_.size() - 1);
+    const auto last = static_cast<double>(labels_.size() - 1);
     const double before = std::clamp(std::floor(label), 0.0, last - 1);
     const auto i = static_cast<std::size_t>(before);
     const double place = labels_[i] + (label - before) * (labels_[i + 1] - labels_[i]);

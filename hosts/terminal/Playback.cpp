@@ -42,12 +42,12 @@ std::optional<Playback::Milliseconds> Playback::wait() {
 }
 
 void Playback::faster() {
-  const auto next = std::upper_bound(kRates.begin(), kRates.end(), rate_);
+  const auto* const next = std::upper_bound(kRates.begin(), kRates.end(), rate_);
   if (next != kRates.end()) rate_ = *next;
 }
 
 void Playback::slower() {
-  const auto next = std::lower_bound(kRates.begin(), kRates.end(), rate_);
+  const auto* const next = std::lower_bound(kRates.begin(), kRates.end(), rate_);
   if (next != kRates.begin()) rate_ = *std::prev(next);
 }
 

@@ -54,6 +54,14 @@ std::FILE* openKeyboard() {
   return terminal;
 }
 
+screen* openScreen(std::FILE* keyboard) {
+  set_escdelay(kEscapeMilliseconds);
+  use_tioctl(TRUE);
+  screen* opened = newterm(nullptr, stdout, keyboard);
+  if (opened == nullptr) throw std::runtime_error("this terminal cannot be used");
+  return opened;
+}
+
 // As much as there is room for.
 std::string_view cut(std::string_view text, int columns) {
   std::string_view rest = text;
@@ -70,12 +78,11 @@ std::string_view cut(std::string_view text, int columns) {
 bool Terminal::isThere() { return isatty(STDOUT_FILENO) != 0 && Terminfo().canPlaceText(); }
 
 Terminal::Terminal()
-    : keyboard_(openKeyboard()), unicode_(localeIsUnicode()), rescue_(STDOUT_FILENO) {
-  rescue_.setText(Terminfo().rescueText());
-  set_escdelay(kEscapeMilliseconds);
-  use_tioctl(TRUE);
-  screen_ = newterm(nullptr, stdout, keyboard_);
-  if (screen_ == nullptr) throw std::runtime_error("this terminal cannot be used");
+    : keyboard_(openKeyboard()),
+      unicode_(localeIsUnicode()),
+      rescue_(STDOUT_FILENO, Terminfo().rescueText()),
+      screen_(openScreen(keyboard_)),
+      colors_(wantsColors() && has_colors()) {
   cbreak();
   noecho();
   keypad(stdscr, TRUE);
@@ -83,7 +90,6 @@ Terminal::Terminal()
   curs_set(0);
   mouseinterval(0);
   mousemask(BUTTON1_PRESSED, nullptr);
-  colors_ = wantsColors() && has_colors();
   if (!colors_) return;
   start_color();
   use_default_colors();

@@ -80,9 +80,9 @@ class Terminal {
 
   std::FILE* keyboard_;
   bool unicode_;
-  bool colors_ = false;
   TerminalRescue rescue_;
   screen* screen_;
+  bool colors_;
 };
 
 }  // namespace wayfell

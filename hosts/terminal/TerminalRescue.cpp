@@ -54,9 +54,11 @@ void rescue(int signal, siginfo_t* info, void* /*context*/) {
 
 }  // namespace
 
-TerminalRescue::TerminalRescue(int descriptor) {
+TerminalRescue::TerminalRescue(int descriptor, std::string_view text) {
+  if (text.size() > state.text.size()) throw std::length_error("TerminalRescue: long text");
+  std::copy(text.begin(), text.end(), state.text.begin());
+  state.textSize = text.size();
   state.descriptor = descriptor;
-  state.textSize = 0;
   tcgetattr(descriptor, &state.modes);
 
   stack_t stack = {};
@@ -70,14 +72,6 @@ TerminalRescue::TerminalRescue(int descriptor) {
   for (std::size_t i = 0; i < kCrashes.size(); ++i) {
     sigaction(kCrashes[i], &action, &state.actionsBefore[i]);
   }
-}
-
-// A crash meanwhile writes nothing, which is better than half of each.
-void TerminalRescue::setText(std::string_view text) {
-  if (text.size() > state.text.size()) throw std::length_error("TerminalRescue: long text");
-  state.textSize = 0;
-  std::copy(text.begin(), text.end(), state.text.begin());
-  state.textSize = text.size();
 }
 
 TerminalRescue::~TerminalRescue() {

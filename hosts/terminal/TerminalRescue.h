@@ -12,15 +12,14 @@ namespace wayfell {
 
 class TerminalRescue {
  public:
-  /// Remembers the terminal's modes as they are now.
-  explicit TerminalRescue(int descriptor);
+  /// Remembers the terminal's modes as they are now, and what to write. Throws std::length_error
+  /// for more than kLongestText.
+  TerminalRescue(int descriptor, std::string_view text);
   ~TerminalRescue();
   TerminalRescue(const TerminalRescue&) = delete;
   TerminalRescue& operator=(const TerminalRescue&) = delete;
 
   static constexpr std::size_t kLongestText = 512;  // bytes
-  /// What to write. Throws std::length_error for more than kLongestText.
-  void setText(std::string_view text);
 };
 
 }  // namespace wayfell

@@ -42,8 +42,7 @@ TEST_P(TerminalRescued, WritesItsTextAndDiesAllTheSame) {
   const pid_t child = fork();
   if (child == 0) {
     close(STDERR_FILENO);  // what they say is nothing new
-    TerminalRescue rescue(pipe_[1]);
-    rescue.setText("as it was");
+    const TerminalRescue rescue(pipe_[1], "as it was");
     GetParam().crash();
     _exit(0);
   }
@@ -70,9 +69,8 @@ INSTANTIATE_TEST_SUITE_P(Crashes, TerminalRescued,
                          [](const auto& crash) { return crash.param.name; });
 
 TEST(TerminalRescue, RefusesALongText) {
-  TerminalRescue rescue(STDERR_FILENO);
-  EXPECT_THROW(rescue.setText(std::string(TerminalRescue::kLongestText + 1, 'x')),
-               std::length_error);
+  const std::string text(TerminalRescue::kLongestText + 1, 'x');
+  EXPECT_THROW(TerminalRescue(STDERR_FILENO, text), std::length_error);
 }
 
 }  // namespace

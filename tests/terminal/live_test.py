@@ -49,6 +49,13 @@ def shown(command, *arguments, **more):
     return screen
 
 
+def is_running(pid):
+    try:
+        return pathlib.Path(f"/proc/{pid}/stat").read_text(encoding="ascii").split()[2] != "Z"
+    except FileNotFoundError:
+        return False
+
+
 def expected(name):
     return (HERE / f"{name}.txt").read_text(encoding="utf-8").rstrip().split("\n")
 
@@ -263,8 +270,8 @@ class TerminalAfterwards(unittest.TestCase):
 
     def test_the_program_ends_with_its_terminal(self):
         with shown(["sh", "-c", "trap '' HUP; exec " + shlex.join(walk())]) as screen:
-            program = pathlib.Path(f"/proc/{screen.pid()}")
-        tmux_screen.wait_until(lambda: not program.exists(), "its end")
+            pid = screen.pid()
+        tmux_screen.wait_until(lambda: not is_running(pid), "its end")
 
     def test_stopping_and_going_on(self):
         with self.shell(shlex.join(walk())) as (screen, modes):
