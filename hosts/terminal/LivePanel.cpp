@@ -8,22 +8,6 @@
 
 namespace wayfell {
 
-ViewWatch::ViewWatch(const WidgetInterface& interface) : interface_(interface) {
-  for (const auto& named : interface_.views()) named.view->setObserver(this);
-}
-
-ViewWatch::~ViewWatch() {
-  for (const auto& named : interface_.views()) named.view->setObserver(nullptr);
-}
-
-void ViewWatch::viewDidChange(UIView& /*view*/) { changed_ = true; }
-
-void ViewWatch::viewDidAnimate(UIView& /*view*/, const UIViewAnimation& /*animation*/) {
-  changed_ = true;
-}
-
-bool ViewWatch::takeChanged() { return std::exchange(changed_, false); }
-
 LivePanel::LivePanel(EventLoop& loop, Terminal& terminal, Player& player, double rate,
                      std::string badge, std::string title)
     : loop_(loop),
@@ -54,24 +38,20 @@ void LivePanel::redraw() {
 // Plays what is due, and sees to it that the next is played in time.
 void LivePanel::goOn() {
   playback_.catchUp(Playback::Clock::now());
-  showChanges();
+  const bool told = tellOfURLs();
+  if (watch_.takeChanged() || told || screen_.linesHaveChanged()) redraw();
   loop_.setWait(playback_.wait());
 }
 
-void LivePanel::showChanges() {
-  tellOfURLs();
-  if (watch_.takeChanged() || screen_.linesHaveChanged()) redraw();
-}
-
-void LivePanel::tellOfURLs() {
+bool LivePanel::tellOfURLs() {
   auto& requests = player_.widget().host().urls.requests;
-  if (requests.empty()) return;
+  if (requests.empty()) return false;
   const auto& url = requests.back();
   urls_ += static_cast<int>(requests.size());
   std::string message = urls_ == 1 ? "Open: " : stringWithFormat("Open %d: ", urls_);
   screen_.tell(message.append(url ? url->absoluteString() : "no valid URL"));
   requests.clear();
-  redraw();
+  return true;
 }
 
 void LivePanel::takeInput() {
@@ -81,8 +61,9 @@ void LivePanel::takeInput() {
     if (const auto* key = std::get_if<KeyPress>(&*input)) press(key->key);
     if (const auto* click = std::get_if<Click>(&*input)) touch(screen_.touchAt(*click));
   }
+  tellOfURLs();
   redraw();
-  goOn();
+  loop_.setWait(playback_.wait());
 }
 
 void LivePanel::press(char32_t key) {

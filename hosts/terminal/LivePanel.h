@@ -10,29 +10,9 @@
 #include "hosts/terminal/Player.h"
 #include "hosts/terminal/Terminal.h"
 #include "hosts/terminal/TodayScreen.h"
-#include "platform/UIView.h"
+#include "hosts/terminal/ViewWatch.h"
 
 namespace wayfell {
-
-/// Notices that some view of the panel has changed.
-class ViewWatch : public UIViewObserver {
- public:
-  explicit ViewWatch(const WidgetInterface& interface);
-  ~ViewWatch() override;
-  ViewWatch(const ViewWatch&) = delete;
-  ViewWatch& operator=(const ViewWatch&) = delete;
-
-  void viewDidChange(UIView& view) override;
-  /// A terminal has no picture between the first and the last one.
-  void viewDidAnimate(UIView& view, const UIViewAnimation& animation) override;
-
-  /// Whether one has changed since this was asked last.
-  bool takeChanged();
-
- private:
-  const WidgetInterface& interface_;
-  bool changed_ = false;
-};
 
 class LivePanel {
  public:
@@ -47,9 +27,8 @@ class LivePanel {
 
  private:
   void goOn();
+  bool tellOfURLs();
   void redraw();
-  void showChanges();
-  void tellOfURLs();
   void takeInput();
   void press(char32_t key);
   void touch(const std::optional<Touch>& touch);

@@ -21,6 +21,7 @@ constexpr int kLargePanel = 60;  // columns
 // What is kept beside the tape for the greatest heading, "6400 mils".
 constexpr int kHeadingColumns = 11;
 constexpr int kLargeHeadingColumns = 23;
+constexpr int kFormatColumns = 4;  // "MGRS"
 
 // Sections in the order in which they are given up, last first.
 enum class Rank { position, motion, compass, waypoint, controls, frame, track, address };
@@ -211,7 +212,8 @@ class Composer {
     }
 
     if (large_) {
-      const LargeText heading = largeText(label("headingLabel"));
+      const LargeText heading =
+          largeOrPlain(label("headingLabel"), kLargeHeadingColumns - kCellGap);
       std::array<PanelRow, kLargeRows> rows = {std::move(mark), std::move(window), PanelRow{}};
       for (std::size_t i = 0; i < rows.size(); ++i) {
         appendRight(rows[i], heading.rows[i], PanelStyle::value);
@@ -220,7 +222,7 @@ class Composer {
       return;
     }
     content(std::move(mark));
-    appendRight(window, label("headingLabel"), PanelStyle::value);
+    appendRight(window, fitted(label("headingLabel"), kHeadingColumns - 1), PanelStyle::value);
     content(std::move(window));
   }
 
@@ -239,14 +241,15 @@ class Composer {
     captions.resize(std::max(captions.size(), values.size()));
     values.resize(captions.size());
     for (std::size_t i = 0; i < captions.size(); ++i) {
-      const int column = std::max(kCaptionColumns, columnsOf(captions[i]) + 1);
-      content({{kLeft, captions[i], PanelStyle::caption, {}},
+      const std::string caption = fitted(captions[i], inner_ / 3);
+      const int column = std::max(kCaptionColumns, columnsOf(caption) + 1);
+      content({{kLeft, caption, PanelStyle::caption, {}},
                {kLeft + column, fitted(values[i], inner_ - column), PanelStyle::value, {}}});
     }
   }
 
   Cell cell(const std::string& name) const {
-    return {label(name + "NameLabel"), label(name + "Label")};
+    return {fitted(label(name + "NameLabel"), inner_ / 4), label(name + "Label")};
   }
 
   // Two captions with their values, side by side; room is kept free at the right end.
@@ -344,16 +347,18 @@ class Composer {
     for (std::size_t i = 0; i < control.numberOfSegments(); ++i) {
       const int segment = static_cast<int>(i);
       const bool chosen = control.selectedSegmentIndex() == segment;
-      const std::string title = printable(control.titleForSegmentAtIndex(i));
+      const std::string title =
+          fitted(printable(control.titleForSegmentAtIndex(i)), kFormatColumns);
       append(row, chosen ? between("‹", title, "›") : between(" ", title, " "),
              chosen ? PanelStyle::chosenFormat : PanelStyle::format,
              Touch{"coordinateControl", segment});
     }
     const std::string_view open = openLabelName(interface_);
-    const std::string button = between("[", label(open), "]");
+    const int room = inner_ - (end(row) - kLeft) - 1 - columnsOf("[] ▾");
+    const std::string button = between("[", fitted(label(open), room), "]");
     const bool expanded = interface_.view("toggleViewButton").transform().rotation != 0;
-    const int column = std::max(end(row) + 1, kLeft + inner_ - 2 - columnsOf(button));
-    row.push_back({column, button, PanelStyle::button, Touch{open}});
+    row.push_back(
+        {kLeft + inner_ - 2 - columnsOf(button), button, PanelStyle::button, Touch{open}});
     append(row, " ", PanelStyle::button);
     append(row, expanded ? "▾" : "▸", PanelStyle::button, Touch{"toggleViewButton"});
     content(std::move(row));

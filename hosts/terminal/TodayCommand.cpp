@@ -26,7 +26,7 @@ std::string titleOf(const RecordingChoice& choice) {
   return printable(std::filesystem::path(choice.file).filename().string());
 }
 
-void printOnce(Player& player, const RecordingChoice& choice) {
+int printOnce(Player& player, const RecordingChoice& choice) {
   player.advanceToFirstFix();
   Output output;
   for (const std::string& line :
@@ -34,7 +34,7 @@ void printOnce(Player& player, const RecordingChoice& choice) {
     output.line(line);
   }
   output.line((choice.demo ? "Demo: " : "Replay: ") + titleOf(choice));
-  output.finish(kDone);
+  return output.finish(kDone);
 }
 
 // Returns the signal that ended it, if one did.
@@ -57,20 +57,18 @@ std::optional<int> showLive(Player& player, const TodayCommand& command,
   return endedBy;
 }
 
-int show(const TodayCommand& command, bool live) {
-  ReplayedWidget widget;
-  command.recording.applySettings(widget);
+int show(ReplayedWidget& widget, const TodayCommand& command, bool live) {
   const ChosenRecording recording(command.recording, ChosenRecording::Slow::readAll);
   Player player(*recording, widget);
-  std::optional<int> signal;
+  int status = kDone;
   if (live) {
-    signal = showLive(player, command, (*recording).note());
+    const auto signal = showLive(player, command, (*recording).note());
+    if (signal) std::raise(*signal);
   } else {
-    printOnce(player, command.recording);
+    status = printOnce(player, command.recording);
   }
   if (player.fault()) throw InputError(*player.fault());
-  if (signal) std::raise(*signal);
-  return kDone;
+  return status;
 }
 
 }  // namespace
@@ -81,8 +79,15 @@ int runToday(const TodayCommand& command) {
     complain("standard input is the keyboard: the recording cannot come from it");
     return kBadUsage;
   }
+  ReplayedWidget widget;
   try {
-    return show(command, live);
+    command.recording.applySettings(widget);
+  } catch (const InputError& error) {
+    complain(error.what());
+    return kBadUsage;
+  }
+  try {
+    return show(widget, command, live);
   } catch (const InputError& error) {
     complain(command.recording.name() + ": " + error.what());
     return kBadInput;

@@ -104,7 +104,7 @@ void TodayScreen::draw() {
     drawPanel(panel);
   } else {
     height = std::min(1, *room.rows);
-    terminal_.put(0, left_ + 1, height > 0 ? "The panel is hidden." : "", {.dim = true});
+    terminal_.put(0, left_ + 2, height > 0 ? "The panel is hidden." : "", {.dim = true});
   }
   shownLines_ = lines();
   drawLines(height, panel);
@@ -123,8 +123,8 @@ void TodayScreen::drawPanel(const Panel& panel) {
 void TodayScreen::drawKeys(int rows) const {
   for (int row = 0; row < rows; ++row) {
     const KeyHelp& help = kKeyHelp[static_cast<std::size_t>(row)];
-    terminal_.put(row, left_ + 1, help.keys, {.bold = true});
-    terminal_.put(row, left_ + 1 + kKeyColumns, help.does);
+    terminal_.put(row, left_ + 2, help.keys, {.bold = true});
+    terminal_.put(row, left_ + 2 + kKeyColumns, help.does);
   }
 }
 

@@ -126,7 +126,8 @@ int run(int argc, char** argv) {
   try {
     app.parse(argc, argv);
     if (todayCommand->parsed() && today.recording.file.empty() && !today.recording.demo) {
-      throw CLI::RequiredError("--demo or --replay FILE (no live receiver is known here yet)");
+      throw CLI::ValidationError("today",
+                                 "there is no live receiver here yet: say --demo or --replay FILE");
     }
     if (replayCommand->parsed() && replay.recording.file.empty() && !replay.recording.demo) {
       throw CLI::RequiredError("FILE or --demo");

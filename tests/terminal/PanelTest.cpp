@@ -73,30 +73,39 @@ TEST(Panel, TheTapeSlidesEvenly) {
   }
 }
 
-// Every row fills its width, and its texts do not overlap.
+// Every row fills its width and its texts do not overlap, however long the values and, in other
+// languages, the captions are.
 TEST(Panel, RowsFillTheirWidth) {
-  ReplayedWidget widget;
-  widget.apply(event::WriteSuite{{{"widgetAddressString", PropertyValue(std::string(200, 'x'))},
-                                  {"hasWaypoint", PropertyValue(true)},
-                                  {"distance", PropertyValue(1e12)},
-                                  {"time", PropertyValue(1e9)}}});
-  widget.apply(event::Turn{heading(6)});
-  CLLocation far;
-  far.coordinate = {-89.123456789, -179.123456789};
-  far.altitude = -12345678;
-  far.horizontalAccuracy = 1;
-  widget.apply(event::Locate{{far}});
-  for (const int columns : {1, 40, 41, 59, 60, 64, 500}) {
-    for (const std::optional<int> rows : {std::optional<int>(), std::optional<int>(22)}) {
-      const Panel panel = composePanel(widget.interface(), {columns, rows}, "0:00:00");
-      EXPECT_EQ(panel.columns, std::min(64, std::max(40, columns)));
-      for (const PanelRow& row : panel.rows) {
-        int end = 0;
-        for (const PanelSpan& span : row) {
-          EXPECT_GE(span.column, end) << span.text << " in " << columns;
-          end = span.column + columnsOf(span.text);
+  for (const bool translated : {false, true}) {
+    ReplayedWidget widget;
+    if (translated) {
+      for (const char* key : {"Altitude", "Speed", "Pace", "Distance", "ETA", "Time", "Open", "Dm",
+                              "Latitude\nLongitude"}) {
+        widget.host().strings.translations[key] = "a long word in another language";
+      }
+    }
+    widget.apply(event::WriteSuite{{{"widgetAddressString", PropertyValue(std::string(200, 'x'))},
+                                    {"hasWaypoint", PropertyValue(true)},
+                                    {"distance", PropertyValue(1e12)},
+                                    {"time", PropertyValue(1e9)}}});
+    widget.apply(event::Turn{heading(1e30)});
+    CLLocation far;
+    far.coordinate = {-89.123456789, -179.123456789};
+    far.altitude = -12345678;
+    far.horizontalAccuracy = 1;
+    widget.apply(event::Locate{{far}});
+    for (const int columns : {1, 40, 41, 59, 60, 64, 500}) {
+      for (const std::optional<int> rows : {std::optional<int>(), std::optional<int>(22)}) {
+        const Panel panel = composePanel(widget.interface(), {columns, rows}, "0:00:00");
+        EXPECT_EQ(panel.columns, std::min(64, std::max(40, columns)));
+        for (const PanelRow& row : panel.rows) {
+          int end = 0;
+          for (const PanelSpan& span : row) {
+            EXPECT_GE(span.column, end) << span.text << " in " << columns;
+            end = span.column + columnsOf(span.text);
+          }
+          EXPECT_EQ(end, panel.columns) << row.at(1).text;
         }
-        EXPECT_EQ(end, panel.columns) << row.at(1).text;
       }
     }
   }

@@ -298,12 +298,18 @@ class NoTerminal(unittest.TestCase):
         self.assertEqual((done.returncode, done.stderr), (0, ""))
         self.assertEqual(done.stdout.rstrip().split("\n"), expected("printed"))
 
+    def test_a_terminal_that_cannot_place_texts_is_none(self):
+        for term in "dumb", "nobody-knows-this":
+            with Screen(["sh", "-c", shlex.join(walk()) + "; cat"], term=term) as screen:
+                screen.wait_for_lines(expected("printed"), "printed")
+
     def test_complains(self):
         for arguments, status, complaint in [
             ([], 2, "--demo or --replay FILE"),
             (["--demo", "--rate", "-1"], 2, "--rate"),
             (["--demo", "--rate", "nan"], 2, "--rate"),
             (["--demo", "--replay", "x"], 2, "--replay"),
+            (["--demo", "--suite", "units"], 2, "--suite"),
             (["--replay", "no/such/file"], 1, "No such file"),
             (["--replay", "/dev/null"], 1, "empty"),
         ]:

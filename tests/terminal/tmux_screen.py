@@ -1,10 +1,10 @@
 """A terminal of a fixed size in which a program runs: tmux, on a socket and server of its own."""
 
 import difflib
-import itertools
 import os
 import shlex
 import subprocess
+import tempfile
 import time
 
 # For what a program does at once; generous, because machines that test are busy.
@@ -26,12 +26,10 @@ class Screen:
     The program sees no more of the environment than PATH, TERM, LC_ALL and what is given.
     """
 
-    numbers = itertools.count()
-
     def __init__(self, command, columns=80, rows=24, term="xterm-256color", locale="C.UTF-8", **more):
         environment = {"PATH": os.environ["PATH"], "TERM": term, "LC_ALL": locale, **more}
         assignments = [f"{name}={value}" for name, value in environment.items()]
-        self.socket = f"wayfell-test-{os.getpid()}-{next(Screen.numbers)}"
+        self.folder = tempfile.TemporaryDirectory(prefix="wayfell-tmux-")
         self.tmux("-u", "new-session", "-d", "-x", str(columns), "-y", str(rows),
                   "exec " + shlex.join(["env", "-i", *assignments, *command]))
 
@@ -40,11 +38,13 @@ class Screen:
 
     def __exit__(self, *exception):
         self.tmux("kill-server", check=False)
+        self.folder.cleanup()
 
     def tmux(self, *arguments, check=True):
         environment = {**os.environ, "LC_ALL": "C.UTF-8"}
         environment.pop("TMUX", None)
-        done = subprocess.run(["tmux", "-L", self.socket, "-f", "/dev/null", *arguments],
+        done = subprocess.run(["tmux", "-S", f"{self.folder.name}/socket", "-f", "/dev/null",
+                               *arguments],
                               capture_output=True, text=True, env=environment, check=False)
         if check and done.returncode != 0:
             raise AssertionError(f"tmux {arguments}: {done.stderr}")
