@@ -5,11 +5,11 @@
 #include <unistd.h>
 
 #include <clocale>
-#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <stdexcept>
+#include <utility>
 
 #include "hosts/services/Utf8.h"
 #include "hosts/terminal/AsciiText.h"
@@ -22,7 +22,12 @@
 namespace wayfell {
 namespace {
 
-constexpr int kEscapeMilliseconds = 25;  // within which the rest of a key's sequence comes
+// Within which the rest of a key's sequence comes, over slow lines too.
+constexpr int kEscapeMilliseconds = 300;
+// Numbers for what introduces a report of the mouse, beyond those of keys. ncurses has its own way
+// with a mouse, in which getch() waits for more after some reports even if it is told not to.
+constexpr int kSgrReport = KEY_MAX + 1;
+constexpr int kX10Report = KEY_MAX + 2;
 
 // The locale of the environment tells what the terminal can show. One that names UTF-8 but is not
 // installed, as over ssh, still does.
@@ -81,6 +86,7 @@ Terminal::Terminal()
     : keyboard_(openKeyboard()),
       unicode_(localeIsUnicode()),
       rescue_(STDOUT_FILENO, Terminfo().rescueText()),
+      hasMouse_(Terminfo().hasMouse()),
       screen_(openScreen(keyboard_)),
       colors_(wantsColors() && has_colors()) {
   cbreak();
@@ -88,8 +94,11 @@ Terminal::Terminal()
   keypad(stdscr, TRUE);
   nodelay(stdscr, TRUE);
   curs_set(0);
-  mouseinterval(0);
-  mousemask(BUTTON1_PRESSED, nullptr);
+  if (hasMouse_) {
+    define_key(MouseReport::kSgrStart, kSgrReport);
+    define_key(MouseReport::kX10Start, kX10Report);
+  }
+  askForMouse(true);
   if (!colors_) return;
   start_color();
   use_default_colors();
@@ -99,7 +108,7 @@ Terminal::Terminal()
 }
 
 Terminal::~Terminal() {
-  endwin();
+  suspend();
   delscreen(screen_);
   if (keyboard_ != stdin) std::fclose(keyboard_);
 }
@@ -108,10 +117,18 @@ int Terminal::keyboard() const { return fileno(keyboard_); }
 
 std::optional<TerminalInput> Terminal::read() {
   for (int key = getch(); key != ERR; key = getch()) {
-    MEVENT mouse = {};
+    if (mouseReport_) {
+      if (!mouseReport_->take(key)) continue;
+      const auto click = std::exchange(mouseReport_, std::nullopt)->click();
+      if (click) return *click;
+      continue;
+    }
     switch (key) {
-      case KEY_MOUSE:
-        if (getmouse(&mouse) == OK) return Click{mouse.y, mouse.x};
+      case kSgrReport:
+        mouseReport_.emplace(MouseReport::Form::sgr);
+        break;
+      case kX10Report:
+        mouseReport_.emplace(MouseReport::Form::x10);
         break;
       case KEY_RIGHT:
         return KeyPress{kRightKey};
@@ -123,6 +140,13 @@ std::optional<TerminalInput> Terminal::read() {
     }
   }
   return std::nullopt;
+}
+
+void Terminal::askForMouse(bool on) const {
+  if (!hasMouse_) return;
+  const std::string_view text = on ? MouseReport::kOn : MouseReport::kOff;
+  std::fwrite(text.data(), 1, text.size(), stdout);
+  std::fflush(stdout);
 }
 
 int Terminal::rows() const { return getmaxy(stdscr); }
@@ -159,12 +183,16 @@ void Terminal::resize() {
   clearok(curscr, TRUE);  // the terminal may have moved what was on it
 }
 
-void Terminal::suspend() { endwin(); }
+void Terminal::suspend() {
+  askForMouse(false);
+  endwin();
+}
 
 void Terminal::resume() {
   resize();
   clearok(curscr, TRUE);
-  refresh();
+  refresh();  // which stops a program in the background
+  askForMouse(true);
 }
 
 }  // namespace wayfell

@@ -11,6 +11,7 @@
 #include <string_view>
 #include <variant>
 
+#include "hosts/terminal/MouseReport.h"
 #include "hosts/terminal/TerminalRescue.h"
 
 struct screen;  // of ncurses
@@ -27,17 +28,12 @@ struct TerminalLook {
   TerminalColor color = TerminalColor::none;
 };
 
-/// A character, or one of the two below.
+/// A character, or one of the two below it.
 struct KeyPress {
   char32_t key = 0;
 };
 inline constexpr char32_t kEnterKey = U'\n';
 inline constexpr char32_t kRightKey = U'→';
-/// With the left button.
-struct Click {
-  int row = 0;
-  int column = 0;
-};
 using TerminalInput = std::variant<KeyPress, Click>;
 
 class Terminal {
@@ -77,12 +73,15 @@ class Terminal {
 
  private:
   unsigned attributes(TerminalLook look) const;
+  void askForMouse(bool on) const;
 
   std::FILE* keyboard_;
   bool unicode_;
   TerminalRescue rescue_;
+  bool hasMouse_;
   screen* screen_;
   bool colors_;
+  std::optional<MouseReport> mouseReport_;  // that has begun
 };
 
 }  // namespace wayfell

@@ -5,6 +5,8 @@
 #include <optional>
 #include <string_view>
 
+#include "hosts/terminal/MouseReport.h"
+
 // Their macros have the names of much else, so they stay in here.
 #define NCURSES_NOMACROS
 #include <curses.h>
@@ -47,9 +49,11 @@ Terminfo::~Terminfo() {
 
 bool Terminfo::canPlaceText() const { return known_ && capability("cup"); }
 
+bool Terminfo::hasMouse() const { return known_ && capability("kmous"); }
+
 std::string Terminfo::rescueText() const {
   std::string text;
-  if (capability("kmous")) text += "\033[?1006l\033[?1000l";
+  if (hasMouse()) text += MouseReport::kOff;
   for (const char* name : {"sgr0", "op", "cnorm", "rmkx"}) {
     text += withoutPadding(capability(name).value_or(""));
   }

@@ -16,6 +16,7 @@ class Terminfo {
   /// Whether texts can be placed anywhere; false also when the database does not know the
   /// terminal, of which nothing else may be asked then.
   bool canPlaceText() const;
+  bool hasMouse() const;
   /// What brings the terminal back from whatever ncurses has made of it, for when there is no time
   /// to let ncurses do so.
   std::string rescueText() const;

@@ -171,6 +171,10 @@ class LivePanel(unittest.TestCase):
                                         (30, 16, "too-narrow"), (80, 24, "large")]:
                 screen.resize(columns, rows)
                 screen.wait_for_lines(expected(name), name)
+            for button in 0, 1, 2, 64, 65:  # none of which is to make it wait for more
+                screen.click(4, 4, button)
+            screen.resize(40, 16)
+            screen.wait_for_lines(expected("narrow"), "narrow")
             screen.resize(1, 1)
             screen.resize(500, 200)
             screen.wait_for_text("0-4 format")

@@ -88,10 +88,10 @@ class Screen:
         self.tmux("send-keys", "-l", text)
         self.keys("Enter")
 
-    def click(self, row, column):
-        """Presses and releases the left button, as xterm reports it (SGR)."""
+    def click(self, row, column, button=0):
+        """Presses and releases the left button, or another, as xterm reports it (SGR)."""
         for end in "Mm":
-            report = f"\033[<0;{column + 1};{row + 1}{end}"
+            report = f"\033[<{button};{column + 1};{row + 1}{end}"
             self.tmux("send-keys", "-H", *(f"{byte:02x}" for byte in report.encode()))
 
     def click_on(self, text):
