@@ -13,6 +13,7 @@
 #include "hosts/terminal/LivePanel.h"
 #include "hosts/terminal/Output.h"
 #include "hosts/terminal/PanelText.h"
+#include "hosts/terminal/PlayedScene.h"
 #include "hosts/terminal/Player.h"
 #include "hosts/terminal/Terminal.h"
 #include "hosts/terminal/TextWidth.h"
@@ -50,8 +51,9 @@ std::optional<int> showLive(Player& player, const TodayCommand& command,
     });
   }
   Terminal terminal;
-  LivePanel panel(loop, terminal, player, command.rate, command.recording.demo ? "DEMO" : "REPLAY",
-                  titleOf(command.recording));
+  PlayedScene scene(loop, player, command.rate, command.recording.demo ? "DEMO" : "REPLAY",
+                    titleOf(command.recording));
+  LivePanel panel(loop, terminal, scene);
   if (note) panel.tell(*note);
   panel.run();
   return endedBy;
