@@ -139,8 +139,8 @@ class AddressBook::Pages {
   Statement read_;
 };
 
-AddressBook::AddressBook(std::filesystem::path file, Warn warn)
-    : file_(std::move(file)), warn_(std::move(warn)) {}
+AddressBook::AddressBook(std::filesystem::path file, Missing missing, Warn warn)
+    : file_(std::move(file)), missing_(missing), warn_(std::move(warn)) {}
 
 AddressBook::~AddressBook() = default;
 
@@ -179,7 +179,7 @@ void AddressBook::takeUpFile() {
   seen_ = now;
   pages_.reset();
   if (!now) {
-    putAside("there is no address book");
+    if (missing_ == Missing::isWarnedAbout) putAside("there is no address book");
     return;
   }
   try {

@@ -1,7 +1,8 @@
 // Addresses near a position, out of a file on this computer.
 //
 // The file may be replaced while this is in use: the next lookup takes up the new one. A file that
-// is missing or cannot be used is warned about once, and lookups fail for as long as it stays so.
+// is missing (unless that is fine) or cannot be used is warned about once, and lookups fail for as
+// long as it stays so.
 #pragma once
 
 #include <filesystem>
@@ -25,7 +26,9 @@ class AddressBook : public AttributedGeocoder {
     double distance = 0;  ///< metres along a great circle, at most kRadius
   };
 
-  AddressBook(std::filesystem::path file, Warn warn);
+  enum class Missing { isWarnedAbout, isFine };
+
+  AddressBook(std::filesystem::path file, Missing missing, Warn warn);
   ~AddressBook() override;
 
   /// The nearest address; of several at one distance that which was imported first. None when none
@@ -51,6 +54,7 @@ class AddressBook : public AttributedGeocoder {
   void putAside(const std::string& why);
 
   std::filesystem::path file_;
+  Missing missing_;
   Warn warn_;
   bool looked_ = false;
   std::optional<Identity> seen_;  // of the file as last looked at; none when it was missing
