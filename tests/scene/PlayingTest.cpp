@@ -5,8 +5,8 @@
 #include "hosts/replay/InputError.h"
 #include "hosts/replay/Replay.h"
 #include "hosts/replay/Snapshot.h"
-#include "hosts/terminal/Playback.h"
-#include "hosts/terminal/Player.h"
+#include "hosts/scene/Playback.h"
+#include "hosts/scene/Player.h"
 
 namespace wayfell {
 namespace {

@@ -1,4 +1,4 @@
-#include "hosts/terminal/Player.h"
+#include "hosts/scene/Player.h"
 
 #include <algorithm>
 

@@ -4,7 +4,7 @@
 #include <chrono>
 #include <optional>
 
-#include "hosts/terminal/Player.h"
+#include "hosts/scene/Player.h"
 
 namespace wayfell {
 

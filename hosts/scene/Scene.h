@@ -1,4 +1,5 @@
-// What `wayfell today` has on its screen: the widget, and what the program itself says of it.
+// What a host has on its screen: the widget, and what the host itself says of it. The terminal and
+// the window show any.
 #pragma once
 
 #include <optional>
@@ -10,13 +11,13 @@
 
 namespace wayfell {
 
-class TodayScene {
+class Scene {
  public:
   struct Key {
     std::string_view keys;
     std::string_view does;
   };
-  /// The program's own lines. Nothing of them is part of the panel.
+  /// The host's own lines. Nothing of them is part of the panel.
   struct Lines {
     std::string badge;    ///< a word: what kind of scene it is
     std::string title;    ///< where what is shown comes from
@@ -25,7 +26,7 @@ class TodayScene {
     friend bool operator==(const Lines&, const Lines&) = default;
   };
 
-  virtual ~TodayScene() = default;
+  virtual ~Scene() = default;
 
   virtual const WidgetInterface& interface() const = 0;
   virtual bool onScreen() const = 0;

@@ -4,14 +4,14 @@
 #include <optional>
 #include <string>
 
+#include "hosts/scene/Playback.h"
+#include "hosts/scene/Player.h"
+#include "hosts/scene/Scene.h"
 #include "hosts/services/IoRunLoop.h"
-#include "hosts/terminal/Playback.h"
-#include "hosts/terminal/Player.h"
-#include "hosts/terminal/TodayScene.h"
 
 namespace wayfell {
 
-class PlayedScene : public TodayScene {
+class PlayedScene : public Scene {
  public:
   /// What is given must live on. `badge` and `title` say what is playing.
   PlayedScene(IoRunLoop& loop, Player& player, double rate, std::string badge, std::string title);

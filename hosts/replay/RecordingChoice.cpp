@@ -1,4 +1,4 @@
-#include "hosts/terminal/RecordingChoice.h"
+#include "hosts/replay/RecordingChoice.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>

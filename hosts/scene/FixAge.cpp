@@ -1,4 +1,4 @@
-#include "hosts/terminal/FixAge.h"
+#include "hosts/scene/FixAge.h"
 
 #include <cmath>
 

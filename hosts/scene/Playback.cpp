@@ -1,4 +1,4 @@
-#include "hosts/terminal/Playback.h"
+#include "hosts/scene/Playback.h"
 
 #include <algorithm>
 #include <array>

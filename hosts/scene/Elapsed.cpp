@@ -1,4 +1,4 @@
-#include "hosts/terminal/Elapsed.h"
+#include "hosts/scene/Elapsed.h"
 
 #include "platform/NSString.h"
 #include "platform/Numbers.h"

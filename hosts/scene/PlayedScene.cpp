@@ -1,11 +1,11 @@
-#include "hosts/terminal/PlayedScene.h"
+#include "hosts/scene/PlayedScene.h"
 
 #include <chrono>
 #include <utility>
 
-#include "hosts/terminal/Elapsed.h"
-#include "hosts/terminal/FixAge.h"
-#include "hosts/terminal/Terminal.h"
+#include "hosts/scene/Elapsed.h"
+#include "hosts/scene/FixAge.h"
+#include "hosts/scene/Keys.h"
 #include "platform/NSString.h"
 
 namespace wayfell {
@@ -47,7 +47,7 @@ void PlayedScene::disappear() { player_.act(event::Disappear{}); }
 void PlayedScene::tap(std::string_view view) { player_.act(event::Tap{std::string(view)}); }
 void PlayedScene::pickSegment(int segment) { player_.act(event::PickSegment{segment}); }
 
-TodayScene::Lines PlayedScene::lines() const {
+Scene::Lines PlayedScene::lines() const {
   Lines lines{badge_, title_, elapsedText(player_.elapsed()), {}};
   if (player_.ended()) {
     lines.state += "  ended";
@@ -69,7 +69,7 @@ std::optional<std::string> PlayedScene::takeNews() {
   return news.append(url ? url->absoluteString() : "no valid URL");
 }
 
-std::vector<TodayScene::Key> PlayedScene::keys() const {
+std::vector<Scene::Key> PlayedScene::keys() const {
   return {{"space", "pause or go on"},
           {". or right", "one second on, in a pause"},
           {"+ and -", "faster and slower"}};
