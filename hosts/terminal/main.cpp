@@ -1,5 +1,5 @@
-// The command line of wayfell. It and ToolOptions alone know the library that reads it, which is
-// slow to build.
+// The command line of wayfell. It, AddressOptions and ToolOptions alone know the library that reads
+// it, which is slow to build.
 
 #include <CLI/CLI.hpp>
 #include <cmath>
@@ -9,6 +9,7 @@
 
 #include "hosts/replay/Replay.h"
 #include "hosts/scene/Playback.h"
+#include "hosts/terminal/AddressOptions.h"
 #include "hosts/terminal/Output.h"
 #include "hosts/terminal/ReplayCommand.h"
 #include "hosts/terminal/TodayCommand.h"
@@ -120,6 +121,7 @@ int run(int argc, char** argv) {
   wayfell::ReplayCommand replay;
   const CLI::App* replayCommand = addReplay(app, replay);
   const wayfell::ToolOptions tools(app);
+  const wayfell::AddressOptions addresses(app);
   for (CLI::App* command : app.get_subcommands(nullptr)) {
     command->set_version_flag("--version", kVersion);
   }
@@ -136,6 +138,7 @@ int run(int argc, char** argv) {
     return app.exit(error) == 0 ? wayfell::kDone : wayfell::kBadUsage;
   }
   if (const auto status = tools.run()) return *status;
+  if (const auto status = addresses.run()) return *status;
   return todayCommand->parsed() ? wayfell::runToday(today) : wayfell::runReplay(replay);
 }
 
