@@ -21,18 +21,6 @@ constexpr std::size_t kWord = 4;  // bytes
 
 [[noreturn]] void refuse(const std::string& reason) { throw std::runtime_error(reason); }
 
-std::string contentsOf(const std::filesystem::path& file) {
-  if (!std::filesystem::is_regular_file(file)) refuse("it is not a file");
-  const std::uintmax_t size = std::filesystem::file_size(file);
-  if (size > kLargestFile) refuse("it is larger than 4 MiB");
-  std::ifstream stream(file, std::ios::binary);
-  if (!stream) refuse("it cannot be read: " + std::system_category().message(errno));
-  std::string contents(static_cast<std::size_t>(size), '\0');
-  stream.read(contents.data(), static_cast<std::streamsize>(size));
-  contents.resize(static_cast<std::size_t>(stream.gcount()));
-  return contents;
-}
-
 bool isPrime(std::uint32_t number) {
   for (std::uint32_t divisor = 2; divisor <= number / divisor; ++divisor) {
     if (number % divisor == 0) return false;
@@ -145,9 +133,20 @@ class Catalogue {
 
 }  // namespace
 
-std::vector<std::string> keysOfSoundCatalogue(const std::filesystem::path& file) {
-  const std::string contents = contentsOf(file);
-  return Catalogue(contents).keys();
+std::string bytesOfCatalogue(const std::filesystem::path& file) {
+  if (!std::filesystem::is_regular_file(file)) refuse("it is not a file");
+  const std::uintmax_t size = std::filesystem::file_size(file);
+  if (size > kLargestFile) refuse("it is larger than 4 MiB");
+  std::ifstream stream(file, std::ios::binary);
+  if (!stream) refuse("it cannot be read: " + std::system_category().message(errno));
+  std::string bytes(static_cast<std::size_t>(size), '\0');
+  stream.read(bytes.data(), static_cast<std::streamsize>(size));
+  bytes.resize(static_cast<std::size_t>(stream.gcount()));
+  return bytes;
+}
+
+std::vector<std::string> keysOfSoundCatalogue(std::string_view bytes) {
+  return Catalogue(bytes).keys();
 }
 
 }  // namespace wayfell

@@ -148,7 +148,7 @@ void GettextTable::read(const std::filesystem::path& folder, const std::string& 
     std::error_code error;
     if (!std::filesystem::exists(file, error)) continue;
     try {
-      catalogues.push_back({file, keysOfSoundCatalogue(file)});
+      catalogues.push_back({file, keysOfSoundCatalogue(bytesOfCatalogue(file))});
     } catch (const std::runtime_error& reason) {
       warn_(file.string() + ": " + reason.what() + ", so this catalogue is not used");
       sound = false;
