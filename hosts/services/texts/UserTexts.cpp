@@ -47,6 +47,7 @@ std::filesystem::path catalogueFolder() {
   if (std::string folder = environment("WAYFELL_LOCALEDIR"); !folder.empty()) return folder;
   std::error_code error;
   const auto program = std::filesystem::read_symlink("/proc/self/exe", error);
+  if (error) return "/usr/share/locale";
   auto beside = program.parent_path() / "share" / "locale";
   if (std::filesystem::is_directory(beside, error)) return beside;
   return program.parent_path().parent_path() / "share" / "locale";
