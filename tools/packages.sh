@@ -4,7 +4,7 @@
 BUILD_PACKAGES=(
   g++ cmake ninja-build gettext
   libgps-dev libncurses-dev libuv1-dev libpugixml-dev nlohmann-json3-dev libcli11-dev
-  libsqlite3-dev
+  libsqlite3-dev libcurl4-openssl-dev
   libgtest-dev libgmock-dev libbenchmark-dev python3
 )
 

@@ -4,9 +4,11 @@
 #include <utility>
 #include <variant>
 
+#include "hosts/scene/Keys.h"
+
 namespace wayfell {
 
-LivePanel::LivePanel(EventLoop& loop, Terminal& terminal, TodayScene& scene)
+LivePanel::LivePanel(EventLoop& loop, Terminal& terminal, Scene& scene)
     : loop_(loop),
       terminal_(terminal),
       scene_(scene),

@@ -4,9 +4,9 @@
 #include <optional>
 #include <string>
 
+#include "hosts/scene/Scene.h"
 #include "hosts/terminal/EventLoop.h"
 #include "hosts/terminal/Terminal.h"
-#include "hosts/terminal/TodayScene.h"
 #include "hosts/terminal/TodayScreen.h"
 #include "hosts/terminal/ViewWatch.h"
 
@@ -15,7 +15,7 @@ namespace wayfell {
 class LivePanel {
  public:
   /// What is given must live on.
-  LivePanel(EventLoop& loop, Terminal& terminal, TodayScene& scene);
+  LivePanel(EventLoop& loop, Terminal& terminal, Scene& scene);
 
   /// Something to tell until the first key.
   void tell(std::string message) { screen_.tell(std::move(message)); }
@@ -34,7 +34,7 @@ class LivePanel {
 
   EventLoop& loop_;
   Terminal& terminal_;
-  TodayScene& scene_;
+  Scene& scene_;
   ViewWatch watch_;
   TodayScreen screen_;
 };

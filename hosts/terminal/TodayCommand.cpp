@@ -8,13 +8,13 @@
 #include <string>
 
 #include "hosts/replay/InputError.h"
-#include "hosts/terminal/Elapsed.h"
+#include "hosts/scene/Elapsed.h"
+#include "hosts/scene/PlayedScene.h"
+#include "hosts/scene/Player.h"
 #include "hosts/terminal/EventLoop.h"
 #include "hosts/terminal/LivePanel.h"
 #include "hosts/terminal/Output.h"
 #include "hosts/terminal/PanelText.h"
-#include "hosts/terminal/PlayedScene.h"
-#include "hosts/terminal/Player.h"
 #include "hosts/terminal/Terminal.h"
 #include "hosts/terminal/TextWidth.h"
 

@@ -1,7 +1,7 @@
 // `wayfell today`: the live panel in a terminal, on a recording.
 #pragma once
 
-#include "hosts/terminal/RecordingChoice.h"
+#include "hosts/replay/RecordingChoice.h"
 
 namespace wayfell {
 

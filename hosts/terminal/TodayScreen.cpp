@@ -11,11 +11,11 @@ namespace {
 constexpr int kLines = 2;
 constexpr int kKeyColumns = 15;
 
-std::vector<TodayScene::Key> allKeys(const TodayScene& scene) {
-  std::vector<TodayScene::Key> keys = {{"0 to 4", "format of the position"},
-                                       {"t, Tab, Enter", "expanded or compact"},
-                                       {"o", "open the app"},
-                                       {"h", "hide or show the panel"}};
+std::vector<Scene::Key> allKeys(const Scene& scene) {
+  std::vector<Scene::Key> keys = {{"0 to 4", "format of the position"},
+                                  {"t, Tab, Enter", "expanded or compact"},
+                                  {"o", "open the app"},
+                                  {"h", "hide or show the panel"}};
   const auto more = scene.keys();
   keys.insert(keys.end(), more.begin(), more.end());
   keys.push_back({"?", "these keys; any key goes back"});
@@ -79,9 +79,9 @@ void TodayScreen::drawPanel(const Panel& panel) {
   rows_ = panel.rows;
 }
 
-void TodayScreen::drawKeys(const std::vector<TodayScene::Key>& keys, int rows) const {
+void TodayScreen::drawKeys(const std::vector<Scene::Key>& keys, int rows) const {
   for (int row = 0; row < rows; ++row) {
-    const TodayScene::Key& key = keys[static_cast<std::size_t>(row)];
+    const Scene::Key& key = keys[static_cast<std::size_t>(row)];
     terminal_.put(row, left_ + 2, key.keys, {.bold = true});
     terminal_.put(row, left_ + 2 + kKeyColumns, key.does);
   }

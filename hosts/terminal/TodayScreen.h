@@ -6,15 +6,15 @@
 #include <string>
 #include <vector>
 
+#include "hosts/scene/Scene.h"
 #include "hosts/terminal/Panel.h"
 #include "hosts/terminal/Terminal.h"
-#include "hosts/terminal/TodayScene.h"
 
 namespace wayfell {
 
 class TodayScreen {
  public:
-  TodayScreen(Terminal& terminal, const TodayScene& scene) : terminal_(terminal), scene_(scene) {}
+  TodayScreen(Terminal& terminal, const Scene& scene) : terminal_(terminal), scene_(scene) {}
 
   /// Draws everything; the terminal writes what differs.
   void draw();
@@ -32,14 +32,14 @@ class TodayScreen {
  private:
   std::string message(const Panel& panel, int columns) const;
   void drawPanel(const Panel& panel);
-  void drawKeys(const std::vector<TodayScene::Key>& keys, int rows) const;
+  void drawKeys(const std::vector<Scene::Key>& keys, int rows) const;
   void drawLines(int row, const Panel& panel) const;
 
   Terminal& terminal_;
-  const TodayScene& scene_;
+  const Scene& scene_;
   std::string message_;
   bool showsKeys_ = false;
-  TodayScene::Lines shownLines_;
+  Scene::Lines shownLines_;
   int left_ = 0;                // the panel's first column
   std::vector<PanelRow> rows_;  // what can be clicked on
 };

@@ -8,8 +8,8 @@
 #include <exception>
 
 #include "hosts/replay/Replay.h"
+#include "hosts/scene/Playback.h"
 #include "hosts/terminal/Output.h"
-#include "hosts/terminal/Playback.h"
 #include "hosts/terminal/ReplayCommand.h"
 #include "hosts/terminal/TodayCommand.h"
 #include "hosts/terminal/ToolOptions.h"
