@@ -35,9 +35,10 @@ struct StoredValue {
 /// "integer", "boolean", "real", "text", "date", "data", "list" or "dictionary".
 std::string_view typeName(const PropertyValue& value);
 
+/// Throws BadValue for what nests deeper than 200 lists and dictionaries.
 StoredValue encode(const PropertyValue& value);
-/// Throws BadValue for a type that is none, a value that does not fit its type, JSON that is none
-/// or has a null in it, and what nests deeper than 200 lists and dictionaries.
+/// Throws BadValue for that too, and for a type that is none, a value that does not fit its type,
+/// and JSON that is none or has a null in it.
 PropertyValue decode(std::string_view type, Column value);
 
 /// A text may be a column of its own, or must be written as bytes: those with a NUL in them and
