@@ -246,7 +246,8 @@ TEST_F(StoreCommandsTest, TakesWaypointsOfGpxFiles) {
   write("open.gpx", "<gpx>\n<wpt>");
 
   done({"waypoint", "set", "--gpx", path("huts.gpx"), "--name", "Upper hut"});
-  EXPECT_THAT(saved(kSuite), HasSubstr("waypointLatitude real 46.5\nwaypointLongitude real 8.25\n"));
+  EXPECT_THAT(saved(kSuite),
+              HasSubstr("waypointLatitude real 46.5\nwaypointLongitude real 8.25\n"));
   done({"waypoint", "set", "--gpx", path("one.gpx")});
   EXPECT_THAT(saved(kSuite), HasSubstr("waypointLatitude real -1.0\nwaypointLongitude real 2.0\n"));
   EXPECT_EQ(wayfell({"waypoint", "set", "--gpx", "-"}, one).status, 0);
@@ -263,7 +264,9 @@ TEST_F(StoreCommandsTest, TakesWaypointsOfGpxFiles) {
   const Case cases[] = {
       {"huts.gpx", {"--name", "Spring"}, "several waypoints have the name \"Spring\""},
       {"huts.gpx", {"--name", "Spring"}, springs},
-      {"huts.gpx", {"--name", "spring"}, "no waypoint has the name \"spring\"; there are\n" + springs},
+      {"huts.gpx",
+       {"--name", "spring"},
+       "no waypoint has the name \"spring\"; there are\n" + springs},
       {"huts.gpx", {"--name", "Peak"}, "\"Upper hut\"\n" + springs},
       {"huts.gpx", {}, "--name"},
       {"huts.gpx", {}, springs + "  waypoint 4  3.00000000 4.00000000  without a name\n"},
@@ -291,8 +294,8 @@ TEST_F(StoreCommandsTest, PublishesTheTrack) {
     std::string seconds;
   };
   const Case cases[] = {
-      {"1234.5", "901", "1234.5", "901.0"},  {"1.25km", "15:01", "1250.0", "901.0"},
-      {"10mi", "1:02:03", "16093.44", "3723.0"}, {"2 nm", "0", "3704.0", "0.0"},
+      {"1234.5", "901", "1234.5", "901.0"},           {"1.25km", "15:01", "1250.0", "901.0"},
+      {"10mi", "1:02:03", "16093.44", "3723.0"},      {"2 nm", "0", "3704.0", "0.0"},
       {"1e3 ft", "100:00:00.5", "304.8", "360000.5"}, {"0", "59:59", "0.0", "3599.0"},
   };
   for (const Case& c : cases) {
