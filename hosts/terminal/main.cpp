@@ -1,4 +1,4 @@
-// The command line of wayfell. It, StoreOptions and ToolOptions alone know the library that reads
+// The command line of wayfell. It and the sources named ...Options alone know the library that reads
 // it, which is slow to build.
 
 #include <CLI/CLI.hpp>
@@ -9,6 +9,7 @@
 
 #include "hosts/replay/Replay.h"
 #include "hosts/scene/Playback.h"
+#include "hosts/terminal/AddressOptions.h"
 #include "hosts/terminal/Output.h"
 #include "hosts/terminal/ReplayCommand.h"
 #include "hosts/terminal/StoreOptions.h"
@@ -122,6 +123,7 @@ int run(int argc, char** argv) {
   const CLI::App* replayCommand = addReplay(app, replay);
   const wayfell::StoreOptions stores(app);
   const wayfell::ToolOptions tools(app);
+  const wayfell::AddressOptions addresses(app);
   for (CLI::App* command : app.get_subcommands(nullptr)) {
     command->set_version_flag("--version", kVersion);
   }
@@ -139,6 +141,7 @@ int run(int argc, char** argv) {
   }
   if (const auto status = stores.run()) return *status;
   if (const auto status = tools.run()) return *status;
+  if (const auto status = addresses.run()) return *status;
   return todayCommand->parsed() ? wayfell::runToday(today) : wayfell::runReplay(replay);
 }
 
