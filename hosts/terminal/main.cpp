@@ -1,4 +1,4 @@
-// The command line of wayfell. It, AddressOptions and ToolOptions alone know the library that reads
+// The command line of wayfell. It and the sources named ...Options alone know the library that reads
 // it, which is slow to build.
 
 #include <CLI/CLI.hpp>
@@ -12,6 +12,7 @@
 #include "hosts/terminal/AddressOptions.h"
 #include "hosts/terminal/Output.h"
 #include "hosts/terminal/ReplayCommand.h"
+#include "hosts/terminal/StoreOptions.h"
 #include "hosts/terminal/TodayCommand.h"
 #include "hosts/terminal/ToolOptions.h"
 
@@ -120,6 +121,7 @@ int run(int argc, char** argv) {
   const CLI::App* todayCommand = addToday(app, today);
   wayfell::ReplayCommand replay;
   const CLI::App* replayCommand = addReplay(app, replay);
+  const wayfell::StoreOptions stores(app);
   const wayfell::ToolOptions tools(app);
   const wayfell::AddressOptions addresses(app);
   for (CLI::App* command : app.get_subcommands(nullptr)) {
@@ -137,6 +139,7 @@ int run(int argc, char** argv) {
   } catch (const CLI::ParseError& error) {
     return app.exit(error) == 0 ? wayfell::kDone : wayfell::kBadUsage;
   }
+  if (const auto status = stores.run()) return *status;
   if (const auto status = tools.run()) return *status;
   if (const auto status = addresses.run()) return *status;
   return todayCommand->parsed() ? wayfell::runToday(today) : wayfell::runReplay(replay);
