@@ -177,8 +177,8 @@ TEST_F(Gpsd, ReadsLinesHoweverTheyArriveAndPassesOverTheRest) {
   manager->startUpdatingLocation();
   runUntilConnected();
   const std::string text =
-      fixAt(10, 1) + "{\"class\":\"TPV\",\"mode\":3,\"lat\":\n" + std::string(3, '\0') + "\xFF\n\n" +
-      R"({"class":"TPV","mode":2,"devices":[{"class":"DEVICE","path":"x"}]})" + "\n" +
+      fixAt(10, 1) + "{\"class\":\"TPV\",\"mode\":3,\"lat\":\n" + std::string(3, '\0') +
+      "\xFF\n\n" + R"({"class":"TPV","mode":2,"devices":[{"class":"DEVICE","path":"x"}]})" + "\n" +
       R"({"class":"DEVICES","devices":[[[)" + "\n" + fixAt(11, 2) + R"({"class":"TPV","x":")" +
       std::string(300000, 'x') + "\"}\n" + fixAt(12, 3) + R"({"class":"SKY","satellites":[)" +
       std::string(20000, '[') + "\n" + fixAt(13, 4);
@@ -309,8 +309,8 @@ TEST_F(Gpsd, AnswersAProbe) {
     LoopbackServer probed(other, greeting);
     port = probed.port();
     std::thread thread([&] { other.run(); });
-    const bool found = gpsdAnswers(loopback(port), std::chrono::milliseconds(
-                                                       greeting.empty() ? 50 : 20000));
+    const bool found =
+        gpsdAnswers(loopback(port), std::chrono::milliseconds(greeting.empty() ? 50 : 20000));
     other.perform([&] { other.stop(); });
     thread.join();
     return found;
