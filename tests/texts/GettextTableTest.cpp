@@ -78,7 +78,7 @@ TEST_F(GettextTableTest, ASpoiltCatalogueIsNotUsedNorWhatGettextWouldTakeForIt) 
   translate("de", {{"Open", "Öffnen"}});
   translate("fr", {{"Open", "Ouvrir"}});
   write(catalogueIn(folder_.path, "de_AT"), "no catalogue at all, but longer than its header");
-  const GettextTable strings = table({"de_AT", "fr"});
+  const GettextTable strings = table({"de_AT", "de_AT", "fr"});
   EXPECT_EQ(strings.find("Open"), "Ouvrir");
   EXPECT_THAT(warnings_,
               ElementsAre(catalogueIn(folder_.path, "de_AT").string() +
@@ -132,6 +132,20 @@ TEST_F(GettextTableTest, WhatIsOddButHarmlessIsShown) {
   EXPECT_EQ(strings.find("%d m"), "%1$ld Min");
   // Bounded where it is filled in: one digit, the point and 400 more.
   EXPECT_EQ(stringWithFormat(*strings.find("%0.0f m"), 1.0).size(), 402U);
+  EXPECT_THAT(warnings_, IsEmpty());
+}
+
+// gettext compiles the rule for plurals when it opens the file.
+TEST_F(GettextTableTest, ARuleForPluralsThatNeverEndsEnds) {
+  const char* const pieces[] = {"(", "!", "n+", "n?", "n?n:", "1 ", "%"};
+  char last = 'a';
+  for (const std::string piece : pieces) {
+    std::string rule = "Content-Type: text/plain; charset=UTF-8\nPlural-Forms: nplurals=9; plural=";
+    while (rule.size() < 4000) rule += piece;
+    const std::string language = {'x', last++};
+    translate(language, {{"", rule + "n;\n"}, {"Open", "Auf"}});
+    EXPECT_EQ(table({language}).find("Open"), "Auf") << piece;
+  }
   EXPECT_THAT(warnings_, IsEmpty());
 }
 
