@@ -135,16 +135,21 @@ TEST_F(GettextTableTest, WhatIsOddButHarmlessIsShown) {
   EXPECT_THAT(warnings_, IsEmpty());
 }
 
-// gettext compiles the rule for plurals when it opens the file.
-TEST_F(GettextTableTest, ARuleForPluralsThatNeverEndsEnds) {
-  const char* const pieces[] = {"(", "!", "n+", "n?", "n?n:", "1 ", "%"};
+// gettext compiles the rule for plurals when it opens the file, by recursion.
+TEST_F(GettextTableTest, ALongRuleForPluralsIsCompiled) {
+  const auto times = [](int count, const std::string& piece) {
+    std::string text;
+    while (count-- > 0) text += piece;
+    return text;
+  };
   char last = 'a';
-  for (const std::string piece : pieces) {
-    std::string rule = "Content-Type: text/plain; charset=UTF-8\nPlural-Forms: nplurals=9; plural=";
-    while (rule.size() < 4000) rule += piece;
+  for (const std::string& rule : {times(1900, "(") + 'n' + times(1900, ")"), times(3900, "!") + 'n',
+                                  times(1900, "n+") + 'n', times(900, "n?n:") + 'n'}) {
     const std::string language = {'x', last++};
-    translate(language, {{"", rule + "n;\n"}, {"Open", "Auf"}});
-    EXPECT_EQ(table({language}).find("Open"), "Auf") << piece;
+    translate(language,
+              {{"", std::string(kHeader) + "Plural-Forms: nplurals=9; plural=" + rule + ";\n"},
+               {"Open", "Auf"}});
+    EXPECT_EQ(table({language}).find("Open"), "Auf") << rule;
   }
   EXPECT_THAT(warnings_, IsEmpty());
 }
