@@ -13,8 +13,6 @@
 namespace wayfell {
 namespace {
 
-constexpr std::string_view kSharedSuite = "group.org.wayfell.Wayfell";
-
 constexpr double kCompactHeight = 78;    // points
 constexpr double kExpandedHeight = 286;  // points
 constexpr double kQuarterTurn = 1.5707963267948966;

@@ -47,7 +47,7 @@ bool AddressCsv::next(AddressRow& row) {
   setPart(row.city, field(kCity), "CITY");
   if (row.city.empty()) setPart(row.city, field(kDistrict), "DISTRICT");
   setPart(row.region, field(kRegion), "REGION");
-  checkRow(row);
+  checkPosition(row);
   return true;
 }
 

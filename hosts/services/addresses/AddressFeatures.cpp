@@ -62,7 +62,7 @@ void readFeature(Value feature, AddressRow& row) {
   readPart(row.city, properties, "city");
   if (row.city.empty()) readPart(row.city, properties, "district");
   readPart(row.region, properties, "region");
-  checkRow(row);
+  checkPosition(row);
 }
 
 }  // namespace

@@ -13,9 +13,9 @@ namespace wayfell {
 class AddressFile {
  public:
   virtual ~AddressFile() = default;
-  /// Reads the next row; false at the end. Throws std::invalid_argument, saying what is wrong, for
-  /// a row that is no address, after which the next can be read; InputError for a file that cannot
-  /// be read any further.
+  /// Reads the next row, which may have a position and nothing else; false at the end. Throws
+  /// std::invalid_argument, saying what is wrong, for a row that cannot be read, after which the
+  /// next one can be; InputError for a file that cannot be read any further.
   virtual bool next(AddressRow& row) = 0;
   /// Where the row read last begins, counted from 1.
   virtual std::size_t line() const = 0;

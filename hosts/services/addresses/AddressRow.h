@@ -16,6 +16,11 @@ struct AddressRow {
   std::string street;
   std::string city;
   std::string region;
+
+  /// Some rows have a position and nothing else.
+  bool isEmpty() const {
+    return number.empty() && street.empty() && city.empty() && region.empty();
+  }
 };
 
 }  // namespace wayfell

@@ -38,12 +38,9 @@ void setPart(std::string& part, std::string_view text, std::string_view name) {
   }
 }
 
-void checkRow(const AddressRow& row) {
+void checkPosition(const AddressRow& row) {
   checkDegrees(row.latitude, 90, "latitude");
   checkDegrees(row.longitude, 180, "longitude");
-  if (row.number.empty() && row.street.empty() && row.city.empty() && row.region.empty()) {
-    throw std::invalid_argument("a position without an address");
-  }
 }
 
 }  // namespace wayfell

@@ -12,7 +12,7 @@ namespace wayfell {
 /// words and none around. Throws std::invalid_argument for one that is too long or not UTF-8.
 void setPart(std::string& part, std::string_view text, std::string_view name);
 
-/// Throws std::invalid_argument for a position that is none, and for a row without any text.
-void checkRow(const AddressRow& row);
+/// Throws std::invalid_argument for a position that is none.
+void checkPosition(const AddressRow& row);
 
 }  // namespace wayfell
