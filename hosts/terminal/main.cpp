@@ -1,5 +1,5 @@
-// The command line of wayfell. It and ToolOptions alone know the library that reads it, which is
-// slow to build.
+// The command line of wayfell. It and the sources named ...Options alone know the library that reads
+// it, which is slow to build.
 
 #include <CLI/CLI.hpp>
 #include <cmath>
@@ -9,8 +9,10 @@
 
 #include "hosts/replay/Replay.h"
 #include "hosts/scene/Playback.h"
+#include "hosts/terminal/AddressOptions.h"
 #include "hosts/terminal/Output.h"
 #include "hosts/terminal/ReplayCommand.h"
+#include "hosts/terminal/StoreOptions.h"
 #include "hosts/terminal/TodayCommand.h"
 #include "hosts/terminal/ToolOptions.h"
 
@@ -119,7 +121,9 @@ int run(int argc, char** argv) {
   const CLI::App* todayCommand = addToday(app, today);
   wayfell::ReplayCommand replay;
   const CLI::App* replayCommand = addReplay(app, replay);
+  const wayfell::StoreOptions stores(app);
   const wayfell::ToolOptions tools(app);
+  const wayfell::AddressOptions addresses(app);
   for (CLI::App* command : app.get_subcommands(nullptr)) {
     command->set_version_flag("--version", kVersion);
   }
@@ -135,7 +139,9 @@ int run(int argc, char** argv) {
   } catch (const CLI::ParseError& error) {
     return app.exit(error) == 0 ? wayfell::kDone : wayfell::kBadUsage;
   }
+  if (const auto status = stores.run()) return *status;
   if (const auto status = tools.run()) return *status;
+  if (const auto status = addresses.run()) return *status;
   return todayCommand->parsed() ? wayfell::runToday(today) : wayfell::runReplay(replay);
 }
 

@@ -63,6 +63,12 @@ std::int64_t Database::integer(const char* sql) {
   return statement.step() ? statement.integer(0) : 0;
 }
 
+void Database::waitForLocks(std::chrono::milliseconds longest) {
+  sqlite3_busy_timeout(handle(), static_cast<int>(longest.count()));
+}
+
+bool Database::writable() const { return sqlite3_db_readonly(handle(), "main") == 0; }
+
 int Database::changes() const { return sqlite3_changes(handle()); }
 
 void Statement::Finalize::operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
@@ -150,7 +156,12 @@ std::int64_t Statement::integer(int column) const {
 
 double Statement::real(int column) const { return sqlite3_column_double(statement_.get(), column); }
 
-std::string_view Statement::text(int column) const { return bytes(column); }
+std::string_view Statement::text(int column) const {
+  // Asked for first, so that a database in UTF-16 counts its bytes in UTF-8.
+  const unsigned char* const data = sqlite3_column_text(statement_.get(), column);
+  const auto size = static_cast<std::size_t>(sqlite3_column_bytes(statement_.get(), column));
+  return {reinterpret_cast<const char*>(data), size};
+}
 
 std::string_view Statement::bytes(int column) const {
   const auto* const data = static_cast<const char*>(sqlite3_column_blob(statement_.get(), column));

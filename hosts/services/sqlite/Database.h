@@ -6,6 +6,7 @@
 //   insert.bind(1, "units").bind(2, std::int64_t{1}).run();
 #pragma once
 
+#include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
@@ -47,6 +48,10 @@ class Database {
   void execute(const char* sql);
   /// The one integer that a query gives.
   std::int64_t integer(const char* sql);
+  /// How long to wait for what another program has locked; ten seconds at first.
+  void waitForLocks(std::chrono::milliseconds longest);
+  /// Whether the file itself lets us write; asking to does not always make it so.
+  bool writable() const;
   /// Of the last statement.
   int changes() const;
   sqlite3* handle() const { return handle_.get(); }
