@@ -1,5 +1,5 @@
-// The command line of wayfell. It and the sources named ...Options alone know the library that reads
-// it, which is slow to build.
+// The command line of wayfell. It and the sources named ...Options alone know the library that
+// reads it, which is slow to build.
 
 #include <CLI/CLI.hpp>
 #include <cmath>

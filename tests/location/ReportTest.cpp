@@ -64,8 +64,8 @@ TEST(GpsdFix, HasACourseOnlyWhileItMoves) {
 }
 
 TEST(GpsdDecoder, ReadsHeadings) {
-  // At Zurich compasses point east of true north (magnetic field calculator of NOAA: 3 degrees in
-  // 2024), where gpsd 3.22 writes 2.6; at Lisbon they point west of it.
+  // At Zurich compasses point some 3 degrees east of true north, and gpsd 3.22 writes 2.6 there:
+  // what it writes is positive to the east, and the magnetic heading is the smaller one.
   struct Case {
     const char* variation;
     const char* fields;
