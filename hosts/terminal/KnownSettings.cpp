@@ -105,8 +105,8 @@ const KnownSetting* knownSetting(std::string_view key) {
 }
 
 std::string meaningOf(const KnownSetting& setting, const PropertyValue& value) {
-  const std::int64_t number =
-      setting.kind == Kind::boolean ? std::int64_t{value.boolValue()} : value.integerValue();
+  const bool yes = value.boolValue();
+  const std::int64_t number = setting.kind != Kind::boolean ? value.integerValue() : yes ? 1 : 0;
   const bool named = number >= 0 && number < std::ssize(setting.numbers);
   const std::string_view name = named ? setting.numbers[static_cast<std::size_t>(number)] : "";
   return std::string(name.empty() ? setting.about : name);
