@@ -1,6 +1,7 @@
 #include "hosts/terminal/KnownSettings.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstddef>
 #include <iterator>
 #include <variant>
@@ -86,8 +87,8 @@ std::string rangeOf(const KnownSetting& setting) {
   }
   if (!range.empty()) return range;
   const std::string lowest = shortestText(setting.lowest);
-  const bool open = setting.greatest == KnownSetting{}.greatest;
-  return open ? lowest + " and more" : lowest + " to " + shortestText(setting.greatest);
+  if (std::isinf(setting.greatest)) return lowest + " and more";
+  return lowest + " to " + shortestText(setting.greatest);
 }
 
 bool isDatum(std::string_view name) {

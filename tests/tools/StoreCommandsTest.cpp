@@ -2,8 +2,8 @@
 // saved is read by Python, which knows nothing of how they did it.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <stdlib.h>
 
+#include <cstdlib>
 #include <filesystem>
 
 #include "Program.h"
