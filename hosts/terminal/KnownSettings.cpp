@@ -122,7 +122,7 @@ std::optional<std::string> misfitOf(const KnownSetting& setting, const PropertyV
     return "\"wayfell datums\" lists no such name";
   }
   const double number = value.doubleValue();
-  if (number < setting.lowest || number > setting.greatest) {
+  if (!(number >= setting.lowest && number <= setting.greatest)) {
     return "the widget knows only " + rangeOf(setting);
   }
   return std::nullopt;
