@@ -7,62 +7,29 @@ namespace wayfell {
 
 RunLoop::TimerId SimulatedRunLoop::scheduleTimer(double interval, bool repeats,
                                                  std::function<void()> action) {
-  const double start = now_.timeIntervalSinceReferenceDate;
-  timers_.emplace(++lastId_,
-                  Timer{start, interval, repeats, 0, start + interval, std::move(action)});
-  return lastId_;
+  return timers_.schedule(now_.timeIntervalSinceReferenceDate, interval, repeats,
+                          std::move(action));
 }
 
-void SimulatedRunLoop::cancelTimer(TimerId timer) {
-  // The action may own what is running just now: it goes only after the map is in order again.
-  const auto ended = timers_.extract(timer);
-}
-
-void SimulatedRunLoop::cancelAllTimers() { const Timers ended = std::exchange(timers_, {}); }
-
-SimulatedRunLoop::Timers::iterator SimulatedRunLoop::nextDue() {
-  // min_element gives the first of equals, which is the one created first.
-  return std::min_element(timers_.begin(), timers_.end(), isDueBefore);
-}
+void SimulatedRunLoop::cancelTimer(TimerId timer) { timers_.cancel(timer); }
 
 std::optional<NSDate> SimulatedRunLoop::nextDueDate() const {
-  const auto next = std::min_element(timers_.begin(), timers_.end(), isDueBefore);
-  if (next == timers_.end()) return std::nullopt;
-  return NSDate{next->second.due};
+  const auto due = timers_.nextDue();
+  return due ? std::optional(NSDate{*due}) : std::nullopt;
 }
 
 void SimulatedRunLoop::advanceTo(NSDate date) {
-  for (auto next = nextDue();
-       next != timers_.end() && next->second.due <= date.timeIntervalSinceReferenceDate;
-       next = nextDue()) {
-    Timer& timer = next->second;
-    now_.timeIntervalSinceReferenceDate = std::max(now_.timeIntervalSinceReferenceDate, timer.due);
-    if (timer.repeats) {
-      timer.firings += 1;
-      timer.due = timer.start + (timer.firings + 1) * timer.interval;
-      // Out of the map while it runs, because the action may cancel its own timer.
-      const TimerId id = next->first;
-      auto action = std::move(timer.action);
-      action();
-      const auto again = timers_.find(id);
-      if (again != timers_.end()) again->second.action = std::move(action);
-    } else {
-      const auto ended = timers_.extract(next);
-      ended.mapped().action();
-    }
+  double& now = now_.timeIntervalSinceReferenceDate;
+  for (auto due = timers_.nextDue(); due && *due <= date.timeIntervalSinceReferenceDate;
+       due = timers_.nextDue()) {
+    now = std::max(now, *due);
+    timers_.fireNext(*due);
   }
-  now_.timeIntervalSinceReferenceDate =
-      std::max(now_.timeIntervalSinceReferenceDate, date.timeIntervalSinceReferenceDate);
+  now = std::max(now, date.timeIntervalSinceReferenceDate);
 }
 
 void SimulatedRunLoop::advanceBy(double seconds) {
   advanceTo({now_.timeIntervalSinceReferenceDate + seconds});
-}
-
-std::size_t SimulatedRunLoop::timersWithInterval(double interval) const {
-  return static_cast<std::size_t>(
-      std::count_if(timers_.begin(), timers_.end(),
-                    [interval](const auto& entry) { return entry.second.interval == interval; }));
 }
 
 const PropertyValue* MemoryStore::find(std::string_view key) const {

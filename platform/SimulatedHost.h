@@ -11,6 +11,7 @@
 #include "platform/CLHeading.h"
 #include "platform/CLLocationManager.h"
 #include "platform/Host.h"
+#include "platform/TimerQueue.h"
 
 namespace wayfell {
 
@@ -23,7 +24,7 @@ class SimulatedRunLoop : public RunLoop, public Clock {
   void cancelTimer(TimerId timer) override;
   NSDate now() const override { return now_; }
 
-  void cancelAllTimers();
+  void cancelAllTimers() { timers_.cancelAll(); }
 
   /// Sets the clock; for before the first timer.
   void startAt(NSDate start) { now_ = start; }
@@ -34,26 +35,13 @@ class SimulatedRunLoop : public RunLoop, public Clock {
   /// When the next timer fires; none without timers.
   std::optional<NSDate> nextDueDate() const;
 
-  std::size_t timersWithInterval(double interval) const;
+  std::size_t timersWithInterval(double interval) const {
+    return timers_.countWithInterval(interval);
+  }
 
  private:
-  struct Timer {
-    double start;  // reference-date seconds
-    double interval;
-    bool repeats;
-    double firings;  // so far
-    double due;
-    std::function<void()> action;
-  };
-  using Timers = std::map<TimerId, Timer>;
-  static bool isDueBefore(const Timers::value_type& a, const Timers::value_type& b) {
-    return a.second.due < b.second.due;
-  }
-  Timers::iterator nextDue();
-
   NSDate now_;
-  Timers timers_;  // ids grow, so their order is the order of creation
-  TimerId lastId_ = 0;
+  TimerQueue timers_;
 };
 
 class MemoryStore : public KeyValueStore {
@@ -141,6 +129,8 @@ class SimulatedHost : public Host {
   SimulatedLocationSource location;
   SimulatedGeocoder geocoder;
   MemoryStringTable strings;
+  /// In place of `strings`, for a replay that someone watches in a language of their own.
+  const StringTable* translations = &strings;
   RecordingUrlOpener urls;
   /// Whether the host has each store at all.
   bool hasLocal = true;
@@ -156,7 +146,7 @@ class SimulatedHost : public Host {
   KeyValueStore* ubiquitousDefaults() override { return hasCloud ? &cloud : nullptr; }
   LocationSource& locationSource() override { return location; }
   ReverseGeocoder& reverseGeocoder() override { return geocoder; }
-  const StringTable& stringTable() override { return strings; }
+  const StringTable& stringTable() override { return *translations; }
   UrlOpener& urlOpener() override { return urls; }
 };
 

@@ -2,9 +2,9 @@
 
 # To build everything, tests and benchmarks included, and to run it.
 BUILD_PACKAGES=(
-  g++ cmake ninja-build
+  g++ cmake ninja-build gettext
   libgps-dev libncurses-dev libuv1-dev libpugixml-dev nlohmann-json3-dev libcli11-dev
-  libsqlite3-dev
+  libsqlite3-dev libcurl4-openssl-dev
   libgtest-dev libgmock-dev libbenchmark-dev python3
 )
 

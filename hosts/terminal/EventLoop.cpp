@@ -4,8 +4,11 @@
 #include <unistd.h>
 #include <uv.h>
 
+#include <algorithm>
 #include <cerrno>
+#include <cmath>
 #include <csignal>
+#include <map>
 #include <system_error>
 #include <utility>
 
@@ -15,24 +18,27 @@ namespace {
 constexpr const char* kInput = "waiting for input";
 constexpr const char* kSignals = "waiting for signals";
 
+constexpr double kTimerSlack = 0.010;    // seconds
+constexpr double kLongestSleep = 86400;  // seconds
+
 void check(int result, const char* what) {
   if (result < 0) throw std::system_error(-result, std::generic_category(), what);
 }
 
-// What tells that a descriptor is readable. libuv makes what it watches non-blocking, for all who
+// What tells that a terminal has input. libuv makes what it watches non-blocking, for all who
 // have it open; a terminal is shared with the shell and must not become so.
-class Readiness {
+class InputReadiness {
  public:
-  explicit Readiness(int descriptor) : epoll_(epoll_create1(EPOLL_CLOEXEC)) {
+  explicit InputReadiness(int descriptor) : epoll_(epoll_create1(EPOLL_CLOEXEC)) {
     epoll_event event = {};
     event.events = EPOLLIN;
     if (epoll_ < 0 || epoll_ctl(epoll_, EPOLL_CTL_ADD, descriptor, &event) != 0) {
       check(-errno, kInput);
     }
   }
-  ~Readiness() { close(epoll_); }
-  Readiness(const Readiness&) = delete;
-  Readiness& operator=(const Readiness&) = delete;
+  ~InputReadiness() { close(epoll_); }
+  InputReadiness(const InputReadiness&) = delete;
+  InputReadiness& operator=(const InputReadiness&) = delete;
 
   int descriptor() const { return epoll_; }
   // Whether there never will be anything to read again.
@@ -45,6 +51,9 @@ class Readiness {
   int epoll_;
 };
 
+// Since whenever libuv counts from, as of when it last looked.
+double seconds(const uv_loop_t& loop) { return static_cast<double>(uv_now(&loop)) / 1000; }
+
 bool isIgnored(int signal) {
   struct sigaction action = {};
   return sigaction(signal, nullptr, &action) == 0 && action.sa_handler == SIG_IGN;
@@ -55,11 +64,31 @@ bool isIgnored(int signal) {
 // libuv knows them by their addresses until they are closed.
 struct EventLoop::Watchers {
   struct Input {
-    Readiness readiness;
+    InputReadiness readiness;
     EventLoop* loop;
     Handler readable;
     Handler gone;
     uv_poll_t handle = {};
+  };
+  struct Descriptor {
+    EventLoop* loop;
+    int events;
+    std::function<void(IoRunLoop::Readiness)> action;
+    uv_poll_t handle = {};
+
+    void start() {
+      const auto call = [](uv_poll_t* watcher, int status, int happened) {
+        auto* self = static_cast<Descriptor*>(watcher->data);
+        // After a failure libuv stops to watch, and leaves it to the watcher to find out.
+        if (status < 0) happened = self->events;
+        self->loop->guard([self, happened] {
+          self->action({(happened & UV_READABLE) != 0, (happened & UV_WRITABLE) != 0});
+        });
+        if (status < 0 && uv_is_closing(self->asHandle()) == 0) self->start();
+      };
+      check(uv_poll_start(&handle, events, call), kInput);
+    }
+    uv_handle_t* asHandle() { return reinterpret_cast<uv_handle_t*>(&handle); }
   };
   struct Signal {
     EventLoop* loop;
@@ -75,36 +104,117 @@ struct EventLoop::Watchers {
       check(uv_signal_start(&handle, call, number), kSignals);
     }
   };
-  struct Wait {
-    EventLoop* loop = nullptr;
-    Handler handler;
-    uv_timer_t handle = {};
-  };
 
   std::vector<std::unique_ptr<Input>> inputs;
+  std::map<WatchId, std::unique_ptr<Descriptor>> descriptors;
+  WatchId lastWatch = 0;
   std::vector<std::unique_ptr<Signal>> signals;
-  Wait wait;
+  uv_timer_t timer = {};
+  uv_prepare_t turnEnd = {};
+  uv_async_t performed = {};
 };
 
 EventLoop::EventLoop()
     : loop_(std::make_unique<uv_loop_t>()), watchers_(std::make_unique<Watchers>()) {
   check(uv_loop_init(loop_.get()), "the event loop");
-  Watchers::Wait& wait = watchers_->wait;
-  wait.loop = this;
-  uv_timer_init(loop_.get(), &wait.handle);
-  wait.handle.data = &wait;
+  uv_timer_init(loop_.get(), &watchers_->timer);
+  uv_prepare_init(loop_.get(), &watchers_->turnEnd);
+  check(uv_async_init(
+            loop_.get(), &watchers_->performed,
+            [](uv_async_t* watcher) { static_cast<EventLoop*>(watcher->data)->performPending(); }),
+        "the event loop");
+  watchers_->timer.data = watchers_->turnEnd.data = watchers_->performed.data = this;
+  uv_prepare_start(&watchers_->turnEnd, [](uv_prepare_t* watcher) {
+    static_cast<EventLoop*>(watcher->data)->endTurn();
+  });
 }
 
 EventLoop::~EventLoop() {
-  const auto close = [](uv_handle_t* handle, void*) { uv_close(handle, nullptr); };
+  timers_.cancelAll();
+  const auto close = [](uv_handle_t* handle, void*) {
+    if (uv_is_closing(handle) == 0) uv_close(handle, nullptr);
+  };
   uv_walk(loop_.get(), close, nullptr);
   uv_run(loop_.get(), UV_RUN_DEFAULT);
   uv_loop_close(loop_.get());
 }
 
-void EventLoop::onReadable(int descriptor, Handler readable, Handler gone) {
+RunLoop::TimerId EventLoop::scheduleTimer(double interval, bool repeats,
+                                          std::function<void()> action) {
+  uv_update_time(loop_.get());
+  return timers_.schedule(seconds(*loop_), interval, repeats, std::move(action));
+}
+
+// Each that is due fires once, those that fall due meanwhile in the next turn.
+void EventLoop::fireTimers() {
+  const double now = seconds(*loop_);
+  for (auto due = timers_.nextDue(); due && *due <= now; due = timers_.nextDue()) {
+    guard([this, now] { timers_.fireNext(now); });
+  }
+}
+
+void EventLoop::sleepUntilTimer() {
+  const auto due = timers_.nextDue();
+  if (!due) {
+    uv_timer_stop(&watchers_->timer);
+    return;
+  }
+  uv_update_time(loop_.get());
+  const double wait = std::clamp(*due - seconds(*loop_) + kTimerSlack, 0.0, kLongestSleep);
+  uv_timer_start(
+      &watchers_->timer,
+      [](uv_timer_t* timer) { static_cast<EventLoop*>(timer->data)->fireTimers(); },
+      static_cast<std::uint64_t>(std::ceil(wait * 1000)), 0);
+}
+
+void EventLoop::endTurn() {
+  if (turnEnd_) guard(turnEnd_);
+  ++turn_;
+  sleepUntilTimer();
+}
+
+IoRunLoop::WatchId EventLoop::watch(int descriptor, IoRunLoop::Readiness awaited,
+                                    std::function<void(IoRunLoop::Readiness)> action) {
+  const int events = (awaited.readable ? UV_READABLE : 0) | (awaited.writable ? UV_WRITABLE : 0);
+  std::unique_ptr<Watchers::Descriptor> watcher(
+      new Watchers::Descriptor{this, events, std::move(action)});
+  check(uv_poll_init(loop_.get(), &watcher->handle, descriptor), kInput);
+  watcher->handle.data = watcher.get();
+  const WatchId id = ++watchers_->lastWatch;
+  Watchers::Descriptor& started = *watcher;
+  watchers_->descriptors.emplace(id, std::move(watcher));
+  started.start();
+  return id;
+}
+
+void EventLoop::unwatch(WatchId watch) {
+  auto ended = watchers_->descriptors.extract(watch);
+  if (!ended) return;
+  Watchers::Descriptor* const watcher = ended.mapped().release();
+  uv_close(watcher->asHandle(),
+           [](uv_handle_t* handle) { delete static_cast<Watchers::Descriptor*>(handle->data); });
+}
+
+void EventLoop::perform(std::function<void()> action) {
+  {
+    const std::lock_guard lock(pendingMutex_);
+    pending_.push_back(std::move(action));
+  }
+  uv_async_send(&watchers_->performed);
+}
+
+void EventLoop::performPending() {
+  std::vector<Handler> actions;
+  {
+    const std::lock_guard lock(pendingMutex_);
+    actions.swap(pending_);
+  }
+  for (const Handler& action : actions) guard(action);
+}
+
+void EventLoop::onInput(int descriptor, Handler readable, Handler gone) {
   std::unique_ptr<Watchers::Input> input(
-      new Watchers::Input{Readiness(descriptor), this, std::move(readable), std::move(gone)});
+      new Watchers::Input{InputReadiness(descriptor), this, std::move(readable), std::move(gone)});
   check(uv_poll_init(loop_.get(), &input->handle, input->readiness.descriptor()), kInput);
   input->handle.data = input.get();
   const auto call = [](uv_poll_t* watcher, int /*status*/, int /*events*/) {
@@ -122,24 +232,6 @@ void EventLoop::onSignal(int signal, Handler handler) {
   watcher->handle.data = watcher.get();
   watcher->start();
   watchers_->signals.push_back(std::move(watcher));
-}
-
-void EventLoop::onWaited(Handler handler) { watchers_->wait.handler = std::move(handler); }
-
-void EventLoop::setWait(std::optional<std::chrono::milliseconds> wait) {
-  Watchers::Wait& waiting = watchers_->wait;
-  if (!wait) {
-    uv_timer_stop(&waiting.handle);
-    return;
-  }
-  const auto call = [](uv_timer_t* timer) {
-    const auto* self = static_cast<const Watchers::Wait*>(timer->data);
-    self->loop->guard(self->handler);
-  };
-  // The loop counts whole milliseconds from when it last looked at the clock. One more, for a wait
-  // never to end early and have to be set again.
-  uv_update_time(loop_.get());
-  uv_timer_start(&waiting.handle, call, static_cast<std::uint64_t>(wait->count()) + 1, 0);
 }
 
 void EventLoop::raiseDefault(int signal) {

@@ -4,21 +4,19 @@
 #include <utility>
 #include <variant>
 
-#include "platform/NSString.h"
+#include "hosts/scene/Keys.h"
 
 namespace wayfell {
 
-LivePanel::LivePanel(EventLoop& loop, Terminal& terminal, Player& player, double rate,
-                     std::string badge, std::string title)
+LivePanel::LivePanel(EventLoop& loop, Terminal& terminal, Scene& scene)
     : loop_(loop),
       terminal_(terminal),
-      player_(player),
-      playback_(player, rate, Playback::Clock::now()),
-      watch_(player.widget().interface()),
-      screen_(terminal, player, playback_, std::move(badge), std::move(title)) {
-  loop_.onReadable(
+      scene_(scene),
+      watch_(scene.interface()),
+      screen_(terminal, scene) {
+  loop_.onInput(
       terminal_.keyboard(), [this] { takeInput(); }, [this] { loop_.stop(); });
-  loop_.onWaited([this] { goOn(); });
+  loop_.onTurnEnd([this] { showChanges(); });
   loop_.onSignal(SIGWINCH, [this] { resize(); });
   loop_.onSignal(SIGTSTP, [this] { stopForNow(); });
   loop_.onSignal(SIGCONT, [this] { resume(); });
@@ -26,7 +24,6 @@ LivePanel::LivePanel(EventLoop& loop, Terminal& terminal, Player& player, double
 
 void LivePanel::run() {
   redraw();
-  loop_.setWait(playback_.wait());
   loop_.run();
 }
 
@@ -35,35 +32,22 @@ void LivePanel::redraw() {
   screen_.draw();
 }
 
-// Plays what is due, and sees to it that the next is played in time.
-void LivePanel::goOn() {
-  playback_.catchUp(Playback::Clock::now());
-  const bool told = tellOfURLs();
-  if (watch_.takeChanged() || told || screen_.linesHaveChanged()) redraw();
-  loop_.setWait(playback_.wait());
-}
-
-bool LivePanel::tellOfURLs() {
-  auto& requests = player_.widget().host().urls.requests;
-  if (requests.empty()) return false;
-  const auto& url = requests.back();
-  urls_ += static_cast<int>(requests.size());
-  std::string message = urls_ == 1 ? "Open: " : stringWithFormat("Open %d: ", urls_);
-  screen_.tell(message.append(url ? url->absoluteString() : "no valid URL"));
-  requests.clear();
-  return true;
+void LivePanel::showChanges() {
+  scene_.settle();
+  const auto news = scene_.takeNews();
+  if (news) screen_.tell(*news);
+  if (watch_.takeChanged() || news || screen_.linesHaveChanged()) redraw();
 }
 
 void LivePanel::takeInput() {
-  playback_.catchUp(Playback::Clock::now());
+  scene_.catchUp();
   while (const auto input = terminal_.read()) {
     screen_.tell("");
     if (const auto* key = std::get_if<KeyPress>(&*input)) press(key->key);
     if (const auto* click = std::get_if<Click>(&*input)) touch(screen_.touchAt(*click));
   }
-  tellOfURLs();
+  if (const auto news = scene_.takeNews()) screen_.tell(*news);
   redraw();
-  loop_.setWait(playback_.wait());
 }
 
 void LivePanel::press(char32_t key) {
@@ -80,35 +64,25 @@ void LivePanel::press(char32_t key) {
     case kEnterKey:
       return touch(Touch{"toggleViewButton"});
     case U'o':
-      return touch(Touch{openLabelName(player_.widget().interface())});
+      return touch(Touch{openLabelName(scene_.interface())});
     case U'h':
-      return player_.onScreen() ? player_.act(event::Disappear{}) : player_.act(event::Appear{});
-    case U' ':
-      return playback_.togglePause();
-    case U'.':
-    case kRightKey:
-      if (playback_.paused()) playback_.step();
-      return;
-    case U'+':
-      return playback_.faster();
-    case U'-':
-      return playback_.slower();
+      return scene_.onScreen() ? scene_.disappear() : scene_.appear();
     case U'?':
       return screen_.toggleKeys();
     case U'q':
       return loop_.stop();
     default:
-      return;
+      return scene_.press(key);
   }
 }
 
 // What is hidden cannot be touched.
 void LivePanel::touch(const std::optional<Touch>& touch) {
-  if (!touch || !player_.onScreen()) return;
+  if (!touch || !scene_.onScreen()) return;
   if (touch->view == "coordinateControl") {
-    player_.act(event::PickSegment{touch->segment});
+    scene_.pickSegment(touch->segment);
   } else {
-    player_.act(event::Tap{std::string(touch->view)});
+    scene_.tap(touch->view);
   }
 }
 
@@ -118,11 +92,11 @@ void LivePanel::resize() {
 }
 
 void LivePanel::stopForNow() {
-  playback_.catchUp(Playback::Clock::now());
+  scene_.catchUp();
   terminal_.suspend();
   loop_.raiseDefault(SIGTSTP);
   resume();
-  playback_.skipTo(Playback::Clock::now());
+  scene_.resume();
 }
 
 void LivePanel::resume() {

@@ -1,13 +1,11 @@
-// The panel on a terminal while a recording plays: what the user types and clicks, and when what is
-// played and drawn.
+// A scene on a terminal: what the user types and clicks, and when it is drawn anew.
 #pragma once
 
 #include <optional>
 #include <string>
 
+#include "hosts/scene/Scene.h"
 #include "hosts/terminal/EventLoop.h"
-#include "hosts/terminal/Playback.h"
-#include "hosts/terminal/Player.h"
 #include "hosts/terminal/Terminal.h"
 #include "hosts/terminal/TodayScreen.h"
 #include "hosts/terminal/ViewWatch.h"
@@ -16,9 +14,8 @@ namespace wayfell {
 
 class LivePanel {
  public:
-  /// What is given must live on. `badge` and `title` say what is playing.
-  LivePanel(EventLoop& loop, Terminal& terminal, Player& player, double rate, std::string badge,
-            std::string title);
+  /// What is given must live on.
+  LivePanel(EventLoop& loop, Terminal& terminal, Scene& scene);
 
   /// Something to tell until the first key.
   void tell(std::string message) { screen_.tell(std::move(message)); }
@@ -26,8 +23,7 @@ class LivePanel {
   void run();
 
  private:
-  void goOn();
-  bool tellOfURLs();
+  void showChanges();
   void redraw();
   void takeInput();
   void press(char32_t key);
@@ -38,11 +34,9 @@ class LivePanel {
 
   EventLoop& loop_;
   Terminal& terminal_;
-  Player& player_;
-  Playback playback_;
+  Scene& scene_;
   ViewWatch watch_;
   TodayScreen screen_;
-  int urls_ = 0;  // asked for so far
 };
 
 }  // namespace wayfell

@@ -6,7 +6,7 @@
 #include "hosts/replay/Recording.h"
 #include "hosts/replay/Replay.h"
 #include "hosts/replay/Snapshot.h"
-#include "hosts/terminal/Elapsed.h"
+#include "hosts/scene/Elapsed.h"
 #include "hosts/terminal/Output.h"
 #include "hosts/terminal/PanelText.h"
 #include "hosts/terminal/Progress.h"

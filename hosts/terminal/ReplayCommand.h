@@ -4,7 +4,7 @@
 
 #include <optional>
 
-#include "hosts/terminal/RecordingChoice.h"
+#include "hosts/replay/RecordingChoice.h"
 
 namespace wayfell {
 

@@ -11,6 +11,7 @@
 #include <stdexcept>
 #include <utility>
 
+#include "hosts/scene/Keys.h"
 #include "hosts/services/Utf8.h"
 #include "hosts/terminal/AsciiText.h"
 #include "hosts/terminal/Terminfo.h"

@@ -32,8 +32,6 @@ struct TerminalLook {
 struct KeyPress {
   char32_t key = 0;
 };
-inline constexpr char32_t kEnterKey = U'\n';
-inline constexpr char32_t kRightKey = U'→';
 using TerminalInput = std::variant<KeyPress, Click>;
 
 class Terminal {

@@ -1,42 +1,29 @@
 #include "hosts/terminal/TodayScreen.h"
 
 #include <algorithm>
-#include <array>
-#include <cmath>
 #include <string_view>
-#include <utility>
 
-#include "hosts/terminal/Elapsed.h"
 #include "hosts/terminal/TextWidth.h"
-#include "platform/NSString.h"
 
 namespace wayfell {
 namespace {
 
-constexpr int kLines = 2;
-constexpr double kFreshSeconds = 5;  // a fix that is no older needs no mention
+// Those of the scene, below the panel.
+int rowsOf(const Scene::Lines& lines) { return lines.credit.empty() ? 2 : 3; }
 
-struct KeyHelp {
-  std::string_view keys;
-  std::string_view does;
-};
-constexpr std::array kKeyHelp = {
-    KeyHelp{"0 to 4", "format of the position"},
-    KeyHelp{"t, Tab, Enter", "expanded or compact"},
-    KeyHelp{"o", "open the app"},
-    KeyHelp{"h", "hide or show the panel"},
-    KeyHelp{"space", "pause or go on"},
-    KeyHelp{". or right", "one second on, in a pause"},
-    KeyHelp{"+ and -", "faster and slower"},
-    KeyHelp{"?", "these keys; any key goes back"},
-    KeyHelp{"q", "quit"},
-};
 constexpr int kKeyColumns = 15;
 
-// The longest that fits is shown.
-constexpr std::array<std::string_view, 3> kHints = {
-    "0-4 format  t layout  h hide  space pause  ? keys  q quit",
-    "t layout  space pause  ? keys  q quit", "? keys  q quit"};
+std::vector<Scene::Key> allKeys(const Scene& scene) {
+  std::vector<Scene::Key> keys = {{"0 to 4", "format of the position"},
+                                  {"t, Tab, Enter", "expanded or compact"},
+                                  {"o", "open the app"},
+                                  {"h", "hide or show the panel"}};
+  const auto more = scene.keys();
+  keys.insert(keys.end(), more.begin(), more.end());
+  keys.push_back({"?", "these keys; any key goes back"});
+  keys.push_back({"q", "quit"});
+  return keys;
+}
 
 TerminalLook lookOf(PanelStyle style) {
   switch (style) {
@@ -60,53 +47,27 @@ TerminalLook lookOf(PanelStyle style) {
 
 }  // namespace
 
-TodayScreen::TodayScreen(Terminal& terminal, const Player& player, const Playback& playback,
-                         std::string badge, std::string title)
-    : terminal_(terminal),
-      player_(player),
-      playback_(playback),
-      badge_(std::move(badge)),
-      title_(std::move(title)) {}
-
-TodayScreen::Lines TodayScreen::lines() const {
-  Lines lines;
-  lines.playing = elapsedText(player_.elapsed());
-  if (player_.ended()) {
-    lines.playing += "  ended";
-  } else {
-    if (playback_.paused()) lines.playing += "  paused";
-    if (playback_.rate() != 1) lines.playing += "  ×" + shortestText(playback_.rate());
-  }
-  const auto& fix = player_.widget().controller().currentLocation;
-  if (!fix) {
-    lines.age = "no fix yet";
-  } else if (const double age = NSDate{player_.now()}.timeIntervalSinceDate(fix->timestamp);
-             age > kFreshSeconds) {
-    lines.age = "fix " + shortestText(std::floor(age)) + " s old";
-  }
-  return lines;
-}
-
-bool TodayScreen::linesHaveChanged() const { return lines() != shownLines_; }
+bool TodayScreen::linesHaveChanged() const { return scene_.lines() != shownLines_; }
 
 void TodayScreen::draw() {
-  const PanelRoom room{terminal_.columns(), std::max(0, terminal_.rows() - kLines),
+  shownLines_ = scene_.lines();
+  const PanelRoom room{terminal_.columns(), std::max(0, terminal_.rows() - rowsOf(shownLines_)),
                        terminal_.unicode()};
-  Panel panel = composePanel(player_.widget().interface(), room, "");
+  Panel panel = composePanel(scene_.interface(), room, "");
   left_ = std::max(0, (terminal_.columns() - panel.columns) / 2);
   terminal_.clear();
   rows_.clear();
   int height = static_cast<int>(panel.rows.size());
   if (showsKeys_) {
-    height = std::min(static_cast<int>(kKeyHelp.size()), *room.rows);
-    drawKeys(height);
-  } else if (player_.onScreen()) {
+    const auto keys = allKeys(scene_);
+    height = std::min(static_cast<int>(keys.size()), *room.rows);
+    drawKeys(keys, height);
+  } else if (scene_.onScreen()) {
     drawPanel(panel);
   } else {
     height = std::min(1, *room.rows);
     terminal_.put(0, left_ + 2, height > 0 ? "The panel is hidden." : "", {.dim = true});
   }
-  shownLines_ = lines();
   drawLines(height, panel);
   terminal_.show();
 }
@@ -120,19 +81,19 @@ void TodayScreen::drawPanel(const Panel& panel) {
   rows_ = panel.rows;
 }
 
-void TodayScreen::drawKeys(int rows) const {
+void TodayScreen::drawKeys(const std::vector<Scene::Key>& keys, int rows) const {
   for (int row = 0; row < rows; ++row) {
-    const KeyHelp& help = kKeyHelp[static_cast<std::size_t>(row)];
-    terminal_.put(row, left_ + 2, help.keys, {.bold = true});
-    terminal_.put(row, left_ + 2 + kKeyColumns, help.does);
+    const Scene::Key& key = keys[static_cast<std::size_t>(row)];
+    terminal_.put(row, left_ + 2, key.keys, {.bold = true});
+    terminal_.put(row, left_ + 2 + kKeyColumns, key.does);
   }
 }
 
 std::string TodayScreen::message(const Panel& panel, int columns) const {
-  if (player_.fault()) return "Stopped: " + *player_.fault();
+  if (const auto fault = scene_.fault()) return "Stopped: " + *fault;
   if (!message_.empty()) return message_;
   if (showsKeys_) return "";
-  if (!player_.onScreen()) return "h show  ? keys  q quit";
+  if (!scene_.onScreen()) return "h show  ? keys  q quit";
   if (terminal_.columns() < kNarrowestPanel) {
     return "needs " + std::to_string(kNarrowestPanel) + " columns";
   }
@@ -140,7 +101,7 @@ std::string TodayScreen::message(const Panel& panel, int columns) const {
     return std::to_string(panel.missingRows) +
            (panel.missingRows == 1 ? " row has no room" : " rows have no room");
   }
-  for (const std::string_view hint : kHints) {
+  for (const std::string_view hint : scene_.hints()) {
     if (columnsOf(hint) <= columns) return std::string(hint);
   }
   return "";
@@ -153,17 +114,19 @@ void TodayScreen::drawLines(int row, const Panel& panel) const {
     terminal_.put(line, std::max(first, last - columnsOf(text)), text, look);
   };
 
-  const std::string badge = " " + badge_ + " ";
+  const std::string badge = " " + shownLines_.badge + " ";
   const int title = first + columnsOf(badge) + 1;
   terminal_.put(row, first, badge, {.bold = true, .reverse = true});
-  terminal_.put(row, title, fitted(title_, last - columnsOf(shownLines_.playing) - 2 - title));
-  putRight(row, shownLines_.playing, {.bold = true});
+  terminal_.put(row, title,
+                fitted(shownLines_.title, last - columnsOf(shownLines_.state) - 2 - title));
+  putRight(row, shownLines_.state, {.bold = true});
 
-  const int ageColumns = shownLines_.age.empty() ? 0 : columnsOf(shownLines_.age) + 1;
-  const int columns = last - first - 1 - ageColumns;
+  const int warningColumns = shownLines_.warning.empty() ? 0 : columnsOf(shownLines_.warning) + 1;
+  const int columns = last - first - 1 - warningColumns;
   terminal_.put(row + 1, first + 1, fitted(printable(message(panel, columns)), columns),
                 {.dim = true});
-  putRight(row + 1, shownLines_.age, {.bold = true, .color = TerminalColor::red});
+  putRight(row + 1, shownLines_.warning, {.bold = true, .color = TerminalColor::red});
+  terminal_.put(row + 2, first + 1, fitted(shownLines_.credit, last - first - 1), {.dim = true});
 }
 
 std::optional<Touch> TodayScreen::touchAt(Click click) const {

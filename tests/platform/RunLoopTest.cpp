@@ -6,6 +6,7 @@
 
 #include "platform/NSTimer.h"
 #include "platform/SimulatedHost.h"
+#include "platform/TimerQueue.h"
 
 namespace wayfell {
 namespace {
@@ -77,6 +78,17 @@ TEST(RunLoop, ActionsMayEndTheirOwnTimerAndStartOthers) {
   host.loop.advanceBy(10);
   EXPECT_EQ(log, "xn");
   EXPECT_FALSE(self->isValid());
+}
+
+// A run loop that was kept from running, as by a machine asleep.
+TEST(TimerQueue, DoesNotMakeUpForMissedFirings) {
+  TimerQueue timers;
+  int firings = 0;
+  timers.schedule(100, 0.5, true, [&] { ++firings; });
+  EXPECT_EQ(timers.nextDue(), 100.5);
+  timers.fireNext(3700.2);
+  EXPECT_EQ(firings, 1);
+  EXPECT_EQ(timers.nextDue(), 3700.5);  // in step with the others, as 100 + n x 0.5
 }
 
 }  // namespace

@@ -1,0 +1,50 @@
+// The pace of a playing: how recorded time follows real time, paused or at some rate.
+#pragma once
+
+#include <chrono>
+#include <optional>
+
+#include "hosts/scene/Player.h"
+
+namespace wayfell {
+
+class Playback {
+ public:
+  using Clock = std::chrono::steady_clock;
+  using Milliseconds = std::chrono::milliseconds;
+
+  static constexpr double kSlowest = 0.1;
+  static constexpr double kFastest = 1000;
+
+  /// Recorded seconds to a real one, from kSlowest to kFastest; 0 is a pause at rate 1.
+  Playback(Player& player, double rate, Clock::time_point now);
+
+  /// Plays what has become due. A gap of more than a second over what wait() has told is not
+  /// caught up with: the program was stopped then, and so was the recording.
+  void catchUp(Clock::time_point now);
+  /// Lets the time until now pass without playing.
+  void skipTo(Clock::time_point now) { last_ = now; }
+  /// How long nothing is due after catchUp; none while nothing will ever be.
+  std::optional<Milliseconds> wait();
+
+  double rate() const { return rate_; }
+  bool paused() const { return paused_; }
+  void togglePause() { paused_ = !paused_; }
+  /// To the next rate of 0.1, 0.2, 0.5, 1, 2, 5 ... 1000.
+  void faster();
+  void slower();
+  /// One recorded second on.
+  void step();
+
+ private:
+  void goOn(double seconds);
+
+  Player& player_;
+  double rate_;
+  bool paused_;
+  double position_;  // recorded, in seconds since the reference date
+  Clock::time_point last_;
+  Clock::duration waited_{};
+};
+
+}  // namespace wayfell

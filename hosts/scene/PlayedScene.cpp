@@ -1,0 +1,106 @@
+#include "hosts/scene/PlayedScene.h"
+
+#include <chrono>
+#include <utility>
+
+#include "hosts/scene/Elapsed.h"
+#include "hosts/scene/FixAge.h"
+#include "hosts/scene/Keys.h"
+#include "platform/NSString.h"
+
+namespace wayfell {
+
+PlayedScene::PlayedScene(IoRunLoop& loop, Player& player, double rate, std::string badge,
+                         std::string title)
+    : loop_(loop),
+      player_(player),
+      playback_(player, rate, Playback::Clock::now()),
+      badge_(std::move(badge)),
+      title_(std::move(title)) {
+  sleep();
+}
+
+PlayedScene::~PlayedScene() {
+  if (timer_) loop_.cancelTimer(*timer_);
+}
+
+void PlayedScene::catchUp() {
+  playback_.catchUp(Playback::Clock::now());
+  sleep();
+}
+
+// Until the next thing is due.
+void PlayedScene::sleep() {
+  if (timer_) loop_.cancelTimer(*std::exchange(timer_, std::nullopt));
+  const auto wait = playback_.wait();
+  if (!wait) return;
+  timer_ = loop_.scheduleTimer(std::chrono::duration<double>(*wait).count(), false, [this] {
+    timer_.reset();
+    catchUp();
+  });
+}
+
+void PlayedScene::resume() { playback_.skipTo(Playback::Clock::now()); }
+
+void PlayedScene::appear() { player_.act(event::Appear{}); }
+void PlayedScene::disappear() { player_.act(event::Disappear{}); }
+void PlayedScene::tap(std::string_view view) { player_.act(event::Tap{std::string(view)}); }
+void PlayedScene::pickSegment(int segment) { player_.act(event::PickSegment{segment}); }
+
+Scene::Lines PlayedScene::lines() const {
+  Lines lines{badge_, title_, elapsedText(player_.elapsed()), {}, {}};
+  if (player_.ended()) {
+    lines.state += "  ended";
+  } else {
+    if (playback_.paused()) lines.state += "  paused";
+    if (playback_.rate() != 1) lines.state += "  ×" + shortestText(playback_.rate());
+  }
+  const auto& fix = player_.widget().controller().currentLocation;
+  lines.warning = fix ? fixAgeText(NSDate{player_.now()}.timeIntervalSinceDate(fix->timestamp))
+                      : std::string(kNoFixYet);
+  return lines;
+}
+
+std::optional<std::string> PlayedScene::takeNews() {
+  auto& requests = player_.widget().host().urls.requests;
+  if (requests.empty()) return std::nullopt;
+  const auto url = requests.back();
+  urls_ += static_cast<int>(requests.size());
+  requests.clear();
+  std::string news = urls_ == 1 ? "Open: " : stringWithFormat("Open %d: ", urls_);
+  return news.append(url ? url->absoluteString() : "no valid URL");
+}
+
+std::vector<Scene::Key> PlayedScene::keys() const {
+  return {{"space", "pause or go on"},
+          {". or right", "one second on, in a pause"},
+          {"+ and -", "faster and slower"}};
+}
+
+std::vector<std::string_view> PlayedScene::hints() const {
+  return {"0-4 format  t layout  h hide  space pause  ? keys  q quit",
+          "t layout  space pause  ? keys  q quit", "? keys  q quit"};
+}
+
+void PlayedScene::press(char32_t key) {
+  switch (key) {
+    case U' ':
+      playback_.togglePause();
+      break;
+    case U'.':
+    case kRightKey:
+      if (playback_.paused()) playback_.step();
+      break;
+    case U'+':
+      playback_.faster();
+      break;
+    case U'-':
+      playback_.slower();
+      break;
+    default:
+      return;
+  }
+  sleep();
+}
+
+}  // namespace wayfell

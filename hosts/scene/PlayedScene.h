@@ -1,0 +1,50 @@
+// A recording that plays, in step with real time, paused or faster.
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "hosts/scene/Playback.h"
+#include "hosts/scene/Player.h"
+#include "hosts/scene/Scene.h"
+#include "hosts/services/IoRunLoop.h"
+
+namespace wayfell {
+
+class PlayedScene : public Scene {
+ public:
+  /// What is given must live on. `badge` and `title` say what is playing.
+  PlayedScene(IoRunLoop& loop, Player& player, double rate, std::string badge, std::string title);
+  ~PlayedScene() override;
+  PlayedScene(const PlayedScene&) = delete;
+  PlayedScene& operator=(const PlayedScene&) = delete;
+
+  const WidgetInterface& interface() const override { return player_.widget().interface(); }
+  bool onScreen() const override { return player_.onScreen(); }
+  void appear() override;
+  void disappear() override;
+  void tap(std::string_view view) override;
+  void pickSegment(int segment) override;
+  Lines lines() const override;
+  std::optional<std::string> fault() const override { return player_.fault(); }
+  /// Which URLs were asked for. A recording opens none.
+  std::optional<std::string> takeNews() override;
+  std::vector<Key> keys() const override;
+  std::vector<std::string_view> hints() const override;
+  void press(char32_t key) override;
+  void catchUp() override;
+  void resume() override;
+
+ private:
+  void sleep();
+
+  IoRunLoop& loop_;
+  Player& player_;
+  Playback playback_;
+  std::string badge_;
+  std::string title_;
+  std::optional<RunLoop::TimerId> timer_;
+  int urls_ = 0;  // asked for so far
+};
+
+}  // namespace wayfell

@@ -1,0 +1,57 @@
+#include "platform/TimerQueue.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace wayfell {
+
+RunLoop::TimerId TimerQueue::schedule(double now, double interval, bool repeats,
+                                      std::function<void()> action) {
+  timers_.emplace(++lastId_, Timer{now, interval, repeats, 0, now + interval, std::move(action)});
+  return lastId_;
+}
+
+void TimerQueue::cancel(RunLoop::TimerId timer) {
+  // The action may own what is running just now: it goes only after the map is in order again.
+  const auto ended = timers_.extract(timer);
+}
+
+void TimerQueue::cancelAll() { const Timers ended = std::exchange(timers_, {}); }
+
+std::optional<double> TimerQueue::nextDue() const {
+  const auto next = std::min_element(timers_.begin(), timers_.end(), isDueBefore);
+  if (next == timers_.end()) return std::nullopt;
+  return next->second.due;
+}
+
+void TimerQueue::fireNext(double now) {
+  // min_element gives the first of equals, which is the one created first.
+  const auto next = std::min_element(timers_.begin(), timers_.end(), isDueBefore);
+  if (next == timers_.end()) return;
+  Timer& timer = next->second;
+  if (!timer.repeats) {
+    const auto ended = timers_.extract(next);
+    ended.mapped().action();
+    return;
+  }
+  timer.firings += 1;
+  if (timer.interval > 0) {
+    timer.firings = std::max(timer.firings, std::floor((now - timer.start) / timer.interval));
+  }
+  timer.due = timer.start + (timer.firings + 1) * timer.interval;
+  // Out of the map while it runs, because the action may cancel its own timer.
+  const RunLoop::TimerId id = next->first;
+  auto action = std::move(timer.action);
+  action();
+  const auto again = timers_.find(id);
+  if (again != timers_.end()) again->second.action = std::move(action);
+}
+
+std::size_t TimerQueue::countWithInterval(double interval) const {
+  return static_cast<std::size_t>(
+      std::count_if(timers_.begin(), timers_.end(),
+                    [interval](const auto& entry) { return entry.second.interval == interval; }));
+}
+
+}  // namespace wayfell
