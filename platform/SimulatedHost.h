@@ -83,7 +83,7 @@ class SimulatedLocationSource : public LocationSource {
   int authorizationRequests_ = 0;
 };
 
-/// Answers every request at once with the same placemark, or fails while there is none.
+/// Answers every location at once with the same placemark, and fails while there is none.
 class SimulatedGeocoder : public ReverseGeocoder {
  public:
   std::optional<CLPlacemark> answer;

@@ -54,8 +54,9 @@ class Home:
     def suite(self):
         return pathlib.Path(self.folder.name) / "data/wayfell" / SUITE
 
-    def today(self, gpsd, **more):
-        return Screen([PROGRAM, "today", "--gpsd", gpsd.address], **self.environment, **more)
+    def today(self, gpsd, rows=18, **more):  # too few for large digits
+        return Screen([PROGRAM, "today", "--gpsd", gpsd.address], rows=rows,
+                      **self.environment, **more)
 
 
 @contextlib.contextmanager
