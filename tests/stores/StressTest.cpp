@@ -124,7 +124,7 @@ TEST(Stress, EveryAcknowledgedWriteOutlivesAKill) {
 
 // All at once make the file and its folders, and each finds what all have written.
 TEST(Stress, ManyBeginOneFile) {
-  for (int round = 0; round < 20; ++round) {
+  for (int round = 0; round < 5; ++round) {
     const Folder folder(quickPlace());
     const auto file = folder.path() / "new" / "folder" / "suite.db";
     std::vector<pid_t> writers;
@@ -140,7 +140,7 @@ TEST(Stress, ManyBeginOneFile) {
 // The damaged file is kept once, and nobody's new file is taken for it.
 TEST(Stress, ManyFindOneDamagedFile) {
   const std::string damaged = "This is no database, whatever its name says.";
-  for (int round = 0; round < 20; ++round) {
+  for (int round = 0; round < 5; ++round) {
     const Folder folder(quickPlace());
     const auto file = folder / "suite.db";
     putBytes(file, damaged);

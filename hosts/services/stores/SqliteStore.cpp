@@ -133,8 +133,7 @@ class SqliteStore::Implementation {
   State state_ = State::unreadable;
   std::optional<FileMark> mark_;  // of the file when it was opened
   bool sealed_ = false;           // opened so that others' changes show in nothing but the mark
-
-  bool isOurs_ = true;  // of no later version
+  bool isOurs_ = true;            // and not a later version's
 
   std::optional<std::uint64_t> lastTurn_;
   std::int64_t dataVersion_ = 0;
@@ -220,7 +219,7 @@ bool SqliteStore::Implementation::openOnce() {
   try {
     if (!mark_) {
       createPrivateFile(file_);
-      mark_ = markOf(file_);
+      mark_ = markOf(file_).value_or(FileMark{});
     }
     connect();
     return true;
@@ -255,13 +254,11 @@ void SqliteStore::Implementation::connect() {
     case FileKind::empty:
     case FileKind::settings:
       state_ = found.kind == FileKind::empty ? State::missing : State::readable;
-      if (access_ == Access::readWrite) {
-        startWriting(found.kind);
-      } else {
-        opening_.over();
-      }
+      if (access_ == Access::readWrite) startWriting(found.kind);
   }
   if (table_) load();
+  const bool isAsWanted = access_ == Access::readOnly ? isOurs_ : state_ == State::writable;
+  if (isAsWanted) opening_.over();
 }
 
 // First for reading only, which leaves a file that is not ours as it is.
@@ -284,6 +281,7 @@ FileKind SqliteStore::Implementation::startReading() {
 
 FileKind SqliteStore::Implementation::startReading(Database::Open how) {
   Database database(file_, how);
+  database.waitForLocks(kPatience);
   const FileKind found = kindOf(database);
   if (found.kind == FileKind::settings || found.kind == FileKind::newer) {
     table_.emplace(std::move(database));
@@ -294,14 +292,13 @@ FileKind SqliteStore::Implementation::startReading(Database::Open how) {
 void SqliteStore::Implementation::startWriting(FileKind::Kind kind) {
   try {
     Database database(file_, Database::Open::readWrite);
+    database.waitForLocks(kPatience);
     if (!database.writable()) throw DatabaseError(SQLITE_READONLY, "it is read-only");
     if (kind == FileKind::empty) makeSettings(database);
     writeAhead(database);
     table_.emplace(std::move(database));
-    table_->waitForLocks(kPatience);
     state_ = State::writable;
     sealed_ = false;
-    opening_.over();
   } catch (const DatabaseError& error) {
     if (isDamage(error)) throw;
     tell(opening_, "cannot be written to: " + whyNotWritten(error, file_) +
