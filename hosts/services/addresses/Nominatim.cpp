@@ -33,8 +33,6 @@ Nominatim::~Nominatim() {
   for (const auto& timer : {rest_, pause_}) {
     if (timer) loop_.cancelTimer(*timer);
   }
-  client_.reset();
-  complete(std::nullopt);
 }
 
 void Nominatim::reverseGeocode(const std::optional<CLLocation>& location, Completion completion) {

@@ -33,7 +33,6 @@ class Nominatim : public AttributedGeocoder {
   /// Warns of failures, once until an answer comes again.
   Nominatim(IoRunLoop& loop, ServerUrl server, std::string languages, Warn warn,
             double timeout = kTimeout);
-  /// Fails what is under way.
   ~Nominatim() override;
 
   void reverseGeocode(const std::optional<CLLocation>& location, Completion completion) override;
