@@ -27,7 +27,7 @@ Nominatim::Nominatim(IoRunLoop& loop, ServerUrl server, std::string languages, W
       languages_(std::move(languages)),
       warn_(std::move(warn)),
       timeout_(timeout),
-      client_(std::make_unique<HttpClient>(loop)) {}
+      client_(loop) {}
 
 Nominatim::~Nominatim() {
   for (const auto& timer : {rest_, pause_}) {
@@ -41,7 +41,7 @@ void Nominatim::reverseGeocode(const std::optional<CLLocation>& location, Comple
     return;
   }
   const Completion replaced = std::exchange(completion_, std::move(completion));
-  client_->cancel();
+  client_.cancel();
   position_ = location->coordinate;
   if (!rest_) send();
   if (replaced) replaced(std::nullopt);
@@ -50,9 +50,9 @@ void Nominatim::reverseGeocode(const std::optional<CLLocation>& location, Comple
 void Nominatim::send() {
   rest_ = loop_.scheduleTimer(kBetweenRequests, false, [this] {
     rest_.reset();
-    if (completion_ && !client_->isBusy()) send();
+    if (completion_ && !client_.isBusy()) send();
   });
-  client_->get({server_.requestFor(position_), "wayfell/" WAYFELL_VERSION, languages_, timeout_},
+  client_.get({server_.requestFor(position_), "wayfell/" WAYFELL_VERSION, languages_, timeout_},
                [this](const HttpClient::Answer& answer) { take(answer); });
 }
 
