@@ -36,6 +36,9 @@ _wayfell_action() {
       ;;
     waypoint:) _wayfell_words "$current" 'set show clear' ;;
     track:) _wayfell_words "$current" 'publish clear' ;;
+    addresses:) _wayfell_words "$current" 'import find info use' ;;
+    addresses:import) _wayfell_files "$current" ;;
+    addresses:use) ((place == 2)) && _wayfell_words "$current" 'book nominatim none' ;;
   esac
 }
 
@@ -61,7 +64,7 @@ _wayfell() {
   local options='--help --version'
   case $command in
     '')
-      _wayfell_words "$current" "today replay settings waypoint track convert distance datums $options"
+      _wayfell_words "$current" "today replay settings waypoint track addresses convert distance datums $options"
       return
       ;;
     today) options+=' --demo --replay --rate --suite --local' ;;
@@ -80,6 +83,13 @@ _wayfell() {
       esac
       ;;
     track) ;;
+    addresses)
+      case $action in
+        import) options+=' --country --add' ;;
+        find) options+=' --online --json' ;;
+        use) options+=' --url --yes' ;;
+      esac
+      ;;
     convert) options+=' --to --from --datum --utm-type --json' ;;
     distance) options+=' --bearing --distance --units --mils --json' ;;
     datums) options+=' --names --json' ;;
@@ -94,7 +104,7 @@ _wayfell() {
     --datum) _wayfell_datums "$current" ;;
     --replay | --gpx) _wayfell_files "$current" ;;
     --type) _wayfell_words "$current" 'boolean integer real text date data list dictionary' ;;
-    --rate | --every | --bearing | --distance | --name) ;;
+    --rate | --every | --bearing | --distance | --name | --country | --url) ;;
     *)
       # Of settings these are options without a value.
       [[ $command != settings && $option == --@(suite|local) ]] && return

@@ -23,13 +23,14 @@ complete -c wayfell -f
 complete -c wayfell -s h -l help -d 'Show help'
 complete -c wayfell -l version -d 'Show the version'
 
-set -l commands today replay settings waypoint track convert distance datums
+set -l commands today replay settings waypoint track addresses convert distance datums
 set -l none "not __fish_seen_subcommand_from $commands"
 complete -c wayfell -n $none -a today -d 'Show the live panel in the terminal'
 complete -c wayfell -n $none -a replay -d 'Replay a recording and print what the widget shows'
 complete -c wayfell -n $none -a settings -d 'Read and write the settings that are kept on disk'
 complete -c wayfell -n $none -a waypoint -d 'Set, show and clear the waypoint'
 complete -c wayfell -n $none -a track -d 'Publish the figures of the track being recorded'
+complete -c wayfell -n $none -a addresses -d 'Say where street addresses come from, and find them'
 complete -c wayfell -n $none -a convert -d 'Show positions in other formats, read references back'
 complete -c wayfell -n $none -a distance -d 'Measure from a position to another, or find a destination'
 complete -c wayfell -n $none -a datums -d 'List and search the datums'
@@ -82,6 +83,20 @@ complete -c wayfell -n '__wayfell_at waypoint show' -l json -d 'Print a JSON obj
 set -l action "__wayfell_at track ''"
 complete -c wayfell -n $action -a publish -d 'Write distance and time'
 complete -c wayfell -n $action -a clear -d 'Remove both'
+
+set -l action "__wayfell_at addresses ''"
+complete -c wayfell -n $action -a import -d 'Make the address book out of files'
+complete -c wayfell -n $action -a find -d 'Find the address of a position'
+complete -c wayfell -n $action -a info -d 'Show the service in use and the book'
+complete -c wayfell -n $action -a use -d 'Choose where addresses come from'
+complete -c wayfell -n '__wayfell_at addresses import' -F
+complete -c wayfell -n '__wayfell_at addresses import' -l country -x -d 'Where it is, two letters'
+complete -c wayfell -n '__wayfell_at addresses import' -l add -d 'Keep what is in the book'
+complete -c wayfell -n '__wayfell_at addresses find' -l online -d 'Ask the server that was agreed to'
+complete -c wayfell -n '__wayfell_at addresses find' -l json -d 'Print a JSON object'
+complete -c wayfell -n '__wayfell_at addresses use' -l url -x -d 'Another server than the public one'
+complete -c wayfell -n '__wayfell_at addresses use' -l yes -d 'Agree that positions are sent to the server'
+complete -c wayfell -n '__wayfell_at addresses use' -a 'book\t"the address book" nominatim\t"a server over the network" none\t"no addresses"'
 
 set -l convert '__wayfell_at convert'
 complete -c wayfell -n $convert -l to -x -a 'dec dm dms mgrs utm all' -d Format

@@ -13,7 +13,7 @@ BUILD_PACKAGES=(
 # To prove it right, besides.
 CHECK_PACKAGES=(
   clang-14 clang-format-14 clang-tidy-14 libc++-14-dev libc++abi-14-dev
-  gpsd gpsd-clients tmux zsh fish groff-base
+  gpsd gpsd-clients tmux zsh fish groff-base sqlite3
 )
 
 # install_missing PACKAGE... installs those that are not there yet, and says which.

@@ -42,13 +42,17 @@ std::string text(const CNPostalAddress& address) {
          address.state.value_or(kMissing);
 }
 
+// Complains, and remembers that.
+Warn warningTo(bool& warned) {
+  return [&warned](const std::string& sentence) {
+    complain(sentence);
+    warned = true;
+  };
+}
+
 int findInBook(const CLLocationCoordinate2D& position, bool asJson) {
   bool warned = false;
-  AddressBook book(addressBookPath(), AddressBook::Missing::isWarnedAbout,
-                   [&warned](const std::string& sentence) {
-                     complain(sentence);
-                     warned = true;
-                   });
+  AddressBook book(addressBookPath(), AddressBook::Missing::isWarnedAbout, warningTo(warned));
   const auto found = book.nearest(position);
   if (!found) {
     if (!warned) complain("no address within " + fixedText(AddressBook::kRadius, 0) + " m");
@@ -77,8 +81,9 @@ int findOnline(const CLLocationCoordinate2D& position, bool asJson) {
     complain("no server has been agreed to: see wayfell addresses use --help");
     return kBadUsage;
   }
+  bool warned = false;
   EventLoop loop;
-  const auto geocoder = makeGeocoder(choice, loop, complain);
+  const auto geocoder = makeGeocoder(choice, loop, warningTo(warned));
   CLLocation location;
   location.coordinate = position;
   std::optional<CNPostalAddress> address;
@@ -90,7 +95,7 @@ int findOnline(const CLLocationCoordinate2D& position, bool asJson) {
   });
   if (!answered) loop.run();
   if (!address) {
-    complain("no address");
+    if (!warned) complain("no address");
     return kBadInput;
   }
   Output output;

@@ -135,7 +135,6 @@ class Importer {
 
  private:
   void importFile(const std::string& file) {
-    chooseCountry(file);
     const std::uint64_t before = rows_;
     try {
       const Input input(file);
@@ -144,6 +143,7 @@ class Importer {
         bytesRead_ += count;
         return count;
       }));
+      chooseCountry(file);
       while (importRow(file, *rows)) showProgress();
     } catch (const InputError& error) {
       throw InputError(nameOf(file) + ": " + error.what());

@@ -9,11 +9,11 @@
 #include "hosts/replay/GpxRecording.h"
 #include "hosts/replay/InputBytes.h"
 #include "hosts/replay/InputError.h"
+#include "hosts/replay/RecordingChoice.h"
 #include "hosts/services/DatumSearch.h"
 #include "hosts/services/PositionText.h"
 #include "hosts/services/TextScanner.h"
 #include "hosts/terminal/Output.h"
-#include "hosts/terminal/RecordingChoice.h"
 
 namespace wayfell {
 namespace {

@@ -8,8 +8,8 @@
 namespace wayfell {
 namespace {
 
-using testing::ElementsAre;
 using testing::Each;
+using testing::ElementsAre;
 using testing::IsEmpty;
 
 /// A source, and the world that it hears of.

@@ -69,7 +69,8 @@ struct Received : CLLocationManagerDelegate {
   }
 };
 
-/// Listens on 127.0.0.1. It greets each who connects, keeps what they ask, and says what it is told.
+/// Listens on 127.0.0.1. It greets each who connects, keeps what they ask, and says what it is
+/// told.
 class LoopbackServer {
  public:
   explicit LoopbackServer(EventLoop& loop, std::string first = "")
@@ -127,7 +128,8 @@ class LoopbackServer {
     if (client < 0) return;
     ++connections;
     send(client, greeting.data(), greeting.size(), MSG_NOSIGNAL);
-    clients_[client] = loop_.watch(client, {.readable = true}, [this, client](auto) { hear(client); });
+    clients_[client] =
+        loop_.watch(client, {.readable = true}, [this, client](auto) { hear(client); });
   }
   void hear(int client) {
     std::array<char, 4096> buffer{};

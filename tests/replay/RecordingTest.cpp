@@ -192,7 +192,8 @@ TEST(Gpsd, ReadsPositionsAndHeadings) {
   EXPECT_EQ(events[3].t, 631249446);
   EXPECT_NEAR(fix(3).horizontalAccuracy, 2.72315, 1e-5);  // 0.54463 times 5
   EXPECT_EQ(fix(3).verticalAccuracy, -1);
-  EXPECT_EQ(withoutAccuracies(fix(3)), (CLLocation{{-47.5, -8.5}, 0, 0, 0, -1, -1, {631249445.75}}));
+  EXPECT_EQ(withoutAccuracies(fix(3)),
+            (CLLocation{{-47.5, -8.5}, 0, 0, 0, -1, -1, {631249445.75}}));
   // A receiver that sets its clock back by less than a second; a height above the ellipsoid only.
   EXPECT_EQ(fix(4), (CLLocation{{1, 2}, 450.5, 5, -1, -1, -1, {631249445.5}}));
   EXPECT_EQ(fix(5), (CLLocation{{1, 2}, 0, 5, -1, -1, -1, {631249445.5}}));

@@ -78,7 +78,7 @@ TEST_F(GettextTableTest, ASpoiltCatalogueIsNotUsedNorWhatGettextWouldTakeForIt) 
   translate("de", {{"Open", "Öffnen"}});
   translate("fr", {{"Open", "Ouvrir"}});
   write(catalogueIn(folder_.path, "de_AT"), "no catalogue at all, but longer than its header");
-  const GettextTable strings = table({"de_AT", "fr"});
+  const GettextTable strings = table({"de_AT", "de_AT", "fr"});
   EXPECT_EQ(strings.find("Open"), "Ouvrir");
   EXPECT_THAT(warnings_,
               ElementsAre(catalogueIn(folder_.path, "de_AT").string() +
@@ -132,6 +132,25 @@ TEST_F(GettextTableTest, WhatIsOddButHarmlessIsShown) {
   EXPECT_EQ(strings.find("%d m"), "%1$ld Min");
   // Bounded where it is filled in: one digit, the point and 400 more.
   EXPECT_EQ(stringWithFormat(*strings.find("%0.0f m"), 1.0).size(), 402U);
+  EXPECT_THAT(warnings_, IsEmpty());
+}
+
+// gettext compiles the rule for plurals when it opens the file, by recursion.
+TEST_F(GettextTableTest, ALongRuleForPluralsIsCompiled) {
+  const auto times = [](int count, const std::string& piece) {
+    std::string text;
+    while (count-- > 0) text += piece;
+    return text;
+  };
+  char last = 'a';
+  for (const std::string& rule : {times(1900, "(") + 'n' + times(1900, ")"), times(3900, "!") + 'n',
+                                  times(1900, "n+") + 'n', times(900, "n?n:") + 'n'}) {
+    const std::string language = {'x', last++};
+    translate(language,
+              {{"", std::string(kHeader) + "Plural-Forms: nplurals=9; plural=" + rule + ";\n"},
+               {"Open", "Auf"}});
+    EXPECT_EQ(table({language}).find("Open"), "Auf") << rule;
+  }
   EXPECT_THAT(warnings_, IsEmpty());
 }
 

@@ -56,6 +56,11 @@ TEST(CompletionTest, EveryOptionIsInTheScriptsAndTheManual) {
       {{"track"}, 2},
       {{"track", "publish"}, 1},
       {{"track", "clear"}, 1},
+      {{"addresses"}, 1},
+      {{"addresses", "import"}, 3},
+      {{"addresses", "find"}, 3},
+      {{"addresses", "info"}, 1},
+      {{"addresses", "use"}, 3},
   };
   for (const Case& c : cases) {
     const std::string& name = c.command.back();
@@ -124,6 +129,11 @@ TEST(CompletionTest, Bash) {
       {"waypoint set --gpx data/demo.j", "data/demo.jsonl "},
       {"waypoint show --j", "--json "},
       {"track p", "publish "},
+      {"addresses i", "import info "},
+      {"addresses import --country US data/demo.j", "data/demo.jsonl "},
+      {"addresses import --country ''", ""},
+      {"addresses use n", "nominatim none "},
+      {"addresses use nominatim --y", "--yes "},
   };
   for (const Case& c : cases) {
     const Finished finished =
@@ -159,6 +169,8 @@ TEST(CompletionTest, Fish) {
   EXPECT_THAT(complete("wayfell settings set ut"), Not(HasSubstr("utmType")));
   EXPECT_THAT(complete("wayfell settings get dist"), testing::StartsWith("distance\t"));
   EXPECT_EQ(complete("wayfell settings set distance 5 --mi"), "");
+  EXPECT_THAT(complete("wayfell addresses use nom"), testing::StartsWith("nominatim\t"));
+  EXPECT_THAT(complete("wayfell addresses import --co"), testing::StartsWith("--country"));
   EXPECT_THAT(complete("wayfell track "), HasSubstr("publish\t"));
   EXPECT_THAT(complete(WAYFELL_PROGRAM " convert --datum tokyo---j"), HasSubstr("Tokyo---Japan"));
 }

@@ -1,7 +1,5 @@
 #include "hosts/services/addresses/AddressBook.h"
 
-#include <sys/stat.h>
-
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -165,15 +163,8 @@ void AddressBook::reverseGeocode(const std::optional<CLLocation>& location, Comp
 
 std::string AddressBook::attribution() const { return "Addresses: OpenAddresses and its sources"; }
 
-std::optional<AddressBook::Identity> AddressBook::identity() const {
-  struct stat status = {};
-  if (stat(file_.c_str(), &status) != 0) return std::nullopt;
-  return Identity{status.st_dev, status.st_ino,
-                  status.st_mtim.tv_sec * 1000000000LL + status.st_mtim.tv_nsec};
-}
-
 void AddressBook::takeUpFile() {
-  const auto now = identity();
+  const auto now = markOf(file_);
   if (looked_ && now == seen_) return;
   looked_ = true;
   seen_ = now;

@@ -12,6 +12,7 @@
 
 #include "hosts/services/Warn.h"
 #include "hosts/services/addresses/AttributedGeocoder.h"
+#include "hosts/services/stores/PrivateFile.h"
 
 namespace wayfell {
 
@@ -40,16 +41,8 @@ class AddressBook : public AttributedGeocoder {
   std::string attribution() const override;
 
  private:
-  /// Which file it is, as far as that can be told without reading it.
-  struct Identity {
-    unsigned long device = 0;
-    unsigned long inode = 0;
-    long long changed = 0;  // nanoseconds
-    friend bool operator==(const Identity&, const Identity&) = default;
-  };
   class Pages;
 
-  std::optional<Identity> identity() const;
   void takeUpFile();
   void putAside(const std::string& why);
 
@@ -57,7 +50,7 @@ class AddressBook : public AttributedGeocoder {
   Missing missing_;
   Warn warn_;
   bool looked_ = false;
-  std::optional<Identity> seen_;  // of the file as last looked at; none when it was missing
+  std::optional<FileMark> seen_;  // of the file as last looked at; none when it was missing
   std::unique_ptr<Pages> pages_;  // null while there is no usable file
 };
 

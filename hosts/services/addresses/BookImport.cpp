@@ -12,6 +12,8 @@
 #include <system_error>
 #include <utility>
 
+#include "hosts/services/stores/PrivateFile.h"
+
 namespace wayfell {
 namespace {
 
@@ -20,12 +22,6 @@ constexpr std::size_t kStreetsRemembered = 100000;
 
 [[noreturn]] void failWith(const std::filesystem::path& path, int error) {
   throw BookError(path.string() + ": " + std::strerror(error));
-}
-
-void makeFolder(const std::filesystem::path& folder) {
-  if (std::filesystem::is_directory(folder)) return;
-  std::filesystem::create_directories(folder);
-  std::filesystem::permissions(folder, std::filesystem::perms::owner_all);
 }
 
 void syncFolder(const std::filesystem::path& folder) {
@@ -58,7 +54,8 @@ class BookImport::Lock {
   // Whether what is locked is still what has the name: an import that ended just now has given its
   // file another.
   bool acquire() {
-    descriptor_ = open(path_.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, S_IRUSR | S_IWUSR);
+    createPrivateFile(path_);
+    descriptor_ = open(path_.c_str(), O_RDWR | O_CLOEXEC | O_NOFOLLOW);
     if (descriptor_ < 0) failWith(path_, errno);
     if (flock(descriptor_, LOCK_EX | LOCK_NB) != 0) {
       if (errno != EWOULDBLOCK) fail();
@@ -98,12 +95,11 @@ struct BookImport::Statements {
 BookImport::BookImport(std::filesystem::path book, Start start)
     : book_(std::move(book)), new_(book_.string() + ".new") {
   try {
-    makeFolder(book_.parent_path());
     lock_ = std::make_unique<Lock>(new_);
     begin(start);
-  } catch (const std::filesystem::filesystem_error& error) {
+  } catch (const std::system_error& error) {
     discard();
-    failWith(error.path1(), error.code().value());
+    failWith(book_, error.code().value());
   } catch (...) {
     discard();
     throw;

@@ -56,7 +56,7 @@ void GpsdLink::resolve() {
     }
     addresses_ = std::move(found.addresses);
     nextAddress_ = 0;
-    timer_ = loop_.scheduleTimer(intervals_.tick, true, [this] { tick(); });
+    waitForTick();
     connectToNext();
   });
   setStatus(Status::resolving);
@@ -127,7 +127,13 @@ bool GpsdLink::send(std::string_view request) {
   return false;
 }
 
+// Not a repeating timer: after the machine has slept, what has come is to be read before the next.
+void GpsdLink::waitForTick() {
+  timer_ = loop_.scheduleTimer(intervals_.tick, false, [this] { tick(); });
+}
+
 void GpsdLink::tick() {
+  waitForTick();
   if (std::exchange(heard_, false)) {
     silentTicks_ = 0;
   } else {

@@ -70,6 +70,7 @@ class GpsdLink {
   void greet();
   void read();
   bool send(std::string_view request);
+  void waitForTick();
   void tick();
   void watch(IoRunLoop::Readiness awaited, std::function<void()> action);
   void setStatus(Status status);

@@ -8,6 +8,8 @@
 #include <array>
 #include <cerrno>
 #include <string>
+#include <string_view>
+#include <utility>
 #include <vector>
 
 #include "hosts/services/location/NameLookup.h"
@@ -25,9 +27,8 @@ class Candidate {
     if (connect(socket_, address.get(), address.size) != 0 && errno != EINPROGRESS) end();
   }
   ~Candidate() { end(); }
-  Candidate(Candidate&& other) noexcept : socket_(other.socket_), heard_(other.heard_) {
-    other.socket_ = -1;
-  }
+  Candidate(Candidate&& other) noexcept
+      : socket_(std::exchange(other.socket_, -1)), heard_(std::move(other.heard_)) {}
   Candidate(const Candidate&) = delete;
   Candidate& operator=(const Candidate&) = delete;
   Candidate& operator=(Candidate&&) = delete;

@@ -17,8 +17,8 @@ constexpr double kReferenceDate = 978307200;  // 2001-01-01 in Unix seconds
 
 constexpr double kUsualHeadingAccuracy = 5;  // degrees
 
-// Positions and attitudes hold no reports within them. Others are kept from libgps 3.22, which never
-// returns when it finds a class after something that it cannot read.
+// Positions and attitudes hold no reports within them. Others are kept from libgps 3.22, which
+// never returns when it finds a class after something that it cannot read.
 bool isFlat(std::string_view line) {
   constexpr std::string_view kTag = "\"class\":";
   return line.find(kTag, kTag.size()) == std::string_view::npos;

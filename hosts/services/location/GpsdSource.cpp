@@ -69,7 +69,7 @@ void GpsdSource::forgetDaemon() {
   receiver_.giveUp();
   compass_.giveUp();
   version_.clear();
-  devices_.clear();
+  devices_.reset();
   ticksSinceReport_ = 0;
 }
 
@@ -93,11 +93,12 @@ void GpsdSource::takeNotice(const GpsdNotice& notice) {
   if (notice.devices) devices_ = *notice.devices;
   if (notice.device) {
     const GpsdDevice& changed = *notice.device;
-    const auto known = std::find_if(devices_.begin(), devices_.end(), [&](const GpsdDevice& each) {
-      return each.path == changed.path;
-    });
-    if (known == devices_.end()) {
-      devices_.push_back(changed);
+    if (!devices_) devices_.emplace();
+    const auto known =
+        std::find_if(devices_->begin(), devices_->end(),
+                     [&changed](const GpsdDevice& each) { return each.path == changed.path; });
+    if (known == devices_->end()) {
+      devices_->push_back(changed);
     } else {
       *known = changed;
     }
@@ -176,17 +177,19 @@ GpsdState::Kind GpsdSource::kind() const {
     return link_.failure().empty() ? Kind::connecting : Kind::waiting;
   }
   if (receiver_.isFollowing()) return Kind::fix;
-  if (std::none_of(devices_.begin(), devices_.end(), isOpen)) return Kind::noDevice;
+  if (!devices_) return Kind::connecting;
+  if (std::none_of(devices_->begin(), devices_->end(), isOpen)) return Kind::noDevice;
   return ticksSinceReport_ > kSilentTicks ? Kind::silent : Kind::noFix;
 }
 
 GpsdDevice GpsdSource::shownDevice() const {
+  if (!devices_) return {};
   const auto followed =
-      std::find_if(devices_.begin(), devices_.end(),
+      std::find_if(devices_->begin(), devices_->end(),
                    [this](const GpsdDevice& each) { return receiver_.isFollowed(each.path); });
-  if (followed != devices_.end()) return *followed;
-  const auto first = std::find_if(devices_.begin(), devices_.end(), isOpen);
-  return first == devices_.end() ? GpsdDevice() : *first;
+  if (followed != devices_->end()) return *followed;
+  const auto first = std::find_if(devices_->begin(), devices_->end(), isOpen);
+  return first == devices_->end() ? GpsdDevice() : *first;
 }
 
 }  // namespace wayfell

@@ -14,6 +14,7 @@
 
 #include <chrono>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -33,7 +34,7 @@ namespace wayfell {
 struct GpsdState {
   enum class Kind {
     stopped,     ///< nothing is asked for
-    connecting,  ///< for the first time, the name's lookup included
+    connecting,  ///< for the first time, up to its word on receivers
     waiting,     ///< there is no gpsd: `reason` says why, `nextAttempt` when it is tried again
     noDevice,    ///< gpsd has no receiver
     silent,      ///< gpsd has a receiver, and hears nothing from it
@@ -104,7 +105,7 @@ class GpsdSource : public LocationSource {
 
   GpsdState state_;
   std::string version_;
-  std::vector<GpsdDevice> devices_;
+  std::optional<std::vector<GpsdDevice>> devices_;  // none until gpsd has told
   int ticksSinceReport_ = 0;
 
   GpsdDecoder decoder_;

@@ -2,12 +2,24 @@
 
 #include <sqlite3.h>
 
+#include <thread>
+
 namespace wayfell {
 namespace {
 
-// In the tens of seconds: writers hold the lock for milliseconds, so that whoever waits this long
-// waits for something that has gone wrong.
-constexpr int kBusyTimeout = 10000;  // milliseconds
+// Writers hold the lock for milliseconds, so that whoever waits this long waits for something that
+// has gone wrong.
+constexpr std::chrono::milliseconds kPatience(10'000);
+
+// How often a lock is asked for. SQLite's own handler soon asks only ten times a second, and then
+// hardly ever finds the moment between the writes of a busy program.
+constexpr std::chrono::milliseconds kPause(1);
+
+int waitForLock(void* patience, int earlierCalls) {
+  if (earlierCalls >= *static_cast<const int*>(patience)) return 0;
+  std::this_thread::sleep_for(kPause);
+  return 1;
+}
 
 [[noreturn]] void fail(sqlite3* handle, int result) {
   const int code = handle != nullptr ? sqlite3_extended_errcode(handle) : result;
@@ -50,7 +62,8 @@ Database::Database(const std::filesystem::path& path, Open how) {
   handle_.reset(handle);
   if (result != SQLITE_OK) fail(handle, result);
   sqlite3_extended_result_codes(handle, 1);
-  sqlite3_busy_timeout(handle, kBusyTimeout);
+  sqlite3_busy_handler(handle, waitForLock, patience_.get());
+  waitForLocks(kPatience);
 }
 
 void Database::execute(const char* sql) {
@@ -64,7 +77,7 @@ std::int64_t Database::integer(const char* sql) {
 }
 
 void Database::waitForLocks(std::chrono::milliseconds longest) {
-  sqlite3_busy_timeout(handle(), static_cast<int>(longest.count()));
+  *patience_ = static_cast<int>(longest / kPause);
 }
 
 bool Database::writable() const { return sqlite3_db_readonly(handle(), "main") == 0; }
@@ -120,9 +133,10 @@ bool Statement::step() {
   // The error is told by the step; what resetting returns is the same once more.
   if (result != SQLITE_DONE) {
     sqlite3* const handle = sqlite3_db_handle(statement_.get());
-    const DatabaseError error(sqlite3_extended_errcode(handle), sqlite3_errmsg(handle));
+    const int code = sqlite3_extended_errcode(handle);
+    const std::string message = sqlite3_errmsg(handle);
     reset();
-    throw error;
+    throw DatabaseError(code, message);
   }
   reset();
   return false;

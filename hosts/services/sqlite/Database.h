@@ -60,6 +60,8 @@ class Database {
   struct Close {
     void operator()(sqlite3* handle) const;
   };
+  // How often to ask for a lock, where the handle finds it although the database may be moved.
+  std::unique_ptr<int> patience_ = std::make_unique<int>();
   std::unique_ptr<sqlite3, Close> handle_;
 };
 

@@ -159,6 +159,11 @@ std::int64_t SettingsTable::dataVersion() {
 SettingsTable::Contents SettingsTable::read() {
   Contents contents;
   while (readAll_.step()) {
+    // The schema allows neither. A page that has been cut off reads as zeros, which are these.
+    if (readAll_.type(0) == Statement::Type::null || readAll_.type(1) == Statement::Type::null) {
+      readAll_.reset();
+      throw DatabaseError(SQLITE_CORRUPT, "it has a row without a key or a type");
+    }
     const bool isText = readAll_.type(0) == Statement::Type::text;
     const std::string key(isText ? readAll_.text(0) : readAll_.bytes(0));
     try {

@@ -29,6 +29,30 @@ bool isDamage(const DatabaseError& error) {
   return error.primaryCode() == SQLITE_CORRUPT || error.primaryCode() == SQLITE_NOTADB;
 }
 
+bool isForWantOfAccess(const DatabaseError& error) {
+  return error.primaryCode() == SQLITE_CANTOPEN || error.primaryCode() == SQLITE_READONLY;
+}
+
+bool isDenied(const std::filesystem::path& path, int access) {
+  return ::access(path.c_str(), access) != 0;
+}
+
+// Where access is wanting, all that SQLite says is that it could not open a file.
+std::string whyNotRead(const DatabaseError& error, const std::filesystem::path& file) {
+  if (isForWantOfAccess(error) && isDenied(file, R_OK)) {
+    return std::generic_category().message(errno);
+  }
+  return error.what();
+}
+
+std::string whyNotWritten(const DatabaseError& error, const std::filesystem::path& file) {
+  if (isForWantOfAccess(error)) {
+    if (isDenied(file, W_OK)) return "it is read-only";
+    if (isDenied(file.parent_path(), W_OK)) return "its folder is read-only";
+  }
+  return error.what();
+}
+
 // Says a sentence once, until it is over or another takes its place.
 class Complaint {
  public:
@@ -109,6 +133,7 @@ class SqliteStore::Implementation {
   State state_ = State::unreadable;
   std::optional<FileMark> mark_;  // of the file when it was opened
   bool sealed_ = false;           // opened so that others' changes show in nothing but the mark
+  bool isOurs_ = true;            // and not a later version's
 
   std::optional<std::uint64_t> lastTurn_;
   std::int64_t dataVersion_ = 0;
@@ -182,6 +207,7 @@ bool SqliteStore::Implementation::openOnce() {
   table_.reset();
   state_ = State::unreadable;
   sealed_ = false;
+  isOurs_ = true;
   values_.clear();
   overlay(unsaved_, values_);
   mark_ = markOf(file_);
@@ -193,7 +219,7 @@ bool SqliteStore::Implementation::openOnce() {
   try {
     if (!mark_) {
       createPrivateFile(file_);
-      mark_ = markOf(file_);
+      mark_ = markOf(file_).value_or(FileMark{});
     }
     connect();
     return true;
@@ -202,8 +228,9 @@ bool SqliteStore::Implementation::openOnce() {
                        "; settings are kept only until the program ends");
   } catch (const DatabaseError& error) {
     table_.reset();
+    state_ = State::unreadable;
     if (isDamage(error)) return !putAside(error);
-    tell(opening_, std::string("cannot be read: ") + error.what() +
+    tell(opening_, "cannot be read: " + whyNotRead(error, file_) +
                        "; its settings count as missing, and changes last until the program ends");
   }
   return true;
@@ -219,6 +246,7 @@ void SqliteStore::Implementation::connect() {
       return;
     case FileKind::newer:
       state_ = State::readable;
+      isOurs_ = false;
       tell(opening_, "was written by a later version of this program (its user_version is " +
                          std::to_string(found.version) +
                          "); it is read as far as it can be, and not written to");
@@ -226,13 +254,11 @@ void SqliteStore::Implementation::connect() {
     case FileKind::empty:
     case FileKind::settings:
       state_ = found.kind == FileKind::empty ? State::missing : State::readable;
-      if (access_ == Access::readWrite) {
-        startWriting(found.kind);
-      } else {
-        opening_.over();
-      }
+      if (access_ == Access::readWrite) startWriting(found.kind);
   }
   if (table_) load();
+  const bool isAsWanted = access_ == Access::readOnly ? isOurs_ : state_ == State::writable;
+  if (isAsWanted) opening_.over();
 }
 
 // First for reading only, which leaves a file that is not ours as it is.
@@ -240,16 +266,13 @@ FileKind SqliteStore::Implementation::startReading() {
   try {
     return startReading(Database::Open::readOnly);
   } catch (const DatabaseError& error) {
-    if (error.primaryCode() != SQLITE_CANTOPEN && error.primaryCode() != SQLITE_READONLY) throw;
-    if (::access(file_.c_str(), R_OK) != 0) {
-      throw DatabaseError(error.code(), std::generic_category().message(errno));
-    }
-    // SQLite needs its files beside the database, and cannot make them in this folder. It can do
-    // without as long as there is nothing in them that is not in the database itself.
+    // SQLite needs its files beside the database, and may not be able to make them in this folder.
+    // It can do without as long as there is nothing in them that is not in the database itself.
+    if (!isForWantOfAccess(error) || isDenied(file_, R_OK)) throw;
     if (mark_->logSize > 0) {
       throw DatabaseError(error.code(),
-                          "the latest changes are still in its -wal file, and its "
-                          "folder cannot be written to");
+                          "the latest changes are still in its -wal file, which its "
+                          "folder does not let be opened");
     }
   }
   sealed_ = true;
@@ -258,6 +281,7 @@ FileKind SqliteStore::Implementation::startReading() {
 
 FileKind SqliteStore::Implementation::startReading(Database::Open how) {
   Database database(file_, how);
+  database.waitForLocks(kPatience);
   const FileKind found = kindOf(database);
   if (found.kind == FileKind::settings || found.kind == FileKind::newer) {
     table_.emplace(std::move(database));
@@ -268,17 +292,16 @@ FileKind SqliteStore::Implementation::startReading(Database::Open how) {
 void SqliteStore::Implementation::startWriting(FileKind::Kind kind) {
   try {
     Database database(file_, Database::Open::readWrite);
+    database.waitForLocks(kPatience);
     if (!database.writable()) throw DatabaseError(SQLITE_READONLY, "it is read-only");
     if (kind == FileKind::empty) makeSettings(database);
     writeAhead(database);
     table_.emplace(std::move(database));
-    table_->waitForLocks(kPatience);
     state_ = State::writable;
     sealed_ = false;
-    opening_.over();
   } catch (const DatabaseError& error) {
     if (isDamage(error)) throw;
-    tell(opening_, std::string("cannot be written to: ") + error.what() +
+    tell(opening_, "cannot be written to: " + whyNotWritten(error, file_) +
                        "; changes last until the program ends");
   }
 }
@@ -286,7 +309,7 @@ void SqliteStore::Implementation::startWriting(FileKind::Kind kind) {
 // False when nothing could be done about it.
 bool SqliteStore::Implementation::putAside(const DatabaseError& damage) {
   const std::string what = std::string("is damaged: ") + damage.what();
-  if (access_ == Access::readOnly) {
+  if (access_ == Access::readOnly || !isOurs_) {
     tell(opening_, what + "; its settings count as missing");
     return false;
   }

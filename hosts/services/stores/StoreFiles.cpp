@@ -21,13 +21,13 @@ fs::path pathIn(const char* variable) {
 }
 
 fs::path homeFolder() {
-  const fs::path home = pathIn("HOME");
+  fs::path home = pathIn("HOME");
   if (!home.empty()) return home;
   passwd entry{};
   passwd* found = nullptr;
   std::array<char, 4096> texts{};
   getpwuid_r(getuid(), &entry, texts.data(), texts.size(), &found);
-  const fs::path listed = found != nullptr ? found->pw_dir : "";
+  fs::path listed = found != nullptr ? found->pw_dir : "";
   if (!listed.is_absolute()) throw std::runtime_error("there is no home folder: set HOME");
   return listed;
 }

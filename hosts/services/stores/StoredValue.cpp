@@ -211,7 +211,7 @@ Column columnOfReal(double real) {
 
 struct ToColumn {
   Column operator()(std::int64_t integer) const { return integer; }
-  Column operator()(bool boolean) const { return std::int64_t{boolean}; }
+  Column operator()(bool boolean) const { return std::int64_t{boolean ? 1 : 0}; }
   Column operator()(double real) const { return columnOfReal(real); }
   Column operator()(const std::string& text) const {
     if (isPlainText(text)) return text;

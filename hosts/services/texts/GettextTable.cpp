@@ -150,7 +150,7 @@ void GettextTable::read(const std::filesystem::path& folder, const std::string& 
     try {
       catalogues.push_back({file, keysOfSoundCatalogue(bytesOfCatalogue(file))});
     } catch (const std::runtime_error& reason) {
-      warn_(file.string() + ": " + reason.what() + ", so this catalogue is not used");
+      refuse(file, reason.what());
       sound = false;
     }
   }
@@ -170,6 +170,12 @@ void GettextTable::read(const std::filesystem::path& folder, const std::string& 
       }
     }
   }
+}
+
+// Two languages may come to the same file.
+void GettextTable::refuse(const std::filesystem::path& file, const char* reason) {
+  if (!refused_.insert(file).second) return;
+  warn_(file.string() + ": " + reason + ", so this catalogue is not used");
 }
 
 std::optional<std::string_view> GettextTable::find(std::string_view key) const {

@@ -7,6 +7,7 @@
 
 #include <filesystem>
 #include <functional>
+#include <set>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -46,8 +47,10 @@ class GettextTable : public StringTable {
   };
 
   void read(const std::filesystem::path& folder, const std::string& language);
+  void refuse(const std::filesystem::path& file, const char* reason);
 
   Warn warn_;
+  std::set<std::filesystem::path> refused_;
   std::unordered_map<std::string, Translation, Hash, std::equal_to<>> translations_;
 };
 
