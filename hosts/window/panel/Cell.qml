@@ -7,29 +7,28 @@ Item {
     required property QtObject captionView
     required property QtObject valueView
     required property QtObject look
-    property real size: 19
-    property real start: 0
-    readonly property real captionHeight: 13
+    property bool compact: false
+    property color valueColor: look.value
 
-    x: look.rightToLeft ? parent.width - start - width : start
-    height: 36
+    height: compact ? 34 : 38
 
     PanelText {
+        id: caption
         view: cell.captionView
         look: cell.look
         size: 10.5
         width: parent.width
-        height: cell.captionHeight
-        color: look.caption
+        height: cell.compact ? 12 : 13
+        color: cell.look.caption
         elide: Text.ElideRight
     }
     PanelText {
         view: cell.valueView
         look: cell.look
-        size: cell.size
-        y: cell.captionHeight
+        size: cell.compact ? 16 : 20
+        y: caption.height
         width: parent.width
         height: parent.height - y
-        font.weight: Font.DemiBold
+        color: cell.valueColor
     }
 }

@@ -27,18 +27,18 @@ Item {
         shape: Shape.Needle
         color: compass.look.mark
         secondColor: compass.look.caption
-        rotation: compass.panel.needleTurn
+        turn: compass.panel.needleTurn
     }
     Item {
         objectName: compass.arrowView.objectName
         anchors.fill: parent
         visible: !compass.arrowView.hidden
-        rotation: compass.panel.arrowTurn
 
         Shape {
             objectName: "arrowImageView"
             anchors.fill: parent
             shape: Shape.Arrow
+            turn: compass.panel.arrowTurn
             color: compass.look.pointer
         }
     }

@@ -8,10 +8,8 @@ Rectangle {
     required property QtObject panel
     required property QtObject look
     readonly property QtObject view: panel.outlets.compassView
-    property real start: 0
 
     objectName: view.objectName
-    x: look.rightToLeft ? parent.width - start - width : start
     width: 130
     height: 24
     visible: !view.hidden

@@ -28,9 +28,9 @@ Rectangle {
         visible: !button.view.hidden
         shape: Shape.Disclosure
         color: button.look.plateText
-        rotation: button.view.rotation
+        turn: button.view.rotation
         // A turn that is asked for midway goes on from where the last one is.
-        Behavior on rotation {
+        Behavior on turn {
             enabled: !button.look.reducedMotion
             NumberAnimation {
                 duration: button.view.turnDuration

@@ -12,6 +12,8 @@ Rectangle {
     visible: !view.hidden
     radius: 4
     color: look.field
+    border.width: 1
+    border.color: look.edge
     activeFocusOnTab: true
     Keys.onLeftPressed: panel.pickNext(look.rightToLeft ? 1 : -1)
     Keys.onRightPressed: panel.pickNext(look.rightToLeft ? -1 : 1)
@@ -46,7 +48,7 @@ Rectangle {
                     textFormat: Text.PlainText
                     color: parent.chosen ? control.panel.selectedTitleColor : control.look.value
                     font.pixelSize: Math.round(12.5 * control.look.fontScale)
-                    font.weight: parent.chosen ? Font.DemiBold : Font.Normal
+                    font.bold: parent.chosen
                     fontSizeMode: Text.Fit
                     minimumPixelSize: 6
                     horizontalAlignment: Text.AlignHCenter

@@ -25,7 +25,7 @@ Rectangle {
         width: parent.width - 10
         height: parent.height
         horizontalAlignment: Text.AlignHCenter
-        font.weight: Font.DemiBold
+        heavy: true
         color: look.plateText
         Accessible.role: Accessible.Button
         Accessible.onPressAction: plate.tapped()

@@ -11,6 +11,7 @@
 #include "hosts/window/panel/ShorterWay.h"
 #include "hosts/window/panel/Spoken.h"
 #include "hosts/window/panel/TapeItem.h"
+#include "platform/NSBundle.h"
 
 namespace wayfell {
 
@@ -90,6 +91,11 @@ QColor PanelAdapter::selectedTitleColor() const {
   return colorOf(UISegmentedControl::selectedTitleColor());
 }
 
+QString PanelAdapter::copyWords() const {
+  const std::string_view words = localized("copy the position");
+  return QString::fromUtf8(words.data(), std::ssize(words));
+}
+
 void PanelAdapter::takeSegments() {
   const UISegmentedControl& control = scene_.interface().coordinateControl();
   QStringList titles;
@@ -111,6 +117,11 @@ void PanelAdapter::takeLines() {
   fault_ = fault;
   if (news) news_ = QString::fromStdString(*news);
   emit linesChanged();
+}
+
+QString PanelAdapter::message() const {
+  if (!fault_.isEmpty()) return QStringLiteral("Stopped: ") + fault_;
+  return news_.isEmpty() ? title() : news_;
 }
 
 void PanelAdapter::tell(const QString& news) {

@@ -44,11 +44,12 @@ class PanelAdapter : public QObject, private UIViewObserver {
   Q_PROPERTY(QStringList spokenSegments READ spokenSegments NOTIFY segmentsChanged)
   Q_PROPERTY(int selectedSegment READ selectedSegment NOTIFY segmentsChanged)
   Q_PROPERTY(QColor selectedTitleColor READ selectedTitleColor NOTIFY segmentsChanged)
+  Q_PROPERTY(QString copyWords READ copyWords CONSTANT)
   Q_PROPERTY(QString badge READ badge NOTIFY linesChanged)
   Q_PROPERTY(QString title READ title NOTIFY linesChanged)
   Q_PROPERTY(QString state READ state NOTIFY linesChanged)
   Q_PROPERTY(QString warning READ warning NOTIFY linesChanged)
-  Q_PROPERTY(QString news READ news NOTIFY linesChanged)
+  Q_PROPERTY(QString message READ message NOTIFY linesChanged)
   Q_PROPERTY(QString fault READ fault NOTIFY linesChanged)
 
  public:
@@ -92,13 +93,16 @@ class PanelAdapter : public QObject, private UIViewObserver {
   /// None is selected by a number that no segment has.
   int selectedSegment() const { return selectedSegment_; }
   QColor selectedTitleColor() const;
+  /// What copyPosition does, for those who hear it.
+  QString copyWords() const;
 
   /// The host's own lines, as Scene has them.
   QString badge() const { return QString::fromStdString(lines_.badge); }
   QString title() const { return QString::fromStdString(lines_.title); }
   QString state() const { return QString::fromStdString(lines_.state); }
   QString warning() const { return QString::fromStdString(lines_.warning); }
-  const QString& news() const { return news_; }
+  /// The fault, or else the news until the next touch, or else the title.
+  QString message() const;
   const QString& fault() const { return fault_; }
 
  signals:

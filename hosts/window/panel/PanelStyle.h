@@ -13,6 +13,7 @@ class PanelStyle : public QObject {
   Q_PROPERTY(bool reducedMotion READ reducedMotion WRITE setReducedMotion NOTIFY changed)
   Q_PROPERTY(double fontScale READ fontScale WRITE setFontScale NOTIFY changed)
   Q_PROPERTY(bool rightToLeft READ rightToLeft WRITE setRightToLeft NOTIFY changed)
+  Q_PROPERTY(bool heavy READ heavy NOTIFY changed)
   Q_PROPERTY(QColor backing READ backing NOTIFY changed)
   Q_PROPERTY(QColor edge READ edge NOTIFY changed)
   Q_PROPERTY(QColor value READ value NOTIFY changed)
@@ -55,6 +56,9 @@ class PanelStyle : public QObject {
   /// Captions at the right, as the user's language has it.
   bool rightToLeft() const { return rightToLeft_; }
   void setRightToLeft(bool rightToLeft) { change(rightToLeft_, rightToLeft); }
+
+  /// Whether all values are bold.
+  bool heavy() const { return theme_ == sunlight; }
 
   /// Behind everything; the only colour that may let something shine through.
   QColor backing() const;

@@ -7,6 +7,7 @@ Text {
     property real size: 12
     /// From the side where reading starts.
     property real start: 0
+    property bool heavy: look.heavy
 
     objectName: view.objectName
     x: look.rightToLeft ? parent.width - start - width : start
@@ -14,7 +15,7 @@ Text {
     text: view.text
     color: look.value
     font.pixelSize: Math.round(size * look.fontScale)
-    font.bold: view.bold
+    font.bold: heavy || view.bold
     fontSizeMode: Text.Fit
     minimumPixelSize: 6
     horizontalAlignment: view.centered ? Text.AlignHCenter : Text.AlignLeft

@@ -37,6 +37,9 @@ void drawDial(QPainter& painter, const QColor& color, const QColor& lines) {
 void ShapeItem::paint(QPainter* painter) {
   painter->setRenderHint(QPainter::Antialiasing);
   painter->scale(width() / 100, height() / 100);
+  painter->translate(50, 50);
+  painter->rotate(turn_);
+  painter->translate(-50, -50);
   switch (shape_) {
     case Mark:
       return fillPolygon(*painter, color_, QPolygonF({{0, 0}, {100, 0}, {50, 100}}));

@@ -9,6 +9,7 @@ namespace wayfell {
 class ShapeItem : public QQuickPaintedItem {
   Q_OBJECT
   Q_PROPERTY(Shape shape MEMBER shape_ WRITE setShape)
+  Q_PROPERTY(double turn MEMBER turn_ WRITE setTurn)
   Q_PROPERTY(QColor color MEMBER color_ WRITE setColor)
   Q_PROPERTY(QColor secondColor MEMBER secondColor_ WRITE setSecondColor)
 
@@ -28,6 +29,8 @@ class ShapeItem : public QQuickPaintedItem {
   explicit ShapeItem(QQuickItem* parent = nullptr) : QQuickPaintedItem(parent) {}
 
   void setShape(Shape shape) { change(shape_, shape); }
+  /// Degrees, clockwise around the middle. Painted so, the edges stay smooth.
+  void setTurn(double degrees) { change(turn_, degrees); }
   void setColor(const QColor& color) { change(color_, color); }
   void setSecondColor(const QColor& color) { change(secondColor_, color); }
 
@@ -42,6 +45,7 @@ class ShapeItem : public QQuickPaintedItem {
   }
 
   Shape shape_ = Mark;
+  double turn_ = 0;
   QColor color_;
   QColor secondColor_;
 };

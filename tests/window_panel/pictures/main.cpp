@@ -38,6 +38,7 @@ bool drawAll(const QDir& folder) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  qputenv("QT_QPA_PLATFORM", "offscreen");
   QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
   const QGuiApplication application(argc, argv);
   if (argc != 2) {
