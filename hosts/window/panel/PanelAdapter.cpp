@@ -1,16 +1,25 @@
 #include "hosts/window/panel/PanelAdapter.h"
 
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QQmlEngine>
 #include <utility>
+
+#include "hosts/window/panel/CanvasPainter.h"
+#include "hosts/window/panel/DrawnView.h"
+#include "hosts/window/panel/ShapeItem.h"
+#include "hosts/window/panel/ShorterWay.h"
+#include "hosts/window/panel/Spoken.h"
+#include "hosts/window/panel/TapeItem.h"
+#include "platform/NSBundle.h"
 
 namespace wayfell {
 
 PanelAdapter::PanelAdapter(Scene& scene, QObject* parent) : QObject(parent), scene_(scene) {
   for (const auto& named : scene.interface().views()) {
-    auto* outlet = new PanelOutlet(*named.view, this);
+    auto* outlet = new PanelOutlet(scene.interface(), named.name, this);
     watched_[named.view.get()].outlet = outlet;
-    outlets_.insert(QString::fromUtf8(named.name.data(), std::ssize(named.name)),
-                    QVariant::fromValue(outlet));
+    outlets_.insert(outlet->objectName(), QVariant::fromValue(outlet));
   }
   observeViews(this);
   refresh();
@@ -36,6 +45,7 @@ void PanelAdapter::refresh() {
   takeOutlets();
   takeLayout();
   takeTapeOffset();
+  takeCompass();
   takeSegments();
   takeLines();
 }
@@ -43,18 +53,17 @@ void PanelAdapter::refresh() {
 void PanelAdapter::takeOutlets() {
   for (Watched* watched : std::exchange(changed_, {})) {
     watched->changed = false;
-    if (const auto animation = std::exchange(watched->animation, std::nullopt)) {
-      watched->outlet->take(*animation);
-    } else {
-      watched->outlet->take();
-    }
+    const auto animation = std::exchange(watched->animation, std::nullopt);
+    watched->outlet->tellChanged(animation ? animation->duration : 0);
   }
 }
 
 void PanelAdapter::takeLayout() {
   const double height = scene_.interface().preferredContentSize().height;
   const bool onScreen = scene_.onScreen();
-  if (height == preferredHeight_ && onScreen == onScreen_) return;
+  const bool compact = scene_.interface().view("trackDataView").hidden();
+  if (height == preferredHeight_ && onScreen == onScreen_ && compact == compact_) return;
+  compact_ = compact;
   preferredHeight_ = height;
   onScreen_ = onScreen;
   emit layoutChanged();
@@ -65,6 +74,26 @@ void PanelAdapter::takeTapeOffset() {
   if (offset == tapeOffset_) return;
   tapeOffset_ = offset;
   emit tapeOffsetChanged();
+}
+
+void PanelAdapter::takeCompass() {
+  const auto& arrow = scene_.interface().compassRotatingView().arrow();
+  if (!arrow) return;
+  const double needle = turnedByShorterWay(needleTurn_, -arrow->heading);
+  const double turn = turnedByShorterWay(arrowTurn_, arrow->bearing - arrow->heading);
+  if (needle == needleTurn_ && turn == arrowTurn_) return;
+  needleTurn_ = needle;
+  arrowTurn_ = turn;
+  emit compassChanged();
+}
+
+QColor PanelAdapter::selectedTitleColor() const {
+  return colorOf(UISegmentedControl::selectedTitleColor());
+}
+
+QString PanelAdapter::copyWords() const {
+  const std::string_view words = localized("copy the position");
+  return QString::fromUtf8(words.data(), std::ssize(words));
 }
 
 void PanelAdapter::takeSegments() {
@@ -90,6 +119,11 @@ void PanelAdapter::takeLines() {
   emit linesChanged();
 }
 
+QString PanelAdapter::message() const {
+  if (!fault_.isEmpty()) return QStringLiteral("Stopped: ") + fault_;
+  return news_.isEmpty() ? title() : news_;
+}
+
 void PanelAdapter::tell(const QString& news) {
   if (news == news_) return;
   news_ = news;
@@ -113,6 +147,50 @@ void PanelAdapter::pick(int segment) {
   refresh();
 }
 
-void addPanelImports(QQmlEngine& engine) { engine.addImportPath(QStringLiteral("qrc:/qt/qml")); }
+void PanelAdapter::pickNext(int step) {
+  const int segment = selectedSegment_ + step;
+  if (segment >= 0 && segment < segmentTitles_.size()) pick(segment);
+}
+
+QStringList PanelAdapter::spokenSegments() const {
+  QStringList spoken;
+  for (int i = 0; i < segmentTitles_.size(); ++i) {
+    spoken.append(QString::fromStdString(spokenFormat(i)));
+  }
+  return spoken;
+}
+
+bool PanelAdapter::press(const QString& key) {
+  bool isNumber = false;
+  const int segment = key.toInt(&isNumber);
+  if (isNumber && segment >= 0 && segment < segmentTitles_.size()) {
+    pick(segment);
+  } else if (key == QStringLiteral("t")) {
+    tap(QStringLiteral("toggleViewButton"));
+  } else if (key == QStringLiteral("o")) {
+    tap(compact_ ? QStringLiteral("openMiniLabel") : QStringLiteral("openLabel"));
+  } else if (key == QStringLiteral("c")) {
+    copyPosition();
+  } else {
+    return false;
+  }
+  return true;
+}
+
+void PanelAdapter::copyPosition() {
+  const auto& position = scene_.interface().label("userCoordinateLabel").text();
+  if (!position || position->empty()) return;
+  const QString text = QString::fromStdString(*position);
+  QGuiApplication::clipboard()->setText(text);
+  tell(QStringLiteral("Copied: ") + text);
+}
+
+void addPanelImports(QQmlEngine& engine) {
+  constexpr const char* kModule = "Wayfell.Items";
+  qmlRegisterType<DrawnView>(kModule, 1, 0, "DrawnView");
+  qmlRegisterType<TapeItem>(kModule, 1, 0, "Tape");
+  qmlRegisterType<ShapeItem>(kModule, 1, 0, "Shape");
+  engine.addImportPath(QStringLiteral("qrc:/qt/qml"));
+}
 
 }  // namespace wayfell

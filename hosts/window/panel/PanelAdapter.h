@@ -14,11 +14,11 @@
 //   adapter.refresh();  // at the end of each turn of the loop
 #pragma once
 
+#include <QColor>
 #include <QObject>
 #include <QQmlPropertyMap>
 #include <QString>
 #include <QStringList>
-#include <memory>
 #include <optional>
 #include <string_view>
 #include <unordered_map>
@@ -36,14 +36,20 @@ class PanelAdapter : public QObject, private UIViewObserver {
   Q_PROPERTY(QQmlPropertyMap* outlets READ outlets CONSTANT)
   Q_PROPERTY(double preferredHeight READ preferredHeight NOTIFY layoutChanged)
   Q_PROPERTY(bool onScreen READ onScreen NOTIFY layoutChanged)
+  Q_PROPERTY(bool compact READ compact NOTIFY layoutChanged)
   Q_PROPERTY(double tapeOffset READ tapeOffset NOTIFY tapeOffsetChanged)
+  Q_PROPERTY(double needleTurn READ needleTurn NOTIFY compassChanged)
+  Q_PROPERTY(double arrowTurn READ arrowTurn NOTIFY compassChanged)
   Q_PROPERTY(QStringList segmentTitles READ segmentTitles NOTIFY segmentsChanged)
+  Q_PROPERTY(QStringList spokenSegments READ spokenSegments NOTIFY segmentsChanged)
   Q_PROPERTY(int selectedSegment READ selectedSegment NOTIFY segmentsChanged)
+  Q_PROPERTY(QColor selectedTitleColor READ selectedTitleColor NOTIFY segmentsChanged)
+  Q_PROPERTY(QString copyWords READ copyWords CONSTANT)
   Q_PROPERTY(QString badge READ badge NOTIFY linesChanged)
   Q_PROPERTY(QString title READ title NOTIFY linesChanged)
   Q_PROPERTY(QString state READ state NOTIFY linesChanged)
   Q_PROPERTY(QString warning READ warning NOTIFY linesChanged)
-  Q_PROPERTY(QString news READ news NOTIFY linesChanged)
+  Q_PROPERTY(QString message READ message NOTIFY linesChanged)
   Q_PROPERTY(QString fault READ fault NOTIFY linesChanged)
 
  public:
@@ -61,28 +67,48 @@ class PanelAdapter : public QObject, private UIViewObserver {
   /// A touch as the user's; what is not on the screen cannot be touched.
   Q_INVOKABLE void tap(const QString& outlet);
   Q_INVOKABLE void pick(int segment);
+  /// Picks the segment so many after the selected one, if there is one.
+  Q_INVOKABLE void pickNext(int step);
+
+  /// Whether the key is one of the panel's, and then does what it stands for: a digit picks that
+  /// format, "t" switches the layout, "o" opens the app, "c" copies the position.
+  Q_INVOKABLE bool press(const QString& key);
+  /// Puts the position's text on the clipboard.
+  Q_INVOKABLE void copyPosition();
 
   QQmlPropertyMap* outlets() { return &outlets_; }
   /// Points: 78 compact, 286 expanded.
   double preferredHeight() const { return preferredHeight_; }
   bool onScreen() const { return onScreen_; }
+  bool compact() const { return compact_; }
   /// How far the tape stands to the right of its frame's left edge, in points.
   double tapeOffset() const { return tapeOffset_; }
+  /// Degrees, clockwise from up, of north and of the waypoint. They go on beyond a full turn, so
+  /// that from one to the next is always the shorter way.
+  double needleTurn() const { return needleTurn_; }
+  double arrowTurn() const { return arrowTurn_; }
   const QStringList& segmentTitles() const { return segmentTitles_; }
+  /// The titles are short; these are for those who hear them.
+  QStringList spokenSegments() const;
   /// None is selected by a number that no segment has.
   int selectedSegment() const { return selectedSegment_; }
+  QColor selectedTitleColor() const;
+  /// What copyPosition does, for those who hear it.
+  QString copyWords() const;
 
   /// The host's own lines, as Scene has them.
   QString badge() const { return QString::fromStdString(lines_.badge); }
   QString title() const { return QString::fromStdString(lines_.title); }
   QString state() const { return QString::fromStdString(lines_.state); }
   QString warning() const { return QString::fromStdString(lines_.warning); }
-  const QString& news() const { return news_; }
+  /// The fault, or else the news until the next touch, or else the title.
+  QString message() const;
   const QString& fault() const { return fault_; }
 
  signals:
   void layoutChanged();
   void tapeOffsetChanged();
+  void compassChanged();
   void segmentsChanged();
   void linesChanged();
 
@@ -101,6 +127,7 @@ class PanelAdapter : public QObject, private UIViewObserver {
   void takeOutlets();
   void takeLayout();
   void takeTapeOffset();
+  void takeCompass();
   void takeSegments();
   void takeLines();
 
@@ -111,7 +138,10 @@ class PanelAdapter : public QObject, private UIViewObserver {
 
   double preferredHeight_ = 0;
   bool onScreen_ = false;
+  bool compact_ = false;
   double tapeOffset_ = 0;
+  double needleTurn_ = 0;
+  double arrowTurn_ = 0;
   QStringList segmentTitles_;
   int selectedSegment_ = UISegmentedControl::kNoSegment;
   Scene::Lines lines_;

@@ -2,6 +2,9 @@
 
 #include <cmath>
 
+#include "hosts/window/panel/CanvasPainter.h"
+#include "hosts/window/panel/Spoken.h"
+
 namespace wayfell {
 namespace {
 
@@ -9,19 +12,37 @@ constexpr double kDegreesPerRadian = 57.29577951308232;
 
 }  // namespace
 
-void PanelOutlet::take() {
-  hidden_ = view_.hidden();
-  if (const auto* label = dynamic_cast<const UILabel*>(&view_)) {
-    text_ = QString::fromStdString(label->text().value_or(""));
-  }
-  rotation_ = view_.transform().rotation * kDegreesPerRadian;
-  rotationDuration_ = 0;
-  emit changed();
+PanelOutlet::PanelOutlet(const WidgetInterface& interface, std::string_view name, QObject* parent)
+    : QObject(parent), interface_(interface), name_(name), view_(interface.view(name)) {
+  setObjectName(QString::fromUtf8(name.data(), std::ssize(name)));
 }
 
-void PanelOutlet::take(const UIViewAnimation& animation) {
-  take();
-  rotationDuration_ = static_cast<int>(std::lround(animation.duration * 1000));
+QString PanelOutlet::text() const {
+  return label() ? QString::fromStdString(label()->text().value_or("")) : QString();
+}
+
+QString PanelOutlet::lines() const {
+  return text().replace(QStringLiteral(", "), QStringLiteral("\n"));
+}
+
+QString PanelOutlet::spoken() const {
+  return QString::fromStdString(spokenText(interface_, name_));
+}
+
+bool PanelOutlet::bold() const { return label() && label()->font().bold; }
+
+bool PanelOutlet::centered() const {
+  return label() && label()->textAlignment() == NSTextAlignment::center;
+}
+
+QColor PanelOutlet::borderColor() const { return colorOf(view_.layer().borderColor); }
+
+double PanelOutlet::rotation() const { return view_.transform().rotation * kDegreesPerRadian; }
+
+void PanelOutlet::tellChanged(double turnSeconds) {
+  // How long it takes before where to: what turns begins as soon as it hears where to.
+  turnDuration_ = static_cast<int>(std::lround(turnSeconds * 1000));
+  emit turnDurationChanged();
   emit changed();
 }
 
