@@ -15,12 +15,15 @@ class RecordedStage : public Stage {
   RecordedStage(QtRunLoop& loop, const StageWishes& wishes, const Warn& warn);
 
   Scene& scene() override { return scene_; }
-  std::optional<CLLocation> fix() const override { return widget_.controller().currentLocation; }
+  std::optional<CLLocation> fix() const override { return widget_->controller().currentLocation; }
 
  private:
+  static std::unique_ptr<ReplayedWidget> withSettings(const RecordingChoice& recording,
+                                                      const StringTable& texts);
   void showSnapshotsIn(const std::string& file);
 
-  ReplayedWidget widget_;
+  GettextTable texts_;
+  std::unique_ptr<ReplayedWidget> widget_;
   ChosenRecording recording_;
   Player player_;
   PlayedScene scene_;

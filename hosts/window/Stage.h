@@ -24,15 +24,15 @@ class Stage {
 
 struct StageWishes {
   SourceChoice source;
-  /// Of a recording.
+  /// Of recordings: settings to begin with, and the pace (see Playback).
   RecordingChoice recording;
-  double rate = 1;  ///< see Playback
-  /// A file to which a line is added at each snapshot that the recording asks for; none if empty.
+  double rate = 1;
+  /// A file that gets a line at each snapshot that a recording asks for; none if empty.
   std::string snapshots;
 };
 
-/// Throws InputError for a recording that cannot be read, and std::invalid_argument for settings
-/// that cannot. The loop must outlive the stage.
+/// Warns of what the user should know, which is also what has been found for source::Automatic.
+/// Throws InputError for what cannot be read. The loop must outlive the stage.
 std::unique_ptr<Stage> openStage(QtRunLoop& loop, StageWishes wishes, const Warn& warn);
 
 }  // namespace wayfell

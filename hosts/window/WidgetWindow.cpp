@@ -194,9 +194,15 @@ void WidgetWindow::mousePressEvent(QMouseEvent* event) {
   if (!edges) {
     event->ignore();
     loop_.guard([&] { QQuickView::mousePressEvent(event); });
-    if (event->isAccepted()) return;
+    if (event->isAccepted() && !grabberLetsDrag()) return;
   }
   if (event->button() == Qt::LeftButton) grip_ = Grip{pointer, geometry(), edges};
+}
+
+// Some things to click on are large, and no buttons.
+bool WidgetWindow::grabberLetsDrag() const {
+  const QQuickItem* const grabber = mouseGrabberItem();
+  return grabber && grabber->property("letsDrag").toBool();
 }
 
 void WidgetWindow::mouseMoveEvent(QMouseEvent* event) {
@@ -218,6 +224,7 @@ void WidgetWindow::hold(const QPoint& pointer) {
   if (!grip_->held) {
     if (way.manhattanLength() < QGuiApplication::styleHints()->startDragDistance()) return;
     grip_->held = true;
+    if (QQuickItem* const grabber = mouseGrabberItem()) grabber->ungrabMouse();  // no click, then
     if (grip_->edges ? startSystemResize(grip_->edges) : startSystemMove()) {
       grip_.reset();
       return;
@@ -235,11 +242,8 @@ void WidgetWindow::hold(const QPoint& pointer) {
 }
 
 void WidgetWindow::mouseReleaseEvent(QMouseEvent* event) {
-  if (grip_) {
-    grip_.reset();
-  } else {
-    loop_.guard([&] { QQuickView::mouseReleaseEvent(event); });
-  }
+  grip_.reset();
+  loop_.guard([&] { QQuickView::mouseReleaseEvent(event); });
 }
 
 void WidgetWindow::moveEvent(QMoveEvent* event) {

@@ -63,6 +63,7 @@ class WidgetWindow : public QQuickView {
   void putAwayOrBack();
   bool press(const QKeyEvent& event);
   Qt::Edges edgesAt(const QPoint& point) const;
+  bool grabberLetsDrag() const;
   void hold(const QPoint& pointer);
   void keepSoon();
   void keep();

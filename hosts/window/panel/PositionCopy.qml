@@ -18,6 +18,8 @@ Item {
     Accessible.onPressAction: panel.copyPosition()
 
     MouseArea {
+        // The window may be dragged by it.
+        readonly property bool letsDrag: true
         anchors.fill: parent
         cursorShape: Qt.PointingHandCursor
         onClicked: copy.panel.copyPosition()
