@@ -139,7 +139,7 @@ int run(int argc, char** argv) {
   app.add_flag("--check-display", checkDisplay, "Only tell, by the exit status, if one answers");
   try {
     app.parse(argc, argv);
-    if (!isRecording(command.stage.source)) {
+    if (!wayfell::isRecording(command.stage.source)) {
       for (const char* option : {"--rate", "--suite", "--local", "--snapshots"}) {
         if (app.count(option) > 0) {
           throw CLI::RequiredError(option + std::string(": --source demo or replay=FILE"));
