@@ -34,18 +34,17 @@ bool waylandAnswers() {
   return connected;
 }
 
-bool xAnswers() {
-  if (variable("DISPLAY").empty()) return false;
-  xcb_connection_t* const connection = xcb_connect(nullptr, nullptr);
-  const bool connected = xcb_connection_has_error(connection) == 0;
-  xcb_disconnect(connection);
-  return connected;
+std::shared_ptr<void> connectToX() {
+  if (variable("DISPLAY").empty()) return nullptr;
+  std::shared_ptr<xcb_connection_t> connection(xcb_connect(nullptr, nullptr), xcb_disconnect);
+  return xcb_connection_has_error(connection.get()) == 0 ? connection : nullptr;
 }
 
 }  // namespace
 
-bool displayAnswers() {
-  return !variable("QT_QPA_PLATFORM").empty() || waylandAnswers() || xAnswers();
+std::shared_ptr<void> connectToDisplay() {
+  if (!variable("QT_QPA_PLATFORM").empty() || waylandAnswers()) return std::make_shared<int>();
+  return connectToX();
 }
 
 }  // namespace wayfell

@@ -42,7 +42,10 @@ std::unique_ptr<ReplayedWidget> RecordedStage::withSettings(const RecordingChoic
 void RecordedStage::showSnapshotsIn(const std::string& file) {
   snapshots_.open(file, std::ios::app);
   if (!snapshots_) throw InputError(file + ": " + std::strerror(errno));
-  player_.onShow = [this] { snapshots_ << snapshotLine(*widget_) << std::endl; };
+  player_.onShow = [this] {
+    snapshots_ << snapshotLine(*widget_) << std::endl;
+    widget_->host().urls.requests.clear();  // each is told of once
+  };
 }
 
 }  // namespace wayfell

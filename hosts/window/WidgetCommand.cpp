@@ -26,6 +26,13 @@ void drawWithoutGraphicsDriver() {
   QQuickWindow::setSceneGraphBackend(QStringLiteral("software"));
 }
 
+// As complaints begin that are about a recording.
+std::string nameOf(const SourceChoice& choice) {
+  const auto* const replay = std::get_if<source::Replay>(&choice);
+  if (!replay) return "";
+  return (replay->file == "-" ? "standard input" : replay->file) + ": ";
+}
+
 // As the texts are: in a language without a catalogue they are English.
 bool readsRightToLeft() {
   for (const std::string& language : userLanguages()) {
@@ -92,7 +99,8 @@ void complain(const std::string& what) {
 }
 
 int runWidget(const WidgetCommand& command) {
-  if (!displayAnswers()) {
+  const auto display = connectToDisplay();
+  if (!display) {
     complain("no display answers; in a terminal, \"wayfell today\" shows the panel");
     return kBadInput;
   }
@@ -114,7 +122,7 @@ int runWidget(const WidgetCommand& command) {
     show(loop, *stage, command, memory, notices);
     if (const auto fault = stage->scene().fault()) throw InputError(*fault);
   } catch (const InputError& error) {
-    complain(error.what());
+    complain(nameOf(command.stage.source) + error.what());
     return kBadInput;
   }
   return kDone;

@@ -105,8 +105,19 @@ void WidgetWindow::fitHeight() {
 }
 
 bool WidgetWindow::event(QEvent* event) {
-  const bool known = QQuickView::event(event);
+  if (takesByItself(*event)) return true;
+  bool known = false;
+  loop_.guard([&] { known = QQuickView::event(event); });
   switch (event->type()) {
+    case QEvent::MouseButtonPress:
+      grip(static_cast<const QMouseEvent&>(*event));
+      break;
+    case QEvent::MouseButtonRelease:
+      grip_.reset();
+      break;
+    case QEvent::MouseMove:
+      showEdge(static_cast<const QMouseEvent&>(*event));
+      break;
     case QEvent::WindowStateChange:
     case QEvent::Hide:
       followVisibility();
@@ -153,14 +164,12 @@ void WidgetWindow::putAwayOrBack() {
 }
 
 void WidgetWindow::keyPressEvent(QKeyEvent* event) {
-  loop_.guard([&] {
-    event->ignore();
-    if (!press(*event)) QQuickView::keyPressEvent(event);
-    if (!event->isAccepted()) {
-      scene_.catchUp();
-      scene_.press(sceneKeyOf(*event));
-    }
-  });
+  event->ignore();
+  if (press(*event)) return;
+  QQuickView::keyPressEvent(event);
+  if (event->isAccepted()) return;
+  scene_.catchUp();
+  scene_.press(sceneKeyOf(*event));
 }
 
 // The keys of the window, before those of the panel and those of the scene.
@@ -188,30 +197,29 @@ Qt::Edges WidgetWindow::edgesAt(const QPoint& point) const {
   return {};
 }
 
-void WidgetWindow::mousePressEvent(QMouseEvent* event) {
-  const QPoint pointer = event->globalPosition().toPoint();
-  const Qt::Edges edges = edgesAt(event->position().toPoint());
-  if (!edges) {
-    event->ignore();
-    loop_.guard([&] { QQuickView::mousePressEvent(event); });
-    if (event->isAccepted() && !grabberLetsDrag()) return;
+// What the items in the window do not get to see.
+bool WidgetWindow::takesByItself(QEvent& event) {
+  if (event.type() == QEvent::MouseMove && grip_) {
+    hold(static_cast<QMouseEvent&>(event));
+    return true;
   }
-  if (event->button() == Qt::LeftButton) grip_ = Grip{pointer, geometry(), edges};
+  if (event.type() != QEvent::MouseButtonPress) return false;
+  const auto& press = static_cast<const QMouseEvent&>(event);
+  const Qt::Edges edges = edgesAt(press.position().toPoint());
+  if (edges) grip_ = Grip{press.globalPosition().toPoint(), geometry(), edges};
+  return bool(edges);
 }
 
-// Some things to click on are large, and no buttons.
-bool WidgetWindow::grabberLetsDrag() const {
-  const QQuickItem* const grabber = mouseGrabberItem();
-  return grabber && grabber->property("letsDrag").toBool();
+// Items that take the pointer are buttons, but for what is large and only to be copied.
+void WidgetWindow::grip(const QMouseEvent& press) {
+  const QObject* const taker = press.exclusiveGrabber(press.points().constFirst());
+  const bool isButton = taker && !taker->property("letsDrag").toBool();
+  if (isButton || press.button() != Qt::LeftButton) return;
+  grip_ = Grip{press.globalPosition().toPoint(), geometry(), {}};
 }
 
-void WidgetWindow::mouseMoveEvent(QMouseEvent* event) {
-  if (grip_) {
-    hold(event->globalPosition().toPoint());
-    return;
-  }
-  QQuickView::mouseMoveEvent(event);
-  if (event->buttons() == Qt::NoButton && edgesAt(event->position().toPoint())) {
+void WidgetWindow::showEdge(const QMouseEvent& move) {
+  if (move.buttons() == Qt::NoButton && edgesAt(move.position().toPoint())) {
     setCursor(Qt::SizeHorCursor);
   } else if (cursor().shape() == Qt::SizeHorCursor) {
     unsetCursor();
@@ -219,12 +227,12 @@ void WidgetWindow::mouseMoveEvent(QMouseEvent* event) {
 }
 
 // Where nobody manages windows, the window itself follows the pointer.
-void WidgetWindow::hold(const QPoint& pointer) {
-  const QPoint way = pointer - grip_->start;
+void WidgetWindow::hold(QMouseEvent& move) {
+  const QPoint way = move.globalPosition().toPoint() - grip_->start;
   if (!grip_->held) {
     if (way.manhattanLength() < QGuiApplication::styleHints()->startDragDistance()) return;
     grip_->held = true;
-    if (QQuickItem* const grabber = mouseGrabberItem()) grabber->ungrabMouse();  // no click, then
+    move.setExclusiveGrabber(move.points().constFirst(), nullptr);  // it will be no click
     if (grip_->edges ? startSystemResize(grip_->edges) : startSystemMove()) {
       grip_.reset();
       return;
@@ -239,11 +247,6 @@ void WidgetWindow::hold(const QPoint& pointer) {
       std::clamp(grip_->geometry.width() + (left ? -way.x() : way.x()), kNarrowest, kWidest);
   const int right = grip_->geometry.x() + grip_->geometry.width();
   setGeometry(left ? right - width : grip_->geometry.x(), y(), width, height());
-}
-
-void WidgetWindow::mouseReleaseEvent(QMouseEvent* event) {
-  grip_.reset();
-  loop_.guard([&] { QQuickView::mouseReleaseEvent(event); });
 }
 
 void WidgetWindow::moveEvent(QMoveEvent* event) {

@@ -41,9 +41,6 @@ class WidgetWindow : public QQuickView {
   bool event(QEvent* event) override;
   void exposeEvent(QExposeEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
-  void mousePressEvent(QMouseEvent* event) override;
-  void mouseMoveEvent(QMouseEvent* event) override;
-  void mouseReleaseEvent(QMouseEvent* event) override;
   void moveEvent(QMoveEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
 
@@ -63,8 +60,10 @@ class WidgetWindow : public QQuickView {
   void putAwayOrBack();
   bool press(const QKeyEvent& event);
   Qt::Edges edgesAt(const QPoint& point) const;
-  bool grabberLetsDrag() const;
-  void hold(const QPoint& pointer);
+  bool takesByItself(QEvent& event);
+  void grip(const QMouseEvent& press);
+  void hold(QMouseEvent& move);
+  void showEdge(const QMouseEvent& move);
   void keepSoon();
   void keep();
 

@@ -149,7 +149,7 @@ int run(int argc, char** argv) {
   } catch (const CLI::ParseError& error) {
     return app.exit(error) == 0 ? wayfell::kDone : wayfell::kBadUsage;
   }
-  if (checkDisplay) return wayfell::displayAnswers() ? wayfell::kDone : wayfell::kBadInput;
+  if (checkDisplay) return wayfell::connectToDisplay() ? wayfell::kDone : wayfell::kBadInput;
   return wayfell::runWidget(command);
 }
 

@@ -155,6 +155,8 @@ TYPED_TEST_P(IoRunLoops, WhatIsCancelledOrUnwatchedIsReleased) {
   const auto watch = loop.watch(pair.ends[0], {.readable = true}, [held](IoRunLoop::Readiness) {});
   loop.cancelTimer(timer);
   loop.unwatch(watch);
+  loop.perform([&] { loop.stop(); });
+  loop.run();
   EXPECT_EQ(held.use_count(), 1);
 }
 
