@@ -34,7 +34,7 @@ class Book {
       row.street = "Street " + std::to_string(i / 990);
       import.add(row);
     }
-    // Flats at one place.
+    // Houses at one place.
     row.latitude = kTower.latitude;
     row.longitude = kTower.longitude;
     for (int i = 0; i < 10000; ++i) import.add(row);
@@ -68,7 +68,7 @@ BENCHMARK_CAPTURE(lookUp, justWithin,
                   CLLocationCoordinate2D{kTowns.latitude - 99 * kMetre, kTowns.longitude + 0.02});
 BENCHMARK_CAPTURE(lookUp, justBeyond,
                   CLLocationCoordinate2D{kTowns.latitude - 101 * kMetre, kTowns.longitude + 0.02});
-BENCHMARK_CAPTURE(lookUp, tenThousandFlats, kTower);
+BENCHMARK_CAPTURE(lookUp, tenThousandAtOnePlace, kTower);
 BENCHMARK_CAPTURE(lookUp, pole, CLLocationCoordinate2D{90, 0});
 
 }  // namespace

@@ -22,6 +22,7 @@ LiveHost::LiveHost(IoRunLoop& loop, LocationSource& source, const Warn& warn)
 }
 
 LiveHost::~LiveHost() {
+  geocoder_.reset();        // fails a lookup under way, whose completion still needs the host
   loop_.cancelAllTimers();  // the controller among what they own, which stops its updates
   install(nullptr);
 }

@@ -156,8 +156,10 @@ class Importer {
       if (!rows.next(row_)) return false;
       if (row_.isEmpty()) {
         ++empty_;
-      } else {
+      } else if (!(row_ == last_)) {
+        // Flats of one house are rows that differ in what a book does not keep.
         import_.add(row_);
+        last_ = row_;
         ++rows_;
       }
     } catch (const std::invalid_argument& error) {
@@ -224,6 +226,7 @@ class Importer {
   std::uint64_t empty_ = 0;
   std::uint64_t bad_ = 0;
   AddressRow row_;
+  AddressRow last_;  // of those that were imported
   bool toldOfOrder_ = false;
   std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
   Progress progress_;

@@ -135,7 +135,9 @@ EventLoop::~EventLoop() {
     if (uv_is_closing(handle) == 0) uv_close(handle, nullptr);
   };
   uv_walk(loop_.get(), close, nullptr);
-  uv_run(loop_.get(), UV_RUN_DEFAULT);
+  // Stopped outside run(), it ends its next run at once.
+  while (uv_run(loop_.get(), UV_RUN_DEFAULT) != 0) {
+  }
   uv_loop_close(loop_.get());
 }
 

@@ -84,14 +84,15 @@ TEST_F(AddressesTest, ImportsAndFinds) {
 }
 
 TEST_F(AddressesTest, TellsOfBadRowsAndGoesOn) {
-  std::string rows = std::string(kHeader) + "7,0,1,New Street,Town,X\n7,0,,,,\n";
+  std::string rows = std::string(kHeader) + "7,0,1,New Street,Town,X\n7,0,1,New Street,Town,X\n";
+  rows += "7,0,,,,\n";
   for (int i = 0; i < 7; ++i) rows += "x,0,1,a,b,c\n";
   const Finished finished = wayfell({"import", "--country", "US", "-"}, rows);
   EXPECT_EQ(finished.status, 1);
   EXPECT_THAT(finished.output, StartsWith("1 address imported\n"));
   EXPECT_THAT(finished.errors,
-              AllOf(HasSubstr("standard input:4: LON: \"x\" is no number\n"), HasSubstr(":8: "),
-                    Not(HasSubstr(":9: ")), HasSubstr("7 rows in all could not be read"),
+              AllOf(HasSubstr("standard input:5: LON: \"x\" is no number\n"), HasSubstr(":9: "),
+                    Not(HasSubstr(":10: ")), HasSubstr("7 rows in all could not be read"),
                     HasSubstr("1 row has a position and no address")));
   EXPECT_THAT(wayfell({"find", "0", "7"}).output, StartsWith("1 New Street"));
 }

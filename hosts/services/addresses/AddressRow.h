@@ -17,6 +17,8 @@ struct AddressRow {
   std::string city;
   std::string region;
 
+  friend bool operator==(const AddressRow&, const AddressRow&) = default;
+
   /// Some rows have a position and nothing else.
   bool isEmpty() const {
     return number.empty() && street.empty() && city.empty() && region.empty();
