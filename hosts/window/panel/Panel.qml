@@ -54,6 +54,7 @@ FocusScope {
     Hairline { y: 203 }
 
     Item {
+        id: data
         objectName: "dataView"
         x: root.placed(root.margin, width)
         y: root.compact ? 3 : 6
@@ -97,11 +98,6 @@ FocusScope {
             width: (parent.width - 64) * 2 / 3
             height: parent.height
             size: root.compact ? 16 : 20
-        }
-        PositionCopy {
-            panel: root.panel
-            look: root.look
-            anchors.fill: parent
         }
     }
 
@@ -238,10 +234,8 @@ FocusScope {
         width: root.contentWidth
         height: 32
         visible: !root.compact && !view.hidden
-        KeyNavigation.tab: openPlate
     }
     PanelText {
-        id: address
         view: root.views.addressLabel
         look: root.look
         visible: !root.compact && !view.hidden
@@ -265,7 +259,6 @@ FocusScope {
         visible: !view.hidden
 
         OpenPlate {
-            id: openPlate
             view: root.compact ? root.views.openMiniView : root.views.openView
             labelView: root.compact ? root.views.openMiniLabel : root.views.openLabel
             look: root.look
@@ -286,5 +279,13 @@ FocusScope {
             height: 32
             onTapped: root.panel.tap(view.objectName)
         }
+    }
+
+    // Last, so that Tab comes to it last.
+    PositionCopy {
+        panel: root.panel
+        look: root.look
+        anchors.fill: data
+        visible: data.visible
     }
 }

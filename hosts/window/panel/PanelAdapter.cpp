@@ -3,6 +3,8 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QQmlEngine>
+#include <algorithm>
+#include <cmath>
 #include <utility>
 
 #include "hosts/window/panel/CanvasPainter.h"
@@ -14,6 +16,12 @@
 #include "platform/NSBundle.h"
 
 namespace wayfell {
+namespace {
+
+constexpr double kSmallTurn = 15;  // degrees
+constexpr int kTurnMilliseconds = 200;
+
+}  // namespace
 
 PanelAdapter::PanelAdapter(Scene& scene, QObject* parent) : QObject(parent), scene_(scene) {
   for (const auto& named : scene.interface().views()) {
@@ -82,6 +90,9 @@ void PanelAdapter::takeCompass() {
   const double needle = turnedByShorterWay(needleTurn_, -arrow->heading);
   const double turn = turnedByShorterWay(arrowTurn_, arrow->bearing - arrow->heading);
   if (needle == needleTurn_ && turn == arrowTurn_) return;
+  const double greater = std::max(std::abs(needle - needleTurn_), std::abs(turn - arrowTurn_));
+  compassTurnDuration_ = greater < kSmallTurn ? 0 : kTurnMilliseconds;
+  emit compassTurnDurationChanged();
   needleTurn_ = needle;
   arrowTurn_ = turn;
   emit compassChanged();

@@ -40,6 +40,7 @@ class PanelAdapter : public QObject, private UIViewObserver {
   Q_PROPERTY(double tapeOffset READ tapeOffset NOTIFY tapeOffsetChanged)
   Q_PROPERTY(double needleTurn READ needleTurn NOTIFY compassChanged)
   Q_PROPERTY(double arrowTurn READ arrowTurn NOTIFY compassChanged)
+  Q_PROPERTY(int compassTurnDuration READ compassTurnDuration NOTIFY compassTurnDurationChanged)
   Q_PROPERTY(QStringList segmentTitles READ segmentTitles NOTIFY segmentsChanged)
   Q_PROPERTY(QStringList spokenSegments READ spokenSegments NOTIFY segmentsChanged)
   Q_PROPERTY(int selectedSegment READ selectedSegment NOTIFY segmentsChanged)
@@ -87,6 +88,8 @@ class PanelAdapter : public QObject, private UIViewObserver {
   /// that from one to the next is always the shorter way.
   double needleTurn() const { return needleTurn_; }
   double arrowTurn() const { return arrowTurn_; }
+  /// Milliseconds that the last turn takes to be seen; 0 for a small one, which is every second's.
+  int compassTurnDuration() const { return compassTurnDuration_; }
   const QStringList& segmentTitles() const { return segmentTitles_; }
   /// The titles are short; these are for those who hear them.
   QStringList spokenSegments() const;
@@ -108,6 +111,7 @@ class PanelAdapter : public QObject, private UIViewObserver {
  signals:
   void layoutChanged();
   void tapeOffsetChanged();
+  void compassTurnDurationChanged();
   void compassChanged();
   void segmentsChanged();
   void linesChanged();
@@ -142,6 +146,7 @@ class PanelAdapter : public QObject, private UIViewObserver {
   double tapeOffset_ = 0;
   double needleTurn_ = 0;
   double arrowTurn_ = 0;
+  int compassTurnDuration_ = 0;
   QStringList segmentTitles_;
   int selectedSegment_ = UISegmentedControl::kNoSegment;
   Scene::Lines lines_;
