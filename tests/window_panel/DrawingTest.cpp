@@ -66,10 +66,11 @@ TEST(CornerView, IsDrawnAnewForItsSize) {
   panel.style().setTheme(PanelStyle::sunlight);
   EXPECT_EQ(corner.size(), QSizeF(100, 40));
   EXPECT_EQ(darkness({2, 20}), 127);  // half of white
-  corner.setSize({90, 40});
+  EXPECT_EQ(darkness({2, 38}), 127);
+  corner.setSize({100, 30});
   EXPECT_EQ(darkness({2, 20}), 127);
-  EXPECT_EQ(darkness({95, 20}), 255);
-  EXPECT_EQ(widget.interface().view("cornerView").bounds().size, (CGSize{90, 40}));
+  EXPECT_EQ(darkness({2, 38}), 255);
+  EXPECT_EQ(widget.interface().view("cornerView").bounds().size, (CGSize{100, 30}));
 }
 
 CLHeading heading(double degrees) {
@@ -80,7 +81,7 @@ CLHeading heading(double degrees) {
 }
 
 // The middle of the letters on the tape that are nearest to the frame's middle, in points from it.
-// Dots are low; letters are what is taller.
+// Dots are dimmer than letters.
 double lettersOffMark(ShownPanel& panel) {
   const QImage image = panel.draw();
   const double scale = panel.window().effectiveDevicePixelRatio();
@@ -88,12 +89,11 @@ double lettersOffMark(ShownPanel& panel) {
   const QRectF rect(frame.mapToScene({0, 0}) * scale, frame.size() * scale);
   const QColor ink = panel.style().value();
   const auto isLetter = [&](int x) {
-    int height = 0;
     for (int y = static_cast<int>(rect.top() + 8 * scale); y < rect.bottom() - scale; ++y) {
       const QColor color = image.pixelColor(x, y);
-      if (std::abs(color.lightness() - ink.lightness()) < 90) ++height;
+      if (std::abs(color.lightness() - ink.lightness()) < 50) return true;
     }
-    return height > 2 * scale;
+    return false;
   };
   double nearest = 1000;
   double first = -1;
@@ -105,7 +105,7 @@ double lettersOffMark(ShownPanel& panel) {
   };
   for (int x = static_cast<int>(rect.left() + scale); x < rect.right() - scale; ++x) {
     if (!isLetter(x)) continue;
-    if (first < 0 || x - last > 4 * scale) {
+    if (first < 0 || x - last > 8 * scale) {
       end();
       first = x;
     }

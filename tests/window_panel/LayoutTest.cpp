@@ -25,7 +25,7 @@ const Language kLanguages[] = {
       {"Speed", "Geschwindigkeit"},
       {"Pace", "Lauftempo"},
       {"Distance", "Entfernung"},
-      {"Time", "Aufzeichnungsdauer"},
+      {"Time", "Dauer der Spur"},
       {"ETA", "Ankunft in"},
       {"Open", "Öffnen"},
       {"Dec", "Dezimal"},
@@ -75,9 +75,9 @@ void fill(ReplayedWidget& widget, const Language& language) {
 
 bool isText(const QQuickItem* item) { return item->inherits("QQuickText"); }
 
-std::vector<QQuickItem*> visibleTexts(ShownPanel& panel) {
+std::vector<QQuickItem*> visibleTexts(const ShownPanel& panel) {
   std::vector<QQuickItem*> texts;
-  for (QQuickItem* item : panel.root().findChildren<QQuickItem*>()) {
+  for (QQuickItem* item : panel.items()) {
     if (isText(item) && item->isVisible() && !item->property("text").toString().isEmpty()) {
       texts.push_back(item);
     }

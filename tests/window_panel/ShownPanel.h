@@ -53,12 +53,14 @@ class ShownPanel {
   StillScene& scene() { return scene_; }
   QQuickWindow& window() { return window_; }
   QQuickItem& root() { return *root_; }
-  /// The item of that name; fails loudly without one.
+  /// All items of the panel, those of repeaters too.
+  QList<QQuickItem*> items() const;
+  /// The item of that name; throws when there is none, or several.
   QQuickItem& item(const QString& name) const;
 
   void resize(double width);
-  /// Takes over what has changed, and draws it at so many pixels to the point.
-  QImage draw(double scale = 1);
+  /// Takes over what has changed, and draws it.
+  QImage draw();
 
  private:
   StillScene scene_;

@@ -20,8 +20,8 @@ double luminance(const QColor& color) {
 }
 
 double contrast(const QColor& one, const QColor& other) {
-  const auto [low, high] = std::minmax(luminance(one), luminance(other));
-  return (high + 0.05) / (low + 0.05);
+  const double ratio = (luminance(one) + 0.05) / (luminance(other) + 0.05);
+  return std::max(ratio, 1 / ratio);
 }
 
 QColor over(const QColor& above, const QColor& below) {

@@ -19,6 +19,7 @@ class Time : public QAnimationDriver {
   ~Time() override { uninstall(); }
   qint64 elapsed() const override { return now_; }
   void pass(int milliseconds) {
+    QCoreApplication::processEvents();  // which lets what has been asked for begin
     now_ += milliseconds;
     advanceAnimation();
   }
@@ -204,6 +205,7 @@ TEST_F(Use, IsHeardInFullWords) {
 
 TEST_F(Use, OnlyChangesAreTold) {
   ShownPanel panel(widget_);
+  panel.adapter().refresh();
   int changes = 0;
   const auto count = [&changes] { ++changes; };
   for (QObject* outlet : panel.adapter().findChildren<PanelOutlet*>()) {

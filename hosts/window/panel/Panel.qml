@@ -54,7 +54,7 @@ FocusScope {
     Hairline { y: 203 }
 
     Item {
-        id: data
+        id: positionArea
         objectName: "dataView"
         x: root.placed(root.margin, width)
         y: root.compact ? 3 : 6
@@ -62,20 +62,28 @@ FocusScope {
         height: root.compact ? 38 : 56
         visible: !root.views.dataView.hidden
 
-        PanelText {
+        Column {
             id: positionCaption
-            view: root.views.latLongLabel
-            look: root.look
+            objectName: "latLongLabel"
+            readonly property QtObject view: root.views.latLongLabel
+            readonly property var captions: view.text.split("\n")
+            x: root.look.rightToLeft ? parent.width - width : 0
             visible: !root.compact && !view.hidden
-            // Each of its lines before the middle of one of the position's.
-            y: (parent.height - 2 * lineHeight + lineHeight - font.pixelSize * 1.35) / 2
             width: Math.min(58, parent.width / 4)
-            height: parent.height - y
-            size: 10.5
-            lineHeightMode: Text.FixedHeight
-            lineHeight: position.contentHeight / Math.max(1, position.lineCount)
-            verticalAlignment: Text.AlignTop
-            color: root.look.caption
+            Repeater {
+                model: positionCaption.captions
+                PanelText {
+                    required property string modelData
+                    objectName: "latLongLine"
+                    view: positionCaption.view
+                    look: root.look
+                    text: modelData
+                    width: positionCaption.width
+                    height: positionArea.height / positionCaption.captions.length
+                    size: 10.5
+                    color: root.look.caption
+                }
+            }
         }
         PanelText {
             id: position
@@ -285,7 +293,7 @@ FocusScope {
     PositionCopy {
         panel: root.panel
         look: root.look
-        anchors.fill: data
-        visible: data.visible
+        anchors.fill: positionArea
+        visible: positionArea.visible
     }
 }
