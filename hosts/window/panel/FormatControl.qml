@@ -47,7 +47,7 @@ Rectangle {
                     text: parent.modelData
                     textFormat: Text.PlainText
                     color: parent.chosen ? control.panel.selectedTitleColor : control.look.value
-                    font.pixelSize: Math.round(12.5 * control.look.fontScale)
+                    font.pixelSize: Math.min(15, Math.round(12.5 * control.look.fontScale))
                     font.bold: parent.chosen
                     fontSizeMode: Text.Fit
                     minimumPixelSize: 6

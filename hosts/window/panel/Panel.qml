@@ -69,7 +69,7 @@ FocusScope {
             readonly property var captions: view.text.split("\n")
             x: root.look.rightToLeft ? parent.width - width : 0
             visible: !root.compact && !view.hidden
-            width: Math.min(58, parent.width / 4)
+            width: Math.min(60, parent.width * 0.32)
             Repeater {
                 model: positionCaption.captions
                 PanelText {
