@@ -6,9 +6,11 @@
 
 namespace wayfell {
 
-ShownPanel::ShownPanel(ReplayedWidget& widget, double width) : scene_(widget), adapter_(scene_) {
+ShownPanel::ShownPanel(ReplayedWidget& widget, double width, const char* file)
+    : scene_(widget), adapter_(scene_) {
   addPanelImports(engine_);
-  QQmlComponent component(&engine_, QUrl(QStringLiteral("qrc:/qt/qml/Wayfell/Panel/Panel.qml")));
+  QQmlComponent component(&engine_,
+                          QUrl(QStringLiteral("qrc:/qt/qml/Wayfell/Panel/%1.qml").arg(file)));
   QObject* made = component.createWithInitialProperties(
       {{"panel", QVariant::fromValue(&adapter_)}, {"look", QVariant::fromValue(&style_)}});
   root_.reset(qobject_cast<QQuickItem*>(made));

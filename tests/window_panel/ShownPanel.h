@@ -45,8 +45,8 @@ class StillScene : public Scene {
 
 class ShownPanel {
  public:
-  /// Of a widget that has been loaded.
-  explicit ShownPanel(ReplayedWidget& widget, double width = 359);
+  /// The root item of an interface file, "Panel" or "HostLine", on a widget that has been loaded.
+  explicit ShownPanel(ReplayedWidget& widget, double width = 359, const char* file = "Panel");
 
   PanelAdapter& adapter() { return adapter_; }
   PanelStyle& style() { return style_; }

@@ -18,6 +18,7 @@ Rectangle {
     Keys.onEnterPressed: tapped()
     Accessible.role: Accessible.Button
     Accessible.name: view.spoken
+    Accessible.focusable: true
     Accessible.onPressAction: tapped()
 
     Shape {

@@ -19,6 +19,7 @@ Rectangle {
     Keys.onRightPressed: panel.pickNext(look.rightToLeft ? -1 : 1)
     Accessible.role: Accessible.Grouping
     Accessible.name: view.spoken
+    Accessible.focusable: true
 
     Row {
         anchors.fill: parent

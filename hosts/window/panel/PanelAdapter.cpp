@@ -132,7 +132,7 @@ void PanelAdapter::takeLines() {
 
 QString PanelAdapter::message() const {
   if (!fault_.isEmpty()) return QStringLiteral("Stopped: ") + fault_;
-  return news_.isEmpty() ? title() : news_;
+  return news_;
 }
 
 void PanelAdapter::tell(const QString& news) {

@@ -104,7 +104,7 @@ class PanelAdapter : public QObject, private UIViewObserver {
   QString title() const { return QString::fromStdString(lines_.title); }
   QString state() const { return QString::fromStdString(lines_.state); }
   QString warning() const { return QString::fromStdString(lines_.warning); }
-  /// The fault, or else the news until the next touch, or else the title.
+  /// The fault, or else the news until the next touch.
   QString message() const;
   const QString& fault() const { return fault_; }
 

@@ -17,10 +17,6 @@ Item {
     Accessible.focusable: true
     Accessible.onPressAction: panel.copyPosition()
 
-    MouseArea {
-        anchors.fill: parent
-        cursorShape: Qt.PointingHandCursor
-        onClicked: copy.panel.copyPosition()
-    }
+    TouchArea { onClicked: copy.panel.copyPosition() }
     FocusRing { look: copy.look }
 }

@@ -141,7 +141,10 @@ std::string compassInWords(const WidgetInterface& interface) {
 
 std::string spokenText(const WidgetInterface& interface, std::string_view outlet) {
   if (outlet == "compassRotatingView") return compassInWords(interface);
-  if (outlet == "coordinateControl") return std::string(localized("format of the position"));
+  if (outlet == "coordinateControl") {
+    const int chosen = interface.coordinateControl().selectedSegmentIndex();
+    return localizedStringWithFormat("format of the position: %@", spokenFormat(chosen));
+  }
   if (outlet == "openLabel" || outlet == "openMiniLabel") {
     return std::string(localized("open the app"));
   }
@@ -171,7 +174,8 @@ std::string spokenFormat(int segment) {
   static constexpr std::array<std::string_view, 5> kFormats = {
       "decimal degrees", "degrees and decimal minutes", "degrees, minutes and seconds",
       "military grid reference", "UTM coordinates"};
-  return std::string(localized(kFormats.at(static_cast<std::size_t>(segment))));
+  if (segment < 0 || segment >= std::ssize(kFormats)) return std::string(localized("none"));
+  return std::string(localized(kFormats[static_cast<std::size_t>(segment)]));
 }
 
 }  // namespace wayfell
