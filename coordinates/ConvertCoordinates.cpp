@@ -30,8 +30,12 @@ CLLocationCoordinate2D selectedFromDefault(double latitude, double longitude) {
 }
 
 // On the equator and on the prime meridian positions are south and west, on purpose.
-std::string_view latitudeLetter(double latitude) { return localized(latitude > 0 ? "N" : "S"); }
-std::string_view longitudeLetter(double longitude) { return localized(longitude > 0 ? "E" : "W"); }
+std::string_view latitudeLetter(double latitude) {
+  return localized(latitude > 0 ? textKey("N") : textKey("S"));
+}
+std::string_view longitudeLetter(double longitude) {
+  return localized(longitude > 0 ? textKey("E") : textKey("W"));
+}
 
 // One coordinate without its sign, taken apart.
 struct Sexagesimal {
@@ -74,10 +78,10 @@ std::string dmsText(const CLLocationCoordinate2D& selected, std::int32_t which) 
 
 // Here what is not a number is north and east; in the other formats it is south and west.
 std::string decimalText(const CLLocationCoordinate2D& selected) {
-  return localizedStringWithFormat("%0.5f°%@, %0.5f°%@", std::abs(selected.latitude),
-                                   localized(selected.latitude <= 0 ? "S" : "N"),
-                                   std::abs(selected.longitude),
-                                   localized(selected.longitude <= 0 ? "W" : "E"));
+  return localizedStringWithFormat(
+      "%0.5f°%@, %0.5f°%@", std::abs(selected.latitude),
+      localized(selected.latitude <= 0 ? textKey("S") : textKey("N")), std::abs(selected.longitude),
+      localized(selected.longitude <= 0 ? textKey("W") : textKey("E")));
 }
 
 std::string both(std::string (*textOf)(const CLLocationCoordinate2D&, std::int32_t),

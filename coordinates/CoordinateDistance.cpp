@@ -83,11 +83,13 @@ std::optional<std::string> CoordinateDistance::getDistanceStringforDistance(doub
   };
   switch (storedInteger("units")) {
     case 0:
-      return text("%0.2f miles", kilometres * kMilesPerKilometre, " (%0.2f ft)", feet);
+      return text(textKey("%0.2f miles"), kilometres * kMilesPerKilometre, textKey(" (%0.2f ft)"),
+                  feet);
     case 1:
-      return text("%0.2f km", kilometres, " (%0.2f m)", kilometres * 1000);
+      return text(textKey("%0.2f km"), kilometres, textKey(" (%0.2f m)"), kilometres * 1000);
     case 2:
-      return text("%0.2f nm", kilometres * 1000 * kNauticalMilesPerMetre, " (%0.2f ft)", feet);
+      return text(textKey("%0.2f nm"), kilometres * 1000 * kNauticalMilesPerMetre,
+                  textKey(" (%0.2f ft)"), feet);
     default:
       return std::nullopt;
   }

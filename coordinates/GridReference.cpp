@@ -24,7 +24,7 @@ std::string utmZoneText(const GridPosition& position) {
     return stringWithFormat("%d %@", position.zone, position.band);
   }
   const bool north = position.selected.latitude > 0;
-  return localizedStringWithFormat(north ? "%d N" : "%d S", position.zone);
+  return localizedStringWithFormat(north ? textKey("%d N") : textKey("%d S"), position.zone);
 }
 
 std::string utmMetresText(double metres) { return stringWithFormat("%0.1f", metres); }

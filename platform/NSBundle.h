@@ -18,6 +18,10 @@ class NSBundle {
                                                    std::string_view value) const;
 };
 
+/// Marks a key that reaches the functions below by way of a table or a choice, for tools/pot, which
+/// collects the keys for translators.
+constexpr const char* textKey(const char* key) { return key; }
+
 /// The main bundle's text for a key.
 std::string_view localized(std::string_view key);
 

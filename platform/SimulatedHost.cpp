@@ -72,7 +72,7 @@ void SimulatedGeocoder::reverseGeocode(const std::optional<CLLocation>& location
                                        Completion completion) {
   ++requests_;
   lastLocation_ = location;
-  if (answer) {
+  if (location && answer) {
     completion(std::vector<CLPlacemark>{*answer});
   } else {
     completion(std::nullopt);

@@ -83,7 +83,7 @@ class SimulatedLocationSource : public LocationSource {
   int authorizationRequests_ = 0;
 };
 
-/// Answers every request at once with the same placemark, or fails while there is none.
+/// Answers every location at once with the same placemark, and fails while there is none.
 class SimulatedGeocoder : public ReverseGeocoder {
  public:
   std::optional<CLPlacemark> answer;
@@ -129,6 +129,8 @@ class SimulatedHost : public Host {
   SimulatedLocationSource location;
   SimulatedGeocoder geocoder;
   MemoryStringTable strings;
+  /// In place of `strings`, for a replay that someone watches in a language of their own.
+  const StringTable* translations = &strings;
   RecordingUrlOpener urls;
   /// Whether the host has each store at all.
   bool hasLocal = true;
@@ -144,7 +146,7 @@ class SimulatedHost : public Host {
   KeyValueStore* ubiquitousDefaults() override { return hasCloud ? &cloud : nullptr; }
   LocationSource& locationSource() override { return location; }
   ReverseGeocoder& reverseGeocoder() override { return geocoder; }
-  const StringTable& stringTable() override { return strings; }
+  const StringTable& stringTable() override { return *translations; }
   UrlOpener& urlOpener() override { return urls; }
 };
 

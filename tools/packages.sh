@@ -2,9 +2,9 @@
 
 # To build everything, tests and benchmarks included, and to run it.
 BUILD_PACKAGES=(
-  g++ cmake ninja-build
+  g++ cmake ninja-build gettext
   libgps-dev libncurses-dev libuv1-dev libpugixml-dev nlohmann-json3-dev libcli11-dev
-  libsqlite3-dev
+  libsqlite3-dev libcurl4-openssl-dev
   qt6-base-dev qt6-declarative-dev qml6-module-qtquick qml6-module-qtquick-window
   qml6-module-qtqml-workerscript
   libgtest-dev libgmock-dev libbenchmark-dev python3
@@ -13,7 +13,7 @@ BUILD_PACKAGES=(
 # To prove it right, besides.
 CHECK_PACKAGES=(
   clang-14 clang-format-14 clang-tidy-14 libc++-14-dev libc++abi-14-dev
-  gpsd gpsd-clients tmux zsh fish groff-base
+  gpsd gpsd-clients tmux zsh fish groff-base sqlite3
 )
 
 # install_missing PACKAGE... installs those that are not there yet, and says which.

@@ -91,9 +91,9 @@ std::optional<std::string> ConvertTimeDistance::distanceUnitsForBaseUnits(int un
                                                                           bool baseUnits) {
   switch (units) {
     case kMetric:
-      return std::string(localized(baseUnits ? "m" : "km"));
+      return std::string(localized(baseUnits ? textKey("m") : textKey("km")));
     case kImperial:
-      return std::string(localized(baseUnits ? "ft" : "mi"));
+      return std::string(localized(baseUnits ? textKey("ft") : textKey("mi")));
     default:
       return std::nullopt;
   }
@@ -108,18 +108,21 @@ ConvertTimeDistance::convertMetersToDistanceWithRoundingFactorDecimalPlace(doubl
   switch (setting("units")) {
     case kMetric:
       if (kilometres(metres) < roundingFactor) return localizedStringWithFormat("%0.0f m", metres);
-      return localizedStringWithFormat(oneDecimal ? "%0.1f km" : "%0.2f km", kilometres(metres));
+      return localizedStringWithFormat(oneDecimal ? textKey("%0.1f km") : textKey("%0.2f km"),
+                                       kilometres(metres));
     case kImperial:
       if (miles(metres) < roundingFactor)
         return localizedStringWithFormat("%0.0f ft", feet(metres));
-      return localizedStringWithFormat(oneDecimal ? "%0.1f mi" : "%0.2f mi", miles(metres));
+      return localizedStringWithFormat(oneDecimal ? textKey("%0.1f mi") : textKey("%0.2f mi"),
+                                       miles(metres));
     case kNautical:
       if (nauticalMiles(metres) < roundingFactor) {
         // The one short distance that is not localised.
         if (oneDecimal) return stringWithFormat("%0.0f ft", feet(metres));
         return localizedStringWithFormat("%0.0f ft", feet(metres));
       }
-      return localizedStringWithFormat(oneDecimal ? "%0.1f nm" : "%0.2f nm", nauticalMiles(metres));
+      return localizedStringWithFormat(oneDecimal ? textKey("%0.1f nm") : textKey("%0.2f nm"),
+                                       nauticalMiles(metres));
     default:
       return std::nullopt;
   }
@@ -199,14 +202,14 @@ std::optional<std::string> ConvertTimeDistance::convertMetersToDistanceSquaredUn
     std::string_view format;
   };
   static constexpr std::array<AreaUnit, 8> kAreaUnits = {{
-      {"km", 1e-6, "%0.2f km"},
-      {"m", 1, "%0.0f m"},
-      {"mi", 3.861e-7, "%0.2f mi"},
-      {"ft", 10.7639, "%0.0f ft"},
-      {"nm", 2.9155335e-8, "%0.2f nm"},
-      {"yd", 1.19599, "%0.1f yd"},
-      {"acres", 0.000247104393, "%0.2f acres"},
-      {"acre", 0.000247104393, "%0.2f acres"},
+      {textKey("km"), 1e-6, textKey("%0.2f km")},
+      {textKey("m"), 1, textKey("%0.0f m")},
+      {textKey("mi"), 3.861e-7, textKey("%0.2f mi")},
+      {textKey("ft"), 10.7639, textKey("%0.0f ft")},
+      {textKey("nm"), 2.9155335e-8, textKey("%0.2f nm")},
+      {textKey("yd"), 1.19599, textKey("%0.1f yd")},
+      {textKey("acres"), 0.000247104393, textKey("%0.2f acres")},
+      {textKey("acre"), 0.000247104393, textKey("%0.2f acres")},
   }};
   for (const auto& unit : kAreaUnits) {
     if (word == localized(unit.word)) {
@@ -237,7 +240,7 @@ std::string ConvertTimeDistance::convertAltitude(double metres) {
 }
 
 std::string ConvertTimeDistance::altitudeUnits() {
-  return std::string(localized(setting("units") == kMetric ? "m" : "ft"));
+  return std::string(localized(setting("units") == kMetric ? textKey("m") : textKey("ft")));
 }
 
 double ConvertTimeDistance::convertMeters(double metres) {

@@ -13,8 +13,6 @@
 namespace wayfell {
 namespace {
 
-constexpr std::string_view kSharedSuite = "group.org.wayfell.Wayfell";
-
 constexpr double kCompactHeight = 78;    // points
 constexpr double kExpandedHeight = 286;  // points
 constexpr double kQuarterTurn = 1.5707963267948966;
@@ -29,12 +27,20 @@ constexpr std::string_view kMilsTape =
     "...5600......0.......800....1600....2400...3200...4000...4800....5600......0.......800...."
     "1600."
     "...2400...3200...4000.....";
-constexpr std::string_view kDegreeTape =
+constexpr std::string_view kDegreeTape = textKey(
+    // Translators: the tape slides under a mark. Change the letters only, one for one; keep these
+    // where the script runs from right to left, which would reorder the numbers.
     "...315.......N........45........E.......135.......S.......225.......W......315.......N........"
-    "45.......E.......135.....";
+    "45.......E.......135.....");
 
 // The position of a title is the number that "coordinateUnits" has for the format.
-constexpr std::array<std::string_view, 5> kFormatTitles = {"Dec", "Dm", "DMs", "MGRS", "UTM"};
+constexpr std::array<std::string_view, 5> kFormatTitles = {
+    // Translators: decimal degrees. The five titles share a narrow row.
+    textKey("Dec"),
+    // Translators: degrees and minutes.
+    textKey("Dm"),
+    // Translators: degrees, minutes and seconds.
+    textKey("DMs"), textKey("MGRS"), textKey("UTM")};
 
 template <class View>
 void roundCorners(const Outlet<View>& outlet) {
@@ -90,6 +96,7 @@ void TodayViewController::viewDidLoad() {
   setCaption(altitudeNameLabel, "Altitude");
   setCaption(latLongLabel, "Latitude\nLongitude");
   setCaption(waypointDistanceNameLabel, "Distance");
+  // Translators: how long it still takes to the waypoint.
   setCaption(etaNameLabel, "ETA");
   setCaption(timeNameLabel, "Time");
   setCaption(distanceNameLabel, "Distance");

@@ -17,6 +17,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -38,6 +39,9 @@ class TodayViewController : public UIViewController,
                             public CLLocationManagerDelegate,
                             public std::enable_shared_from_this<TodayViewController> {
  public:
+  /// The name of the settings that the containing app shares with the widget.
+  static constexpr std::string_view kSharedSuite = "group.org.wayfell.Wayfell";
+
   // Views of the interface, in the order in which it declares them. All are weak.
 
   Outlet<UIView> compassView;    ///< the frame of the compass tape
@@ -69,7 +73,7 @@ class TodayViewController : public UIViewController,
   Outlet<UILabel> miniDistanceLabel;
   Outlet<UIView> miniTrackDataView;
 
-  /// The settings that the containing app shares with the widget.
+  /// The shared settings.
   NSUserDefaults& defaults();
   void setDefaults(NSUserDefaults defaults) { defaults_ = defaults; }
 

@@ -129,9 +129,9 @@ std::optional<std::string> TodayViewController::convertMetersPerSecondToPace(dou
     const char* withinTheHour;
     const char* withHours;
   };
-  constexpr Formats kFormats[] = {{"%02d:%02d /mi", "%02d:%02d:%02d /mi"},
-                                  {"%02d:%02d /km", "%02d:%02d:%02d /km"},
-                                  {"%02d:%02d /nm", "%02d:%02d:%02d /nm"}};
+  constexpr Formats kFormats[] = {{textKey("%02d:%02d /mi"), textKey("%02d:%02d:%02d /mi")},
+                                  {textKey("%02d:%02d /km"), textKey("%02d:%02d:%02d /km")},
+                                  {textKey("%02d:%02d /nm"), textKey("%02d:%02d:%02d /nm")}};
   const int units = UserDefaults::checkIntDefaults("units");
   if (units < kImperial || units > kNautical) return std::nullopt;
   const auto [hours, minutes, seconds] =
@@ -152,8 +152,11 @@ void TodayViewController::calculateETAWithSpeed(double speed) {
   const int seconds = wholeSeconds(metres / speed);
   const auto time = split(seconds);
   etaLabel.send(&UILabel::setText,
-                seconds < 3600 ? localizedStringWithFormat("%d m", time.minutes)
-                               : localizedStringWithFormat("%d hr %d m", time.hours, time.minutes));
+                seconds < 3600
+                    // Translators: minutes.
+                    ? localizedStringWithFormat("%d m", time.minutes)
+                    // Translators: hours and minutes.
+                    : localizedStringWithFormat("%d hr %d m", time.hours, time.minutes));
 }
 
 void TodayViewController::updateDistance(double distance) {

@@ -31,14 +31,14 @@ std::optional<Event> GpsdRecording::read(std::string_view line) {
   line_.parse(line);
   if (line_.root().kind() != JsonLine::Kind::object) throw InputError("expected an object");
   const GpsdReport report = decoder_.decode(std::string(line));
-  if (report.fix) return locate(*report.fix);
+  if (report.fix && (report.time || lastFix_)) return locate(*report.fix);
   if (!report.heading || !now_) return std::nullopt;
   if (report.time) now_ = std::max(*now_, report.time->timeIntervalSinceReferenceDate);
   return Event{*now_, event::Turn{*report.heading}};
 }
 
-Event GpsdRecording::locate(const CLLocation& fix) {
-  const double time = fix.timestamp.timeIntervalSinceReferenceDate;
+Event GpsdRecording::locate(const GpsdFix& fix) {
+  const double time = fix.time ? fix.time->timeIntervalSinceReferenceDate : *lastFix_;
   if (std::abs(time) > kFarthestTime) throw InputError("time: too far from our days");
   if (lastFix_ && time <= *lastFix_ - kSettling) {
     throw InputError("time: " + shortestText(*lastFix_ - time) +
@@ -46,7 +46,7 @@ Event GpsdRecording::locate(const CLLocation& fix) {
   }
   lastFix_ = time;
   now_ = std::max(now_.value_or(time), time);
-  return {*now_, event::Locate{{fix}}};
+  return {*now_, event::Locate{{fix.location({time})}}};
 }
 
 }  // namespace wayfell

@@ -1,5 +1,5 @@
 // Reports of gpsd as `gpspipe -w` writes them, one a line: positions and headings are replayed,
-// see GpsdDecoder for how they are read, and all others are passed over.
+// see GpsdDecoder and GpsdFix for how they are read, and all others are passed over.
 //
 // The replay starts at the first fix; headings before it are passed over. A report takes place at
 // its own time, but not before what came earlier in the file: headings may be timed by another
@@ -10,7 +10,7 @@
 #include "hosts/replay/JsonLine.h"
 #include "hosts/replay/LineReader.h"
 #include "hosts/replay/Recording.h"
-#include "hosts/services/GpsdReport.h"
+#include "hosts/services/location/GpsdReport.h"
 
 namespace wayfell {
 
@@ -24,13 +24,13 @@ class GpsdRecording : public Recording {
 
  private:
   std::optional<Event> read(std::string_view line);
-  Event locate(const CLLocation& fix);
+  Event locate(const GpsdFix& fix);
 
   std::unique_ptr<LineReader> lines_;
   JsonLine line_;
   GpsdDecoder decoder_;
   std::optional<double> now_;      // of the last event
-  std::optional<double> lastFix_;  // its time stamp
+  std::optional<double> lastFix_;  // its time
 };
 
 }  // namespace wayfell

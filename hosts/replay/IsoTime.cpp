@@ -1,8 +1,11 @@
 #include "hosts/replay/IsoTime.h"
 
 #include <chrono>
+#include <cmath>
 #include <cstddef>
 #include <cstdint>
+
+#include "platform/NSString.h"
 
 namespace wayfell {
 namespace {
@@ -68,6 +71,25 @@ std::optional<NSDate> dateOfIsoTime(std::string_view text) {
   const auto days = (std::chrono::sys_days{date} - kReferenceDate).count();
   const auto whole = days * 86400 + hours * 3600 + minutes * 60 + seconds - *ahead;
   return NSDate{static_cast<double>(whole) + fraction};
+}
+
+std::string isoTimeOf(NSDate date) {
+  constexpr double kYearZero = -63145526400;  // seconds from the reference date
+  constexpr double kYearTenThousand = 252423993600;
+  const double seconds = date.timeIntervalSinceReferenceDate;
+  if (!(seconds >= kYearZero && seconds + 1 < kYearTenThousand)) return "";
+  const std::chrono::milliseconds time(std::llround(seconds * 1000));
+  const auto days = std::chrono::floor<std::chrono::days>(time);
+  const std::chrono::year_month_day day{kReferenceDate + days};
+  const std::chrono::hh_mm_ss clock{time - days};
+  std::string text = stringWithFormat(
+      "%04d-%02d-%02dT%02d:%02d:%02d", int{day.year()}, unsigned{day.month()}, unsigned{day.day()},
+      clock.hours().count(), clock.minutes().count(), clock.seconds().count());
+  if (const auto milliseconds = clock.subseconds().count(); milliseconds != 0) {
+    text += stringWithFormat(".%03d", milliseconds);
+    text.erase(text.find_last_not_of('0') + 1);
+  }
+  return text + 'Z';
 }
 
 }  // namespace wayfell

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <optional>
+#include <string>
 #include <string_view>
 
 #include "platform/NSDate.h"
@@ -12,5 +13,9 @@ namespace wayfell {
 /// "Z"; without either it is UTC. A leap second is the second after it. None for anything else,
 /// dates that no calendar has included.
 std::optional<NSDate> dateOfIsoTime(std::string_view text);
+
+/// The other way, in UTC and to the millisecond: "2010-10-04T05:13:19.5Z". Years have four digits;
+/// empty beyond them.
+std::string isoTimeOf(NSDate date);
 
 }  // namespace wayfell

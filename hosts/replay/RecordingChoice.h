@@ -17,6 +17,7 @@ struct RecordingChoice {
   std::vector<std::string> suite;  ///< settings to begin with, "KEY=VALUE"
   std::vector<std::string> local;
 
+  bool isChosen() const { return demo || !file.empty(); }
   /// As complaints call the recording.
   std::string name() const;
   /// Writes the settings. Throws InputError for what cannot be read.

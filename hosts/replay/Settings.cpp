@@ -37,15 +37,18 @@ event::Settings expectSettings(JsonLine::Value value, const FieldPath& path) {
   return settings;
 }
 
+PropertyValue propertyOfText(std::string_view text) {
+  return numberOrBoolean(text).value_or(PropertyValue(text));
+}
+
 event::Settings settingOfText(std::string_view text) {
   if (!isUtf8(text)) throw InputError("not UTF-8");
   const std::size_t equals = text.find('=');
   if (equals == std::string_view::npos || equals == 0) {
     throw InputError('"' + std::string(text) + "\" is not KEY=VALUE");
   }
-  const std::string_view value = text.substr(equals + 1);
   event::Settings settings;
-  settings.emplace(text.substr(0, equals), numberOrBoolean(value).value_or(PropertyValue(value)));
+  settings.emplace(text.substr(0, equals), propertyOfText(text.substr(equals + 1)));
   return settings;
 }
 

@@ -13,8 +13,10 @@ namespace wayfell {
 /// Members of an object; null removes a key. Throws InputError for anything else.
 event::Settings expectSettings(JsonLine::Value value, const FieldPath& path);
 
-/// "KEY=VALUE": a JSON number, true or false keeps its type, all else is text. Throws InputError
-/// without a key, and for what is not UTF-8.
+/// A JSON number, true or false keeps its type, all else is text. It is UTF-8.
+PropertyValue propertyOfText(std::string_view text);
+
+/// "KEY=VALUE", the value as above. Throws InputError without a key, and for what is not UTF-8.
 event::Settings settingOfText(std::string_view text);
 
 /// In the local store a number under "addressDate" is a date in seconds since the reference date,

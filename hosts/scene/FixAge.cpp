@@ -7,15 +7,13 @@
 namespace wayfell {
 namespace {
 
-constexpr double kFreshSeconds = 5;  // a fix that is no older needs no mention
+constexpr double kFresh = 5;  // seconds; a fix that is no older needs no mention
 
 }  // namespace
 
-std::string fixAgeText(const std::optional<CLLocation>& fix, NSDate now) {
-  if (!fix) return "no fix yet";
-  const double age = now.timeIntervalSinceDate(fix->timestamp);
-  if (age <= kFreshSeconds) return "";
-  return "fix " + shortestText(std::floor(age)) + " s old";
+std::string fixAgeText(double seconds) {
+  if (!(seconds > kFresh)) return "";
+  return "fix " + shortestText(std::floor(seconds)) + " s old";
 }
 
 }  // namespace wayfell

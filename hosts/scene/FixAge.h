@@ -1,14 +1,14 @@
 // What to say of the fix that the panel shows, so that nobody takes an old one for fresh.
 #pragma once
 
-#include <optional>
 #include <string>
-
-#include "platform/CLLocation.h"
+#include <string_view>
 
 namespace wayfell {
 
-/// "no fix yet", "fix 12 s old", or nothing for a fix that is not older than 5 seconds.
-std::string fixAgeText(const std::optional<CLLocation>& fix, NSDate now);
+inline constexpr std::string_view kNoFixYet = "no fix yet";
+
+/// "fix 12 s old", or nothing for a fix that is not older than 5 seconds.
+std::string fixAgeText(double seconds);
 
 }  // namespace wayfell

@@ -48,14 +48,16 @@ void PlayedScene::tap(std::string_view view) { player_.act(event::Tap{std::strin
 void PlayedScene::pickSegment(int segment) { player_.act(event::PickSegment{segment}); }
 
 Scene::Lines PlayedScene::lines() const {
-  Lines lines{badge_, title_, elapsedText(player_.elapsed()), {}};
+  Lines lines{badge_, title_, elapsedText(player_.elapsed()), {}, {}};
   if (player_.ended()) {
     lines.state += "  ended";
   } else {
     if (playback_.paused()) lines.state += "  paused";
     if (playback_.rate() != 1) lines.state += "  ×" + shortestText(playback_.rate());
   }
-  lines.warning = fixAgeText(player_.widget().controller().currentLocation, {player_.now()});
+  const auto& fix = player_.widget().controller().currentLocation;
+  lines.warning = fix ? fixAgeText(NSDate{player_.now()}.timeIntervalSinceDate(fix->timestamp))
+                      : std::string(kNoFixYet);
   return lines;
 }
 

@@ -23,6 +23,7 @@ class Scene {
     std::string title;    ///< where what is shown comes from
     std::string state;    ///< how that goes
     std::string warning;  ///< what should not be taken for fresh
+    std::string credit;   ///< whose data is shown, where they ask for it
     friend bool operator==(const Lines&, const Lines&) = default;
   };
 
@@ -51,6 +52,8 @@ class Scene {
   virtual void catchUp() = 0;
   /// The program goes on after it was stopped; what should have happened meanwhile has not.
   virtual void resume() = 0;
+  /// Draws its conclusions from what has happened; at the end of each turn of the run loop.
+  virtual void settle() {}
 };
 
 }  // namespace wayfell

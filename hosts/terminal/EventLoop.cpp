@@ -145,8 +145,6 @@ RunLoop::TimerId EventLoop::scheduleTimer(double interval, bool repeats,
   return timers_.schedule(seconds(*loop_), interval, repeats, std::move(action));
 }
 
-void EventLoop::cancelTimer(TimerId timer) { timers_.cancel(timer); }
-
 // Each that is due fires once, those that fall due meanwhile in the next turn.
 void EventLoop::fireTimers() {
   const double now = seconds(*loop_);

@@ -27,7 +27,8 @@ class EventLoop : public IoRunLoop {
 
   /// Timers may fire up to 15 ms late, so that those due at almost one time need one wake-up.
   TimerId scheduleTimer(double interval, bool repeats, std::function<void()> action) override;
-  void cancelTimer(TimerId timer) override;
+  void cancelTimer(TimerId timer) override { timers_.cancel(timer); }
+  void cancelAllTimers() override { timers_.cancelAll(); }
   WatchId watch(int descriptor, Readiness awaited,
                 std::function<void(Readiness ready)> action) override;
   void unwatch(WatchId watch) override;

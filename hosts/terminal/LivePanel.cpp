@@ -33,6 +33,7 @@ void LivePanel::redraw() {
 }
 
 void LivePanel::showChanges() {
+  scene_.settle();
   const auto news = scene_.takeNews();
   if (news) screen_.tell(*news);
   if (watch_.takeChanged() || news || screen_.linesHaveChanged()) redraw();

@@ -53,4 +53,8 @@ void complainMore(std::string_view what) {
   std::fprintf(stderr, "  %s\n", printable(what).c_str());
 }
 
+void remark(std::string_view what) {
+  if (isatty(STDERR_FILENO) != 0) complain(what);
+}
+
 }  // namespace wayfell

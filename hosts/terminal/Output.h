@@ -36,5 +36,7 @@ int outputColumns();
 void complain(std::string_view what);
 /// Likewise a line that goes on with what was complained about.
 void complainMore(std::string_view what);
+/// Prints a text in the same way, if standard error is a terminal: scripts need not hear it.
+void remark(std::string_view what);
 
 }  // namespace wayfell

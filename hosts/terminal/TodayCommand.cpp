@@ -11,10 +11,13 @@
 #include "hosts/scene/Elapsed.h"
 #include "hosts/scene/PlayedScene.h"
 #include "hosts/scene/Player.h"
+#include "hosts/services/location/GpsdProbe.h"
+#include "hosts/services/texts/GettextTable.h"
+#include "hosts/services/texts/UserTexts.h"
 #include "hosts/terminal/EventLoop.h"
-#include "hosts/terminal/LivePanel.h"
 #include "hosts/terminal/Output.h"
-#include "hosts/terminal/PanelText.h"
+#include "hosts/terminal/ReceiverToday.h"
+#include "hosts/terminal/ShowScene.h"
 #include "hosts/terminal/Terminal.h"
 #include "hosts/terminal/TextWidth.h"
 
@@ -29,59 +32,43 @@ std::string titleOf(const RecordingChoice& choice) {
 
 int printOnce(Player& player, const RecordingChoice& choice) {
   player.advanceToFirstFix();
-  Output output;
-  for (const std::string& line :
-       panelText(player.widget().interface(), elapsedText(player.elapsed()))) {
-    output.line(line);
-  }
-  output.line((choice.demo ? "Demo: " : "Replay: ") + titleOf(choice));
-  return output.finish(kDone);
+  return printPanel(player.widget().interface(), elapsedText(player.elapsed()),
+                    (choice.demo ? "Demo: " : "Replay: ") + titleOf(choice));
 }
 
 // Returns the signal that ended it, if one did.
 std::optional<int> showLive(Player& player, const TodayCommand& command,
                             const std::optional<std::string>& note) {
   EventLoop loop;
-  std::optional<int> endedBy;
-  // Before the terminal, whose library would otherwise watch for some of them itself.
-  for (const int signal : {SIGINT, SIGTERM, SIGHUP, SIGQUIT}) {
-    loop.onSignal(signal, [&loop, &endedBy, signal] {
-      endedBy = signal;
-      loop.stop();
-    });
-  }
-  Terminal terminal;
   PlayedScene scene(loop, player, command.rate, command.recording.demo ? "DEMO" : "REPLAY",
                     titleOf(command.recording));
-  LivePanel panel(loop, terminal, scene);
-  if (note) panel.tell(*note);
-  panel.run();
-  return endedBy;
+  return showScene(loop, scene, note);
 }
 
-int show(ReplayedWidget& widget, const TodayCommand& command, bool live) {
+int show(ReplayedWidget& widget, const TodayCommand& command,
+         const std::optional<std::string>& note) {
   const ChosenRecording recording(command.recording, ChosenRecording::Slow::readAll);
   Player player(*recording, widget);
   int status = kDone;
-  if (live) {
-    const auto signal = showLive(player, command, (*recording).note());
+  if (Terminal::isThere()) {
+    const auto signal = showLive(player, command, note ? note : (*recording).note());
     if (signal) std::raise(*signal);
   } else {
     status = printOnce(player, command.recording);
+    if (note) complain(*note);
   }
   if (player.fault()) throw InputError(*player.fault());
   return status;
 }
 
-}  // namespace
-
-int runToday(const TodayCommand& command) {
-  const bool live = Terminal::isThere();
-  if (live && command.recording.file == "-" && isatty(STDIN_FILENO) != 0) {
+int runOnRecording(const TodayCommand& command, const std::optional<std::string>& note = {}) {
+  if (Terminal::isThere() && command.recording.file == "-" && isatty(STDIN_FILENO) != 0) {
     complain("standard input is the keyboard: the recording cannot come from it");
     return kBadUsage;
   }
+  const GettextTable texts(catalogueFolder(), userLanguages(), complain);
   ReplayedWidget widget;
+  widget.host().translations = &texts;
   try {
     command.recording.applySettings(widget);
   } catch (const InputError& error) {
@@ -89,11 +76,23 @@ int runToday(const TodayCommand& command) {
     return kBadUsage;
   }
   try {
-    return show(widget, command, live);
+    return show(widget, command, note);
   } catch (const InputError& error) {
     complain(command.recording.name() + ": " + error.what());
     return kBadInput;
   }
+}
+
+}  // namespace
+
+int runToday(const TodayCommand& command) {
+  if (command.recording.isChosen()) return runOnRecording(command);
+  if (command.gpsd) return runTodayOnReceiver(*command.gpsd);
+  const GpsdAddress usual;
+  if (gpsdAnswers(usual)) return runTodayOnReceiver(usual);
+  TodayCommand demo = command;
+  demo.recording.demo = true;
+  return runOnRecording(demo, "no gpsd at " + usual.text() + ": this is the demo");
 }
 
 }  // namespace wayfell

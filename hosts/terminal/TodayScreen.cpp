@@ -8,7 +8,9 @@
 namespace wayfell {
 namespace {
 
-constexpr int kLines = 2;
+// Those of the scene, below the panel.
+int rowsOf(const Scene::Lines& lines) { return lines.credit.empty() ? 2 : 3; }
+
 constexpr int kKeyColumns = 15;
 
 std::vector<Scene::Key> allKeys(const Scene& scene) {
@@ -48,7 +50,8 @@ TerminalLook lookOf(PanelStyle style) {
 bool TodayScreen::linesHaveChanged() const { return scene_.lines() != shownLines_; }
 
 void TodayScreen::draw() {
-  const PanelRoom room{terminal_.columns(), std::max(0, terminal_.rows() - kLines),
+  shownLines_ = scene_.lines();
+  const PanelRoom room{terminal_.columns(), std::max(0, terminal_.rows() - rowsOf(shownLines_)),
                        terminal_.unicode()};
   Panel panel = composePanel(scene_.interface(), room, "");
   left_ = std::max(0, (terminal_.columns() - panel.columns) / 2);
@@ -65,7 +68,6 @@ void TodayScreen::draw() {
     height = std::min(1, *room.rows);
     terminal_.put(0, left_ + 2, height > 0 ? "The panel is hidden." : "", {.dim = true});
   }
-  shownLines_ = scene_.lines();
   drawLines(height, panel);
   terminal_.show();
 }
@@ -124,6 +126,7 @@ void TodayScreen::drawLines(int row, const Panel& panel) const {
   terminal_.put(row + 1, first + 1, fitted(printable(message(panel, columns)), columns),
                 {.dim = true});
   putRight(row + 1, shownLines_.warning, {.bold = true, .color = TerminalColor::red});
+  terminal_.put(row + 2, first + 1, fitted(shownLines_.credit, last - first - 1), {.dim = true});
 }
 
 std::optional<Touch> TodayScreen::touchAt(Click click) const {

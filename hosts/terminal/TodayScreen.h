@@ -1,4 +1,4 @@
-// What `wayfell today` shows: the panel, and under it the program's own two lines. They tell what
+// What `wayfell today` shows: the panel, and under it the program's own lines. They tell what
 // the scene says of itself, and what did not fit; nothing of that is part of the panel.
 #pragma once
 

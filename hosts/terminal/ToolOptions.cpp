@@ -1,13 +1,11 @@
 #include "hosts/terminal/ToolOptions.h"
 
-#include <CLI/CLI.hpp>
 #include <algorithm>
-#include <cstddef>
-#include <memory>
 #include <string>
 #include <vector>
 
 #include "hosts/services/PositionText.h"
+#include "hosts/terminal/CommandHelp.h"
 
 namespace wayfell {
 namespace {
@@ -57,28 +55,6 @@ constexpr const char* kDatumsMore =
     "  wayfell datums near 16on\n"
     "  wayfell datums --names krassovsky\n"
     "Exit status: 0 done, 1 nothing is found, 2 the command line is wrong.";
-
-// Without the list of values in the help, where the description has them in words.
-template <class Value>
-CLI::Validator oneOf(const std::vector<Value>& values) {
-  CLI::Validator validator = CLI::IsMember(values);
-  validator.description("");
-  return validator;
-}
-
-CLI::App* addCommand(CLI::App& app, const char* name, const char* help, const char* more) {
-  constexpr std::size_t kOptionColumns = 21;
-  CLI::App* const command = app.add_subcommand(name, help);
-  const auto formatter = std::make_shared<CLI::Formatter>();
-  formatter->column_width(kOptionColumns);
-  command->formatter(formatter);
-  command->footer(more);
-  return command;
-}
-
-void addJson(CLI::App& command, bool& json) {
-  command.add_flag("--json", json, "Print one JSON object a line");
-}
 
 }  // namespace
 

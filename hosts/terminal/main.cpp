@@ -1,5 +1,5 @@
-// The command line of wayfell. It and ToolOptions alone know the library that reads it, which is
-// slow to build.
+// The command line of wayfell. It and the sources named ...Options alone know the library that
+// reads it, which is slow to build.
 
 #include <CLI/CLI.hpp>
 #include <cmath>
@@ -9,8 +9,10 @@
 
 #include "hosts/replay/Replay.h"
 #include "hosts/scene/Playback.h"
+#include "hosts/terminal/AddressOptions.h"
 #include "hosts/terminal/Output.h"
 #include "hosts/terminal/ReplayCommand.h"
+#include "hosts/terminal/StoreOptions.h"
 #include "hosts/terminal/TodayCommand.h"
 #include "hosts/terminal/ToolOptions.h"
 
@@ -31,21 +33,31 @@ constexpr const char* kReplayExamples =
     "Exit status: 0 done, 1 the input is bad, 2 the command line is.";
 
 constexpr const char* kTodayHelp =
-    "Shows the live panel on a recording, in the terminal. FILE is a GPX track, reports of gpsd\n"
-    "(gpspipe -w) or a scenario (JSON Lines). Without a terminal it prints the panel once, as it\n"
-    "stands at the first fix.";
+    "Shows the panel in the terminal: on the receiver of the gpsd here, where there is none on "
+    "the\n"
+    "built-in demo; or on what the options choose. FILE is a GPX track, reports of gpsd (gpspipe "
+    "-w)\n"
+    "or a scenario (JSON Lines). Without a terminal it prints the panel once, as it stands at the\n"
+    "first fix.";
 
 constexpr const char* kTodayExamples =
     "Keys: 0 to 4 choose the format of the position, t switches the layout, o opens the app, h\n"
-    "hides and shows the panel, space pauses, . goes one second on, + and - change the rate,\n"
-    "? shows the keys, q quits. A click on a format, on [Open] or on the mark beside it does it "
-    "too.\n"
+    "hides and shows the panel, ? shows the keys, q quits. A click on a format, on [Open] or on "
+    "the\n"
+    "mark beside it does it too. On a receiver, c has the heading follow the compass or the "
+    "course.\n"
+    "On a recording, space pauses, . goes one second on, + and - change the rate.\n"
     "Examples:\n"
-    "  wayfell today --demo\n"
+    "  wayfell today\n"
+    "  wayfell today --gpsd truck.local\n"
     "  wayfell today --replay hike.gpx --rate 10 --suite units=1\n"
     "  zcat log.gz | wayfell today --replay -     all of it is read first\n"
     "  wayfell today --demo --rate 0              paused from the start\n"
-    "Exit status: 0 done, 1 the input is bad, 2 the command line is.";
+    "Exit status: 0 done, 1 the input is bad or no fix came, 2 the command line is bad.";
+
+std::string checkGpsd(const std::string& text) {
+  return wayfell::gpsdAddressOf(text) ? "" : "expected HOST:PORT, HOST or :PORT";
+}
 
 std::string checkRate(const std::string& text) {
   double rate = 0;
@@ -79,11 +91,20 @@ CLI::App* addToday(CLI::App& app, wayfell::TodayCommand& command) {
   CLI::App* today = app.add_subcommand("today", kTodayHelp);
   auto* demo =
       today->add_flag("--demo", command.recording.demo, "Show the recording that is built in");
+  auto* file = today
+                   ->add_option("--replay", command.recording.file,
+                                "Show this recording; - is standard input, read to its end first")
+                   ->type_name("FILE")
+                   ->excludes(demo);
   today
-      ->add_option("--replay", command.recording.file,
-                   "Show this recording; - is standard input, read to its end first")
-      ->type_name("FILE")
-      ->excludes(demo);
+      ->add_option_function<std::string>(
+          "--gpsd",
+          [&command](const std::string& text) { command.gpsd = wayfell::gpsdAddressOf(text); },
+          "Show what this gpsd reports, and wait for it if need be (port 2947 if none is given)")
+      ->type_name("HOST:PORT")
+      ->check(checkGpsd)
+      ->excludes(demo)
+      ->excludes(file);
   today
       ->add_option("--rate", command.rate,
                    "Recorded seconds to a real one, 0.1 to 1000; 0 starts in a pause (default 1)")
@@ -110,6 +131,14 @@ CLI::App* addReplay(CLI::App& app, wayfell::ReplayCommand& command) {
   return replay;
 }
 
+// What is only for recordings.
+void refuseForReceivers(const CLI::App& today) {
+  for (const char* option : {"--rate", "--suite", "--local"}) {
+    if (today.count(option) > 0)
+      throw CLI::RequiredError(option + std::string(": --demo or --replay"));
+  }
+}
+
 int run(int argc, char** argv) {
   CLI::App app("A widget for people outdoors: position, speed, heading, waypoint and track.",
                "wayfell");
@@ -119,23 +148,24 @@ int run(int argc, char** argv) {
   const CLI::App* todayCommand = addToday(app, today);
   wayfell::ReplayCommand replay;
   const CLI::App* replayCommand = addReplay(app, replay);
+  const wayfell::StoreOptions stores(app);
   const wayfell::ToolOptions tools(app);
+  const wayfell::AddressOptions addresses(app);
   for (CLI::App* command : app.get_subcommands(nullptr)) {
     command->set_version_flag("--version", kVersion);
   }
   try {
     app.parse(argc, argv);
-    if (todayCommand->parsed() && today.recording.file.empty() && !today.recording.demo) {
-      throw CLI::ValidationError("today",
-                                 "there is no live receiver here yet: say --demo or --replay FILE");
-    }
-    if (replayCommand->parsed() && replay.recording.file.empty() && !replay.recording.demo) {
+    if (todayCommand->parsed() && !today.recording.isChosen()) refuseForReceivers(*todayCommand);
+    if (replayCommand->parsed() && !replay.recording.isChosen()) {
       throw CLI::RequiredError("FILE or --demo");
     }
   } catch (const CLI::ParseError& error) {
     return app.exit(error) == 0 ? wayfell::kDone : wayfell::kBadUsage;
   }
+  if (const auto status = stores.run()) return *status;
   if (const auto status = tools.run()) return *status;
+  if (const auto status = addresses.run()) return *status;
   return todayCommand->parsed() ? wayfell::runToday(today) : wayfell::runReplay(replay);
 }
 

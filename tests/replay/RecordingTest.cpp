@@ -149,6 +149,11 @@ TEST(Gpx, WithoutTimesGoesASecondAPointAndSaysSo) {
   EXPECT_FALSE(open(timed)->note());
 }
 
+CLLocation withoutAccuracies(CLLocation fix) {
+  fix.horizontalAccuracy = fix.verticalAccuracy = 0;
+  return fix;
+}
+
 // Reports as gpsd 3.22 writes them, with values of our own. 2021-01-02T03:04:05Z is 631249445 s
 // after the reference date (GNU date).
 TEST(Gpsd, ReadsPositionsAndHeadings) {
@@ -174,17 +179,24 @@ TEST(Gpsd, ReadsPositionsAndHeadings) {
     return std::get<event::Turn>(events[index].action).heading;
   };
   EXPECT_EQ(events[0].t, 631249445.25);
-  EXPECT_EQ(fix(0), (CLLocation{{47.5, 8.5}, 403.25, 7.5, 9, 1.5, 12.5, {631249445.25}}));
+  // Errors of 95 % become accuracies of 68 %: 7.5 times 0.61673, 9 times 0.50739.
+  EXPECT_NEAR(fix(0).horizontalAccuracy, 4.62548, 1e-5);
+  EXPECT_NEAR(fix(0).verticalAccuracy, 4.56651, 1e-5);
+  EXPECT_EQ(withoutAccuracies(fix(0)),
+            (CLLocation{{47.5, 8.5}, 403.25, 0, 0, 1.5, 12.5, {631249445.25}}));
   EXPECT_EQ(events[1].t, 631249445.25);
   EXPECT_EQ(heading(1), (CLHeading{1, 358.5, 5}));  // 1 - 2.5, within the circle
   EXPECT_EQ(events[2].t, 631249446);
   EXPECT_EQ(heading(2), (CLHeading{359, 356.5, 5}));
   // The fix is older than the heading, by another clock: it keeps its time, and comes now.
   EXPECT_EQ(events[3].t, 631249446);
-  EXPECT_EQ(fix(3), (CLLocation{{-47.5, -8.5}, 0, 5, -1, -1, -1, {631249445.75}}));
-  // A receiver that sets its clock back by less than a second.
-  EXPECT_EQ(fix(4), (CLLocation{{1, 2}, 450.5, 5, 5, -1, -1, {631249445.5}}));
-  EXPECT_EQ(fix(5), (CLLocation{{1, 2}, 0, 5, 5, -1, -1, {631249445.5}}));
+  EXPECT_NEAR(fix(3).horizontalAccuracy, 2.72315, 1e-5);  // 0.54463 times 5
+  EXPECT_EQ(fix(3).verticalAccuracy, -1);
+  EXPECT_EQ(withoutAccuracies(fix(3)),
+            (CLLocation{{-47.5, -8.5}, 0, 0, 0, -1, -1, {631249445.75}}));
+  // A receiver that sets its clock back by less than a second; a height above the ellipsoid only.
+  EXPECT_EQ(fix(4), (CLLocation{{1, 2}, 450.5, 5, -1, -1, -1, {631249445.5}}));
+  EXPECT_EQ(fix(5), (CLLocation{{1, 2}, 0, 5, -1, -1, -1, {631249445.5}}));
 }
 
 TEST(Gpsd, PassesOverWhatItsLibraryCannotRead) {

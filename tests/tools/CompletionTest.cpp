@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <regex>
-#include <set>
 
 #include "Program.h"
 
@@ -11,33 +10,88 @@ namespace wayfell {
 namespace {
 
 using testing::HasSubstr;
+using testing::Not;
 
 const std::string kCompletions = WAYFELL_SOURCES "/completions/";
 const std::string kManual = WAYFELL_SOURCES "/man/wayfell.1";
 
 bool isInstalled(const std::string& shell) { return run({shell, "--version"}).status != 127; }
 
+std::vector<std::string> optionsOf(std::vector<std::string> command) {
+  const std::regex optionOf("\n  (?:-h,)?--([a-z-]+)");
+  command.insert(command.begin(), WAYFELL_PROGRAM);
+  command.emplace_back("--help");
+  const std::string help = run(command).output;
+  std::vector<std::string> options;
+  for (std::sregex_iterator it(help.begin(), help.end(), optionOf), end; it != end; ++it) {
+    options.push_back((*it)[1]);
+  }
+  return options;
+}
+
 TEST(CompletionTest, EveryOptionIsInTheScriptsAndTheManual) {
   const std::string manual = std::regex_replace(readFile(kManual), std::regex(R"(\\-)"), "-");
   const std::string bash = readFile(kCompletions + "wayfell.bash");
   const std::string zsh = readFile(kCompletions + "_wayfell");
   const std::string fish = readFile(kCompletions + "wayfell.fish");
-  const std::regex optionOf("\n  (?:-h,)?--([a-z-]+)");
-  for (const char* command : {"today", "replay", "convert", "distance", "datums"}) {
-    EXPECT_THAT(manual, HasSubstr(std::string(".SS ") + command));
-    EXPECT_THAT(fish, HasSubstr(std::string("-a ") + command + ' '));
-    const std::string help = run({WAYFELL_PROGRAM, command, "--help"}).output;
-    std::size_t options = 0;
-    for (std::sregex_iterator it(help.begin(), help.end(), optionOf), end; it != end; ++it) {
-      ++options;
-      const std::string name = (*it)[1];
-      SCOPED_TRACE(std::string(command) + " --" + name);
-      EXPECT_THAT(manual, HasSubstr("--" + name));
-      EXPECT_THAT(bash, HasSubstr("--" + name));
-      EXPECT_THAT(zsh, HasSubstr("--" + name));
-      EXPECT_THAT(fish, HasSubstr("-l " + name + ' '));
+  struct Case {
+    std::vector<std::string> command;
+    std::size_t options;  // at least
+  };
+  const Case cases[] = {
+      {{"today"}, 4},
+      {{"replay"}, 4},
+      {{"convert"}, 4},
+      {{"distance"}, 4},
+      {{"datums"}, 4},
+      {{"settings"}, 5},
+      {{"settings", "list"}, 2},
+      {{"settings", "get"}, 2},
+      {{"settings", "set"}, 2},
+      {{"settings", "unset"}, 1},
+      {{"waypoint"}, 2},
+      {{"waypoint", "set"}, 3},
+      {{"waypoint", "show"}, 2},
+      {{"waypoint", "clear"}, 1},
+      {{"track"}, 2},
+      {{"track", "publish"}, 1},
+      {{"track", "clear"}, 1},
+      {{"addresses"}, 1},
+      {{"addresses", "import"}, 3},
+      {{"addresses", "find"}, 3},
+      {{"addresses", "info"}, 1},
+      {{"addresses", "use"}, 3},
+  };
+  for (const Case& c : cases) {
+    const std::string& name = c.command.back();
+    EXPECT_THAT(manual, testing::ContainsRegex("\n\\.(SS|BI?|BR) " + name));
+    EXPECT_THAT(fish, HasSubstr("-a " + name + ' '));
+    EXPECT_THAT(zsh, HasSubstr('\'' + name + ':'));
+    const std::vector<std::string> options = optionsOf(c.command);
+    EXPECT_GE(options.size(), c.options) << name;
+    for (const std::string& option : options) {
+      SCOPED_TRACE(name + " --" + option);
+      EXPECT_THAT(manual, HasSubstr("--" + option));
+      EXPECT_THAT(bash, HasSubstr("--" + option));
+      EXPECT_THAT(zsh, HasSubstr("--" + option));
+      EXPECT_THAT(fish, HasSubstr("-l " + option + ' '));
     }
-    EXPECT_GT(options, 3U) << help;
+  }
+}
+
+// What docs and the widget's sources say that it reads.
+TEST(CompletionTest, KeysOfTheWidgetAreInTheScriptsAndTheManual) {
+  const std::string manual = readFile(kManual);
+  for (const std::string key :
+       {"units", "coordinateUnits", "speed", "useMils", "compassHeading", "rotateMap",
+        "mapCompassType", "hasWaypoint", "waypointLatitude", "waypointLongitude", "distance",
+        "time", "viewHidden", "widgetAddressString", "angleUnits", "utmType", "selectedDatum",
+        "addressDate"}) {
+    SCOPED_TRACE(key);
+    EXPECT_THAT(manual, HasSubstr(key));
+    for (const char* script : {"wayfell.bash", "_wayfell", "wayfell.fish"}) {
+      EXPECT_THAT(readFile(kCompletions + script), HasSubstr(key));
+    }
   }
 }
 
@@ -62,6 +116,24 @@ TEST(CompletionTest, Bash) {
       {"replay data/demo.j", "data/demo.jsonl "},
       {"today --replay data/demo.j", "data/demo.jsonl "},
       {"datums tok", ""},
+      {"settings ''", "list get set unset "},
+      {"settings --lo", "--local "},
+      {"settings get use", "useMils "},
+      {"settings --local set utm", "utmType "},
+      {"settings set utm", ""},
+      {"settings set units ''", ""},
+      {"settings set --type d", "date data dictionary "},
+      {"settings --local ''", "list get set unset "},
+      {"settings list --j", "--json "},
+      {"waypoint s", "set show "},
+      {"waypoint set --gpx data/demo.j", "data/demo.jsonl "},
+      {"waypoint show --j", "--json "},
+      {"track p", "publish "},
+      {"addresses i", "import info "},
+      {"addresses import --country US data/demo.j", "data/demo.jsonl "},
+      {"addresses import --country ''", ""},
+      {"addresses use n", "nominatim none "},
+      {"addresses use nominatim --y", "--yes "},
   };
   for (const Case& c : cases) {
     const Finished finished =
@@ -92,6 +164,14 @@ TEST(CompletionTest, Fish) {
   EXPECT_THAT(complete("wayfell con"), testing::StartsWith("convert\t"));
   EXPECT_THAT(complete("wayfell convert --utm-type "), HasSubstr("latitude bands"));
   EXPECT_THAT(complete("wayfell today --ra"), testing::StartsWith("--rate"));
+  EXPECT_THAT(complete("wayfell settings --local g"), testing::StartsWith("get\t"));
+  EXPECT_THAT(complete("wayfell settings --local set ut"), testing::StartsWith("utmType\t"));
+  EXPECT_THAT(complete("wayfell settings set ut"), Not(HasSubstr("utmType")));
+  EXPECT_THAT(complete("wayfell settings get dist"), testing::StartsWith("distance\t"));
+  EXPECT_EQ(complete("wayfell settings set distance 5 --mi"), "");
+  EXPECT_THAT(complete("wayfell addresses use nom"), testing::StartsWith("nominatim\t"));
+  EXPECT_THAT(complete("wayfell addresses import --co"), testing::StartsWith("--country"));
+  EXPECT_THAT(complete("wayfell track "), HasSubstr("publish\t"));
   EXPECT_THAT(complete(WAYFELL_PROGRAM " convert --datum tokyo---j"), HasSubstr("Tokyo---Japan"));
 }
 

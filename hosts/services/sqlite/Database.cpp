@@ -2,12 +2,24 @@
 
 #include <sqlite3.h>
 
+#include <thread>
+
 namespace wayfell {
 namespace {
 
-// In the tens of seconds: writers hold the lock for milliseconds, so that whoever waits this long
-// waits for something that has gone wrong.
-constexpr int kBusyTimeout = 10000;  // milliseconds
+// Writers hold the lock for milliseconds, so that whoever waits this long waits for something that
+// has gone wrong.
+constexpr std::chrono::milliseconds kPatience(10'000);
+
+// How often a lock is asked for. SQLite's own handler soon asks only ten times a second, and then
+// hardly ever finds the moment between the writes of a busy program.
+constexpr std::chrono::milliseconds kPause(1);
+
+int waitForLock(void* patience, int earlierCalls) {
+  if (earlierCalls >= *static_cast<const int*>(patience)) return 0;
+  std::this_thread::sleep_for(kPause);
+  return 1;
+}
 
 [[noreturn]] void fail(sqlite3* handle, int result) {
   const int code = handle != nullptr ? sqlite3_extended_errcode(handle) : result;
@@ -50,7 +62,8 @@ Database::Database(const std::filesystem::path& path, Open how) {
   handle_.reset(handle);
   if (result != SQLITE_OK) fail(handle, result);
   sqlite3_extended_result_codes(handle, 1);
-  sqlite3_busy_timeout(handle, kBusyTimeout);
+  sqlite3_busy_handler(handle, waitForLock, patience_.get());
+  waitForLocks(kPatience);
 }
 
 void Database::execute(const char* sql) {
@@ -62,6 +75,12 @@ std::int64_t Database::integer(const char* sql) {
   Statement statement(*this, sql);
   return statement.step() ? statement.integer(0) : 0;
 }
+
+void Database::waitForLocks(std::chrono::milliseconds longest) {
+  *patience_ = static_cast<int>(longest / kPause);
+}
+
+bool Database::writable() const { return sqlite3_db_readonly(handle(), "main") == 0; }
 
 int Database::changes() const { return sqlite3_changes(handle()); }
 
@@ -114,9 +133,10 @@ bool Statement::step() {
   // The error is told by the step; what resetting returns is the same once more.
   if (result != SQLITE_DONE) {
     sqlite3* const handle = sqlite3_db_handle(statement_.get());
-    const DatabaseError error(sqlite3_extended_errcode(handle), sqlite3_errmsg(handle));
+    const int code = sqlite3_extended_errcode(handle);
+    const std::string message = sqlite3_errmsg(handle);
     reset();
-    throw error;
+    throw DatabaseError(code, message);
   }
   reset();
   return false;
@@ -150,7 +170,12 @@ std::int64_t Statement::integer(int column) const {
 
 double Statement::real(int column) const { return sqlite3_column_double(statement_.get(), column); }
 
-std::string_view Statement::text(int column) const { return bytes(column); }
+std::string_view Statement::text(int column) const {
+  // Asked for first, so that a database in UTF-16 counts its bytes in UTF-8.
+  const unsigned char* const data = sqlite3_column_text(statement_.get(), column);
+  const auto size = static_cast<std::size_t>(sqlite3_column_bytes(statement_.get(), column));
+  return {reinterpret_cast<const char*>(data), size};
+}
 
 std::string_view Statement::bytes(int column) const {
   const auto* const data = static_cast<const char*>(sqlite3_column_blob(statement_.get(), column));

@@ -6,6 +6,7 @@
 //   insert.bind(1, "units").bind(2, std::int64_t{1}).run();
 #pragma once
 
+#include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
@@ -47,6 +48,10 @@ class Database {
   void execute(const char* sql);
   /// The one integer that a query gives.
   std::int64_t integer(const char* sql);
+  /// How long to wait for what another program has locked; ten seconds at first.
+  void waitForLocks(std::chrono::milliseconds longest);
+  /// Whether the file itself lets us write; asking to does not always make it so.
+  bool writable() const;
   /// Of the last statement.
   int changes() const;
   sqlite3* handle() const { return handle_.get(); }
@@ -55,6 +60,8 @@ class Database {
   struct Close {
     void operator()(sqlite3* handle) const;
   };
+  // How often to ask for a lock, where the handle finds it although the database may be moved.
+  std::unique_ptr<int> patience_ = std::make_unique<int>();
   std::unique_ptr<sqlite3, Close> handle_;
 };
 

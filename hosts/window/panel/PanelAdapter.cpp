@@ -180,8 +180,6 @@ bool PanelAdapter::press(const QString& key) {
     tap(QStringLiteral("toggleViewButton"));
   } else if (key == QStringLiteral("o")) {
     tap(compact_ ? QStringLiteral("openMiniLabel") : QStringLiteral("openLabel"));
-  } else if (key == QStringLiteral("c")) {
-    copyPosition();
   } else {
     return false;
   }
@@ -189,7 +187,8 @@ bool PanelAdapter::press(const QString& key) {
 }
 
 void PanelAdapter::copyPosition() {
-  const auto& position = scene_.interface().label("userCoordinateLabel").text();
+  const auto position =
+      copiedText_ ? copiedText_() : scene_.interface().label("userCoordinateLabel").text();
   if (!position || position->empty()) return;
   const QString text = QString::fromStdString(*position);
   QGuiApplication::clipboard()->setText(text);

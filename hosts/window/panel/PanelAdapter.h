@@ -19,9 +19,11 @@
 #include <QQmlPropertyMap>
 #include <QString>
 #include <QStringList>
+#include <functional>
 #include <optional>
 #include <string_view>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "hosts/scene/Scene.h"
@@ -72,10 +74,14 @@ class PanelAdapter : public QObject, private UIViewObserver {
   Q_INVOKABLE void pickNext(int step);
 
   /// Whether the key is one of the panel's, and then does what it stands for: a digit picks that
-  /// format, "t" switches the layout, "o" opens the app, "c" copies the position.
+  /// format, "t" switches the layout, "o" opens the app.
   Q_INVOKABLE bool press(const QString& key);
-  /// Puts the position's text on the clipboard.
+  /// Puts the position's text on the clipboard, or what is copied instead of it.
   Q_INVOKABLE void copyPosition();
+  /// None while there is no position.
+  void setCopiedText(std::function<std::optional<std::string>()> text) {
+    copiedText_ = std::move(text);
+  }
 
   QQmlPropertyMap* outlets() { return &outlets_; }
   /// Points: 78 compact, 286 expanded.
@@ -136,6 +142,7 @@ class PanelAdapter : public QObject, private UIViewObserver {
   void takeLines();
 
   Scene& scene_;
+  std::function<std::optional<std::string>()> copiedText_;
   QQmlPropertyMap outlets_;
   std::unordered_map<const UIView*, Watched> watched_;
   std::vector<Watched*> changed_;

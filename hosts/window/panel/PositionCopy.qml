@@ -17,6 +17,10 @@ Item {
     Accessible.focusable: true
     Accessible.onPressAction: panel.copyPosition()
 
-    TouchArea { onClicked: copy.panel.copyPosition() }
+    TouchArea {
+        // The window may be dragged by it.
+        readonly property bool letsDrag: true
+        onClicked: copy.panel.copyPosition()
+    }
     FocusRing { look: copy.look }
 }

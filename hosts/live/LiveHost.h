@@ -1,0 +1,47 @@
+// The host of a widget in use: settings and addresses on the disk, the user's language, the
+// machine's clock and desktop. Installed as the current host from construction to destruction.
+#pragma once
+
+#include <memory>
+
+#include "hosts/live/SystemClock.h"
+#include "hosts/services/DesktopUrlOpener.h"
+#include "hosts/services/IoRunLoop.h"
+#include "hosts/services/Warn.h"
+#include "hosts/services/addresses/AddressService.h"
+#include "hosts/services/stores/Stores.h"
+#include "hosts/services/texts/GettextTable.h"
+
+namespace wayfell {
+
+class LiveHost : public Host {
+ public:
+  /// The loop and the source must outlive the host, which ends the timers of the loop.
+  LiveHost(IoRunLoop& loop, LocationSource& source, const Warn& warn);
+  ~LiveHost() override;
+  LiveHost(const LiveHost&) = delete;
+  LiveHost& operator=(const LiveHost&) = delete;
+
+  RunLoop& runLoop() override { return loop_; }
+  Clock& clock() override { return clock_; }
+  KeyValueStore* standardDefaults() override { return stores_.standardDefaults(); }
+  KeyValueStore* sharedDefaults(std::string_view suiteName) override {
+    return stores_.sharedDefaults(suiteName);
+  }
+  KeyValueStore* ubiquitousDefaults() override { return stores_.ubiquitousDefaults(); }
+  LocationSource& locationSource() override { return source_; }
+  AttributedGeocoder& reverseGeocoder() override { return *geocoder_; }
+  const StringTable& stringTable() override { return texts_; }
+  UrlOpener& urlOpener() override { return opener_; }
+
+ private:
+  IoRunLoop& loop_;
+  LocationSource& source_;
+  SystemClock clock_;
+  Stores stores_;
+  std::unique_ptr<AttributedGeocoder> geocoder_;
+  GettextTable texts_;
+  DesktopUrlOpener opener_;
+};
+
+}  // namespace wayfell

@@ -1,0 +1,94 @@
+#include "hosts/live/LiveScene.h"
+
+#include <utility>
+
+#include "hosts/scene/FixAge.h"
+#include "settings/UserDefaults.h"
+
+namespace wayfell {
+
+LiveScene::LiveScene(LiveHost& host, SourceStatus source, Now now)
+    : host_(host), source_(std::move(source)), now_(std::move(now)) {
+  controller_->viewDidLoad();
+  appear();
+}
+
+void LiveScene::appear() {
+  controller_->viewWillAppear(false);
+  onScreen_ = true;
+  settle();
+}
+
+void LiveScene::disappear() {
+  controller_->viewWillDisappear(false);
+  onScreen_ = false;
+}
+
+bool LiveScene::followsCourse() const {
+  switch (headingChoice_) {
+    case HeadingChoice::compass:
+      return false;
+    case HeadingChoice::course:
+      return true;
+    case HeadingChoice::whatIsThere:
+      break;
+  }
+  return !source_.deliversHeadings();
+}
+
+void LiveScene::settle() {
+  interface_.compassRotatingView().setCompassDisplayCourse(followsCourse());
+  if (controller_->currentLocation != lastFix_) {
+    lastFix_ = controller_->currentLocation;
+    lastFixCame_ = now_();
+  }
+}
+
+std::string LiveScene::warning() const {
+  if (!onScreen_) return "";
+  const std::string trouble = source_.trouble();
+  if (!lastFix_) return trouble.empty() ? std::string(kNoFixYet) : trouble;
+  // The age by when the fix came: the machine's clock may be wrong, or the receiver's.
+  const std::string old = fixAgeText(std::chrono::duration<double>(now_() - lastFixCame_).count());
+  if (trouble.empty() || old.empty()) return trouble + old;
+  return trouble + ", " + old;
+}
+
+Scene::Lines LiveScene::lines() const {
+  Lines lines{"LIVE", source_.name(), "course", warning(), host_.reverseGeocoder().attribution()};
+  if (!followsCourse()) {
+    // True when neither is chosen and the true heading is known, which is nearly always.
+    lines.state = UserDefaults::checkIntDefaults("compassHeading") == 1 ? "compass, magnetic"
+                                                                        : "compass, true";
+  }
+  return lines;
+}
+
+std::optional<std::string> LiveScene::takeNews() { return std::exchange(news_, std::nullopt); }
+
+std::vector<Scene::Key> LiveScene::keys() const {
+  return {{"c", "heading: compass, course or as it comes"}};
+}
+
+std::vector<std::string_view> LiveScene::hints() const {
+  return {"0-4 format  t layout  h hide  c compass or course  ? keys  q quit",
+          "t layout  c compass or course  ? keys  q quit", "? keys  q quit"};
+}
+
+void LiveScene::press(char32_t key) {
+  if (key != U'c') return;
+  switch (headingChoice_) {
+    case HeadingChoice::whatIsThere:
+      headingChoice_ = followsCourse() ? HeadingChoice::compass : HeadingChoice::course;
+      tell(followsCourse() ? "heading: the course, always" : "heading: the compass, always");
+      break;
+    case HeadingChoice::compass:
+    case HeadingChoice::course:
+      headingChoice_ = HeadingChoice::whatIsThere;
+      tell("heading: the compass where there is one, else the course");
+      break;
+  }
+  settle();
+}
+
+}  // namespace wayfell

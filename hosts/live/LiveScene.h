@@ -1,0 +1,72 @@
+// The widget on live services, as a host shows it.
+#pragma once
+
+#include <chrono>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "hosts/live/LiveHost.h"
+#include "hosts/scene/Scene.h"
+#include "hosts/services/WidgetInterface.h"
+#include "widget/TodayViewController.h"
+
+namespace wayfell {
+
+/// What the source of positions and headings says of itself.
+struct SourceStatus {
+  /// Which it is: "gpsd at localhost:2947".
+  std::function<std::string()> name;
+  /// Why it delivers no fixes, in a few words; empty while it does.
+  std::function<std::string()> trouble;
+  /// Whether headings are coming.
+  std::function<bool()> deliversHeadings;
+};
+
+class LiveScene : public Scene {
+ public:
+  using Now = std::function<std::chrono::steady_clock::time_point()>;
+
+  /// Loads the widget on the host, which must outlive this, and lets it appear.
+  LiveScene(LiveHost& host, SourceStatus source, Now now = std::chrono::steady_clock::now);
+
+  const WidgetInterface& interface() const override { return interface_; }
+  TodayViewController& controller() const { return *controller_; }
+  bool onScreen() const override { return onScreen_; }
+  void appear() override;
+  void disappear() override;
+  void tap(std::string_view view) override { interface_.tap(view); }
+  void pickSegment(int segment) override { interface_.coordinateControl().pick(segment); }
+  Lines lines() const override;
+  std::optional<std::string> fault() const override { return std::nullopt; }
+  std::optional<std::string> takeNews() override;
+  std::vector<Key> keys() const override;
+  std::vector<std::string_view> hints() const override;
+  void press(char32_t key) override;
+  void catchUp() override {}
+  void resume() override {}
+  void settle() override;
+
+  /// Something that the user should hear of.
+  void tell(std::string news) { news_ = std::move(news); }
+
+ private:
+  /// Where headings come from: the compass while it delivers, or what the user chose.
+  enum class HeadingChoice { whatIsThere, compass, course };
+  bool followsCourse() const;
+  std::string warning() const;
+
+  LiveHost& host_;
+  SourceStatus source_;
+  Now now_;
+  std::shared_ptr<TodayViewController> controller_ = std::make_shared<TodayViewController>();
+  WidgetInterface interface_{controller_};
+  bool onScreen_ = false;
+  HeadingChoice headingChoice_ = HeadingChoice::whatIsThere;
+  std::optional<std::string> news_;
+  std::optional<CLLocation> lastFix_;
+  std::chrono::steady_clock::time_point lastFixCame_;
+};
+
+}  // namespace wayfell

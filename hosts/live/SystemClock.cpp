@@ -1,0 +1,13 @@
+#include "hosts/live/SystemClock.h"
+
+#include <chrono>
+
+namespace wayfell {
+
+NSDate SystemClock::now() const {
+  constexpr std::chrono::seconds kReferenceDate{978307200};  // 2001-01-01 in Unix seconds
+  const auto since = std::chrono::system_clock::now().time_since_epoch() - kReferenceDate;
+  return {std::chrono::duration<double>(since).count()};
+}
+
+}  // namespace wayfell

@@ -1,0 +1,191 @@
+#include "hosts/services/addresses/AddressBook.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <limits>
+#include <utility>
+#include <vector>
+
+#include "hosts/services/addresses/BookFile.h"
+#include "hosts/services/addresses/StreetText.h"
+
+namespace wayfell {
+namespace {
+
+constexpr double kEarthRadius = 6371008.8;  // metres; the mean of WGS 84's
+constexpr double kPi = 3.14159265358979323846;
+constexpr double kHalfTurn = 180 * kBookUnitsPerDegree;
+
+double radians(double degrees) { return degrees * kPi / 180; }
+double degrees(double radians) { return radians * 180 / kPi; }
+
+// The haversine formula, which keeps its digits at small distances.
+double greatCircle(const CLLocationCoordinate2D& a, const CLLocationCoordinate2D& b) {
+  const double north = std::sin(radians(b.latitude - a.latitude) / 2);
+  const double east = std::sin(radians(b.longitude - a.longitude) / 2);
+  const double h =
+      north * north + std::cos(radians(a.latitude)) * std::cos(radians(b.latitude)) * east * east;
+  return 2 * kEarthRadius * std::asin(std::min(1.0, std::sqrt(h)));
+}
+
+// In units of the book.
+struct Box {
+  double west;
+  double east;
+  double south;
+  double north;
+};
+
+// Boxes that hold all that is within a distance of a position, and hardly more: one, or two where
+// the antimeridian lies between, or one all around near a pole.
+std::vector<Box> boxesAround(const CLLocationCoordinate2D& position, double distance) {
+  // A whole number of units more on each side: positions in the book are rounded.
+  constexpr double kMargin = 2;
+  const double angle = distance / kEarthRadius;
+  const double up = degrees(angle);
+  const double south = std::floor((position.latitude - up) * kBookUnitsPerDegree) - kMargin;
+  const double north = std::ceil((position.latitude + up) * kBookUnitsPerDegree) + kMargin;
+  if (std::abs(position.latitude) + up >= 90) return {{-kHalfTurn, kHalfTurn, south, north}};
+  // Where the circle's easternmost point is, which lies a little poleward of its centre.
+  const double aside = degrees(std::asin(std::sin(angle) / std::cos(radians(position.latitude))));
+  const double west = std::floor((position.longitude - aside) * kBookUnitsPerDegree) - kMargin;
+  const double east = std::ceil((position.longitude + aside) * kBookUnitsPerDegree) + kMargin;
+  if (west <= -kHalfTurn) {
+    return {{-kHalfTurn, east, south, north}, {west + 2 * kHalfTurn, kHalfTurn, south, north}};
+  }
+  if (east >= kHalfTurn) {
+    return {{west, kHalfTurn, south, north}, {-kHalfTurn, east - 2 * kHalfTurn, south, north}};
+  }
+  return {{west, east, south, north}};
+}
+
+std::optional<std::string> orNone(std::string_view text) {
+  return text.empty() ? std::nullopt : std::optional<std::string>(text);
+}
+
+bool isPosition(const CLLocationCoordinate2D& position) {
+  return std::abs(position.latitude) <= 90 && std::abs(position.longitude) <= 180;
+}
+
+}  // namespace
+
+// An open book.
+class AddressBook::Pages {
+ public:
+  explicit Pages(const std::filesystem::path& file)
+      : book_(openBook(file)),
+        within_(book_,
+                "SELECT id, west, south FROM address "
+                "WHERE west >= ?1 AND east <= ?2 AND south >= ?3 AND north <= ?4"),
+        read_(book_,
+              "SELECT number, name, city, region, country FROM address "
+              "JOIN street ON street.id = address.street JOIN town ON town.id = street.town "
+              "WHERE address.id = ?1") {}
+
+  // A town has hundreds of addresses within the radius, and the nearest is mostly a few metres off:
+  // the circle grows until it holds one.
+  std::optional<Found> nearest(const CLLocationCoordinate2D& position) {
+    for (const double distance : {kRadius / 9, kRadius / 3, kRadius}) {
+      if (const auto candidate = nearestWithin(position, distance)) return read(*candidate);
+    }
+    return std::nullopt;
+  }
+
+ private:
+  struct Candidate {
+    std::int64_t id = std::numeric_limits<std::int64_t>::max();
+    CLLocationCoordinate2D position;
+    double distance = 0;
+  };
+
+  std::optional<Candidate> nearestWithin(const CLLocationCoordinate2D& position, double distance) {
+    Candidate best;
+    best.distance = distance;
+    bool any = false;
+    for (const Box& box : boxesAround(position, distance)) {
+      within_.bind(1, box.west).bind(2, box.east).bind(3, box.south).bind(4, box.north);
+      while (within_.step()) {
+        Candidate next;
+        next.id = within_.integer(0);
+        next.position = {static_cast<double>(within_.integer(2)) / kBookUnitsPerDegree,
+                         static_cast<double>(within_.integer(1)) / kBookUnitsPerDegree};
+        next.distance = greatCircle(position, next.position);
+        if (next.distance > best.distance) continue;
+        if (next.distance == best.distance && next.id > best.id) continue;
+        best = next;
+        any = true;
+      }
+    }
+    return any ? std::optional(best) : std::nullopt;
+  }
+
+  Found read(const Candidate& candidate) {
+    Found found{{}, candidate.position, candidate.distance};
+    read_.bind(1, candidate.id);
+    if (read_.step()) {
+      found.placemark.postalAddress =
+          CNPostalAddress{streetText(read_.text(0), read_.text(1), read_.text(4)),
+                          orNone(read_.text(2)), orNone(read_.text(3))};
+    }
+    read_.reset();
+    return found;
+  }
+
+  Database book_;
+  Statement within_;
+  Statement read_;
+};
+
+AddressBook::AddressBook(std::filesystem::path file, Missing missing, Warn warn)
+    : file_(std::move(file)), missing_(missing), warn_(std::move(warn)) {}
+
+AddressBook::~AddressBook() = default;
+
+std::optional<AddressBook::Found> AddressBook::nearest(const CLLocationCoordinate2D& position) {
+  takeUpFile();
+  if (pages_ == nullptr || !isPosition(position)) return std::nullopt;
+  try {
+    return pages_->nearest(position);
+  } catch (const DatabaseError& error) {
+    putAside(error.what());
+    return std::nullopt;
+  }
+}
+
+void AddressBook::reverseGeocode(const std::optional<CLLocation>& location, Completion completion) {
+  std::optional<std::vector<CLPlacemark>> places;
+  if (location) {
+    if (auto found = nearest(location->coordinate)) places = {std::move(found->placemark)};
+  }
+  completion(places);
+}
+
+std::string AddressBook::attribution() const { return "Addresses: OpenAddresses and its sources"; }
+
+void AddressBook::takeUpFile() {
+  const auto now = markOf(file_);
+  if (looked_ && now == seen_) return;
+  looked_ = true;
+  seen_ = now;
+  pages_.reset();
+  if (!now) {
+    if (missing_ == Missing::isWarnedAbout) putAside("there is no address book");
+    return;
+  }
+  try {
+    pages_ = std::make_unique<Pages>(file_);
+  } catch (const BookError& error) {
+    putAside(error.what());
+  } catch (const DatabaseError& error) {
+    putAside(error.what());
+  }
+}
+
+void AddressBook::putAside(const std::string& why) {
+  pages_.reset();
+  warn_(file_.string() + ": " + why +
+        "; there are no addresses until \"wayfell addresses import\" makes a new one");
+}
+
+}  // namespace wayfell

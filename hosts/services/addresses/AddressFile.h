@@ -1,0 +1,27 @@
+// Reads files of addresses as OpenAddresses publishes them: CSV with a header, or GeoJSON with a
+// Feature a line. Which of them it is, the content tells.
+#pragma once
+
+#include <cstddef>
+#include <memory>
+
+#include "hosts/replay/InputBytes.h"
+#include "hosts/services/addresses/AddressRow.h"
+
+namespace wayfell {
+
+class AddressFile {
+ public:
+  virtual ~AddressFile() = default;
+  /// Reads the next row, which may have a position and nothing else; false at the end. Throws
+  /// std::invalid_argument, saying what is wrong, for a row that cannot be read, after which the
+  /// next one can be; InputError for a file that cannot be read any further.
+  virtual bool next(AddressRow& row) = 0;
+  /// Where the row read last begins, counted from 1.
+  virtual std::size_t line() const = 0;
+};
+
+/// Throws InputError for what is neither.
+std::unique_ptr<AddressFile> openAddressFile(InputBytes input);
+
+}  // namespace wayfell

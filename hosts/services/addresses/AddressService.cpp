@@ -1,0 +1,55 @@
+#include "hosts/services/addresses/AddressService.h"
+
+#include <stdexcept>
+
+#include "hosts/services/TextScanner.h"
+#include "hosts/services/addresses/AcceptLanguage.h"
+#include "hosts/services/addresses/AddressBook.h"
+#include "hosts/services/addresses/BookFile.h"
+#include "hosts/services/addresses/Nominatim.h"
+
+namespace wayfell {
+namespace {
+
+std::optional<std::string> textOf(const KeyValueStore& store, const char* key) {
+  const PropertyValue* const value = store.find(key);
+  return value == nullptr ? std::nullopt : value->stringValue();
+}
+
+std::unique_ptr<AttributedGeocoder> serviceOf(const AddressChoice& choice, IoRunLoop& loop,
+                                              const Warn& warn) {
+  using Missing = AddressBook::Missing;
+  if (!choice.service) {
+    return std::make_unique<AddressBook>(addressBookPath(), Missing::isFine, warn);
+  }
+  if (choice.service == "book") {
+    return std::make_unique<AddressBook>(addressBookPath(), Missing::isWarnedAbout, warn);
+  }
+  if (choice.service == "nominatim") {
+    return std::make_unique<Nominatim>(loop,
+                                       ServerUrl(choice.url.value_or(Nominatim::kPublicServer)),
+                                       usersAcceptLanguage(), warn);
+  }
+  if (choice.service == "none") return std::make_unique<NoGeocoder>();
+  throw std::invalid_argument(inQuotes(*choice.service) + " is none of book, nominatim and none");
+}
+
+}  // namespace
+
+AddressChoice readAddressChoice(const KeyValueStore& local) {
+  return {textOf(local, AddressChoice::kServiceKey), textOf(local, AddressChoice::kUrlKey)};
+}
+
+std::unique_ptr<AttributedGeocoder> makeGeocoder(const AddressChoice& choice, IoRunLoop& loop,
+                                                 const Warn& warn) {
+  try {
+    return serviceOf(choice, loop, warn);
+  } catch (const std::runtime_error& error) {
+    warn(std::string("addresses: ") + error.what() + "; there are none");
+  } catch (const std::invalid_argument& error) {
+    warn(std::string("addresses: ") + error.what() + "; there are none");
+  }
+  return std::make_unique<NoGeocoder>();
+}
+
+}  // namespace wayfell

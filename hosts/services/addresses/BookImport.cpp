@@ -1,0 +1,204 @@
+#include "hosts/services/addresses/BookImport.h"
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cmath>
+#include <cstring>
+#include <system_error>
+#include <utility>
+
+#include "hosts/services/stores/PrivateFile.h"
+
+namespace wayfell {
+namespace {
+
+// Enough for most towns of a country; some 10 MB.
+constexpr std::size_t kStreetsRemembered = 100000;
+
+[[noreturn]] void failWith(const std::filesystem::path& path, int error) {
+  throw BookError(path.string() + ": " + std::strerror(error));
+}
+
+void syncFolder(const std::filesystem::path& folder) {
+  const int descriptor = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  if (descriptor < 0) return;
+  fsync(descriptor);
+  close(descriptor);
+}
+
+std::int64_t inUnits(double degrees) { return std::llround(degrees * kBookUnitsPerDegree); }
+
+}  // namespace
+
+// The file under construction, which one import at a time has. It is empty at first.
+class BookImport::Lock {
+ public:
+  explicit Lock(const std::filesystem::path& path) : path_(path) {
+    while (!acquire()) close(descriptor_);
+    if (fchmod(descriptor_, S_IRUSR | S_IWUSR) != 0 || ftruncate(descriptor_, 0) != 0) fail();
+  }
+  ~Lock() { close(descriptor_); }
+  Lock(const Lock&) = delete;
+  Lock& operator=(const Lock&) = delete;
+
+  void sync() const {
+    if (fsync(descriptor_) != 0) failWith(path_, errno);
+  }
+
+ private:
+  // Whether what is locked is still what has the name: an import that ended just now has given its
+  // file another.
+  bool acquire() {
+    createPrivateFile(path_);
+    descriptor_ = open(path_.c_str(), O_RDWR | O_CLOEXEC | O_NOFOLLOW);
+    if (descriptor_ < 0) failWith(path_, errno);
+    if (flock(descriptor_, LOCK_EX | LOCK_NB) != 0) {
+      if (errno != EWOULDBLOCK) fail();
+      close(descriptor_);
+      throw BookError("another import is at work");
+    }
+    struct stat locked = {};
+    struct stat named = {};
+    return fstat(descriptor_, &locked) == 0 && stat(path_.c_str(), &named) == 0 &&
+           locked.st_ino == named.st_ino;
+  }
+  [[noreturn]] void fail() const {
+    const int error = errno;
+    close(descriptor_);
+    failWith(path_, error);
+  }
+
+  std::filesystem::path path_;
+  int descriptor_ = -1;
+};
+
+struct BookImport::Statements {
+  explicit Statements(Database& database)
+      : addTown(database, "INSERT OR IGNORE INTO town (city, region, country) VALUES (?1, ?2, ?3)"),
+        findTown(database, "SELECT id FROM town WHERE city = ?1 AND region = ?2 AND country = ?3"),
+        addStreet(database, "INSERT OR IGNORE INTO street (name, town) VALUES (?1, ?2)"),
+        findStreet(database, "SELECT id FROM street WHERE name = ?1 AND town = ?2"),
+        addAddress(database, "INSERT INTO address VALUES (?1, ?2, ?2, ?3, ?3, ?4, ?5)") {}
+
+  Statement addTown;
+  Statement findTown;
+  Statement addStreet;
+  Statement findStreet;
+  Statement addAddress;
+};
+
+BookImport::BookImport(std::filesystem::path book, Start start)
+    : book_(std::move(book)), new_(book_.string() + ".new") {
+  try {
+    lock_ = std::make_unique<Lock>(new_);
+    begin(start);
+  } catch (const std::system_error& error) {
+    discard();
+    failWith(book_, error.code().value());
+  } catch (...) {
+    discard();
+    throw;
+  }
+}
+
+BookImport::~BookImport() { discard(); }
+
+void BookImport::begin(Start start) {
+  const bool old = start == Start::withOld && std::filesystem::exists(book_);
+  if (old) {
+    Database book = openBook(book_);
+    std::filesystem::copy_file(book_, new_, std::filesystem::copy_options::overwrite_existing);
+    std::filesystem::permissions(
+        new_, std::filesystem::perms::owner_read | std::filesystem::perms::owner_write);
+  }
+  database_ = std::make_unique<Database>(new_, Database::Open::readWrite);
+  // A book that is not complete is thrown away, so nothing has to be undone or safe before its end.
+  database_->execute(
+      "PRAGMA journal_mode = OFF; PRAGMA synchronous = OFF; PRAGMA locking_mode = EXCLUSIVE;"
+      "PRAGMA cache_size = -65536");  // 64 MiB
+  if (old) {
+    summary_ = readSummary(*database_);
+  } else {
+    createBook(*database_);
+  }
+  statements_ = std::make_unique<Statements>(*database_);
+  transaction_ = std::make_unique<Transaction>(*database_);
+}
+
+void BookImport::discard() {
+  if (lock_ == nullptr) return;
+  statements_.reset();
+  transaction_.reset();
+  database_.reset();
+  std::error_code ignored;
+  std::filesystem::remove(new_, ignored);
+  lock_.reset();
+}
+
+void BookImport::setCountry(const std::string& code) {
+  country_ = code;
+  streets_.clear();
+}
+
+void BookImport::add(const AddressRow& row) {
+  const std::int64_t street = streetId(row);
+  statements_->addAddress.bind(1, ++summary_.addresses)
+      .bind(2, inUnits(row.longitude))
+      .bind(3, inUnits(row.latitude))
+      .bind(4, std::string_view(row.number))
+      .bind(5, street)
+      .run();
+  summary_.south = std::min(summary_.south, row.latitude);
+  summary_.north = std::max(summary_.north, row.latitude);
+  summary_.west = std::min(summary_.west, row.longitude);
+  summary_.east = std::max(summary_.east, row.longitude);
+}
+
+std::int64_t BookImport::streetId(const AddressRow& row) {
+  // No part has a line break in it.
+  key_.assign(row.street).append("\n").append(row.city).append("\n").append(row.region);
+  const auto known = streets_.find(key_);
+  if (known != streets_.end()) return known->second;
+  if (streets_.size() == kStreetsRemembered) streets_.clear();
+  return streets_[key_] = storedStreetId(row);
+}
+
+std::int64_t BookImport::storedStreetId(const AddressRow& row) {
+  const auto id = [](Statement& add, Statement& find) {
+    add.run();
+    find.step();
+    const std::int64_t found = find.integer(0);
+    find.reset();
+    return found;
+  };
+  Statements& s = *statements_;
+  for (Statement* statement : {&s.addTown, &s.findTown}) {
+    statement->bind(1, std::string_view(row.city))
+        .bind(2, std::string_view(row.region))
+        .bind(3, std::string_view(country_));
+  }
+  const std::int64_t town = id(s.addTown, s.findTown);
+  for (Statement* statement : {&s.addStreet, &s.findStreet}) {
+    statement->bind(1, std::string_view(row.street)).bind(2, town);
+  }
+  return id(s.addStreet, s.findStreet);
+}
+
+void BookImport::commit() {
+  writeSummary(*database_, summary_);
+  transaction_->commit();
+  statements_.reset();
+  transaction_.reset();
+  database_.reset();
+  lock_->sync();
+  if (std::rename(new_.c_str(), book_.c_str()) != 0) failWith(book_, errno);
+  lock_.reset();
+  syncFolder(book_.parent_path());
+}
+
+}  // namespace wayfell

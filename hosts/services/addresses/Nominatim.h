@@ -1,0 +1,67 @@
+// Asks a Nominatim server for addresses, over the network: it learns the user's position. To be
+// made only for a user who has agreed to that server.
+//
+// It keeps to what the public server asks of its users: one request at a time and at most one a
+// second, and none before the time that a server asks to be left alone for. A request made while
+// another waits or is under way replaces it, and the other fails.
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "hosts/services/IoRunLoop.h"
+#include "hosts/services/Warn.h"
+#include "hosts/services/addresses/AttributedGeocoder.h"
+#include "hosts/services/addresses/HttpClient.h"
+#include "hosts/services/addresses/ServerUrl.h"
+
+namespace wayfell {
+
+class Nominatim : public AttributedGeocoder {
+ public:
+  static constexpr const char* kPublicServer = "https://nominatim.openstreetmap.org";
+  /// Seconds, unless stated otherwise, as all of these.
+  static constexpr double kTimeout = 10;
+  static constexpr double kBetweenRequests = 1;
+  /// For a server that is overloaded and does not say for how long; and the longest that one may
+  /// say.
+  static constexpr double kUsualPause = 60;
+  static constexpr double kLongestPause = 86400;
+
+  /// Names are asked for in the languages of an Accept-Language header; empty: the local ones.
+  /// Warns of failures, once until an answer comes again.
+  Nominatim(IoRunLoop& loop, ServerUrl server, std::string languages, Warn warn,
+            double timeout = kTimeout);
+  /// Fails what is under way.
+  ~Nominatim() override;
+
+  void reverseGeocode(const std::optional<CLLocation>& location, Completion completion) override;
+  /// In the words of the last answer.
+  std::string attribution() const override { return attribution_; }
+
+ private:
+  using Places = std::optional<std::vector<CLPlacemark>>;
+
+  void send();
+  void take(const HttpClient::Answer& answer);
+  Places placesOf(const HttpClient::Answer& answer);
+  void pause(double seconds);
+  void fail(const std::string& why);
+  void complete(const Places& places);
+
+  IoRunLoop& loop_;
+  ServerUrl server_;
+  std::string languages_;
+  Warn warn_;
+  double timeout_;
+  std::unique_ptr<HttpClient> client_;
+  Completion completion_;  // of the request that waits or is under way, or null
+  CLLocationCoordinate2D position_;
+  std::optional<RunLoop::TimerId> rest_;   // until the next request may be sent
+  std::optional<RunLoop::TimerId> pause_;  // while the server wants to be left alone
+  bool warned_ = false;
+  std::string attribution_ = "Data © OpenStreetMap contributors, ODbL 1.0";
+};
+
+}  // namespace wayfell

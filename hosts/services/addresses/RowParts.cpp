@@ -1,0 +1,46 @@
+#include "hosts/services/addresses/RowParts.h"
+
+#include <cmath>
+#include <stdexcept>
+
+#include "hosts/services/Utf8.h"
+#include "platform/NSString.h"
+
+namespace wayfell {
+namespace {
+
+bool isBlank(char c) { return (c >= 0 && c <= ' ') || c == '\x7f'; }
+
+void checkDegrees(double degrees, double most, const char* name) {
+  if (std::abs(degrees) <= most) return;
+  throw std::invalid_argument(std::string(name) + ' ' + shortestText(degrees) + " is beyond " +
+                              shortestText(std::copysign(most, degrees)));
+}
+
+}  // namespace
+
+void setPart(std::string& part, std::string_view text, std::string_view name) {
+  part.clear();
+  if (text.size() > AddressRow::kLongestPart) {
+    throw std::invalid_argument(std::string(name) + ": longer than " +
+                                std::to_string(AddressRow::kLongestPart) + " bytes");
+  }
+  if (!isUtf8(text)) throw std::invalid_argument(std::string(name) + ": not UTF-8");
+  bool between = false;
+  for (const char c : text) {
+    if (isBlank(c)) {
+      between = !part.empty();
+      continue;
+    }
+    if (between) part += ' ';
+    between = false;
+    part += c;
+  }
+}
+
+void checkPosition(const AddressRow& row) {
+  checkDegrees(row.latitude, 90, "latitude");
+  checkDegrees(row.longitude, 180, "longitude");
+}
+
+}  // namespace wayfell

@@ -1,0 +1,185 @@
+#include "hosts/services/location/GpsdLink.h"
+
+#include <sys/socket.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <system_error>
+#include <utility>
+
+#include "hosts/services/location/GpsdNotice.h"
+
+namespace wayfell {
+namespace {
+
+constexpr std::string_view kWatch = "?WATCH={\"enable\":true,\"json\":true};\n";
+constexpr std::string_view kAskVersion = "?VERSION;\n";
+constexpr int kMostSilentTicks = 1;
+
+std::string textOf(int error) { return std::generic_category().message(error); }
+
+}  // namespace
+
+GpsdLink::GpsdLink(IoRunLoop& loop, GpsdAddress address, const GpsdIntervals& intervals,
+                   Handlers handlers)
+    : loop_(loop),
+      address_(std::move(address)),
+      intervals_(intervals),
+      handlers_(std::move(handlers)),
+      wait_(intervals.firstWait) {}
+
+void GpsdLink::open() {
+  if (status_ != Status::closed) return;
+  wait_ = intervals_.firstWait;
+  failure_.clear();
+  resolve();
+}
+
+void GpsdLink::close() {
+  disconnect();
+  status_ = Status::closed;
+}
+
+void GpsdLink::setStatus(Status status) {
+  if (status == status_) return;
+  status_ = status;
+  handlers_.statusChanged();
+}
+
+void GpsdLink::resolve() {
+  lookup_ = std::make_unique<NameLookup>(loop_, address_, [this](FoundAddresses found) {
+    if (found.addresses.empty()) {
+      fail(std::move(found.failure));
+      return;
+    }
+    addresses_ = std::move(found.addresses);
+    nextAddress_ = 0;
+    waitForTick();
+    connectToNext();
+  });
+  setStatus(Status::resolving);
+}
+
+void GpsdLink::connectToNext() {
+  while (nextAddress_ < addresses_.size()) {
+    const SocketAddress& address = addresses_[nextAddress_++];
+    silentTicks_ = 0;
+    socket_ = socket(address.get()->sa_family, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0);
+    if (socket_ >= 0 &&
+        (connect(socket_, address.get(), address.size) == 0 || errno == EINPROGRESS)) {
+      watch({.writable = true}, [this] { finishConnecting(); });
+      setStatus(Status::connecting);
+      return;
+    }
+    failure_ = textOf(errno);
+    if (socket_ >= 0) ::close(socket_);
+    socket_ = -1;
+  }
+  fail(failure_);
+}
+
+void GpsdLink::finishConnecting() {
+  int error = 0;
+  socklen_t size = sizeof error;
+  getsockopt(socket_, SOL_SOCKET, SO_ERROR, &error, &size);
+  if (error == 0) {
+    greet();
+    return;
+  }
+  failure_ = textOf(error);
+  giveUpSocket();
+  connectToNext();
+}
+
+void GpsdLink::greet() {
+  if (!send(kWatch)) return;
+  silentTicks_ = 0;
+  heard_ = false;
+  failure_.clear();
+  watch({.readable = true}, [this] { read(); });
+  setStatus(Status::open);
+}
+
+void GpsdLink::read() {
+  std::array<char, 16384> buffer;  // NOLINT(cppcoreguidelines-pro-type-member-init): filled below
+  const ssize_t count = recv(socket_, buffer.data(), buffer.size(), 0);
+  if (count < 0 && (errno == EAGAIN || errno == EINTR)) return;
+  if (count <= 0) {
+    fail(count == 0 ? "gpsd has closed the connection" : textOf(errno));
+    return;
+  }
+  lines_.append({buffer.data(), static_cast<std::size_t>(count)});
+  const std::size_t connection = connection_;
+  while (const auto line = lines_.next()) {
+    if (!isGpsdObject(*line)) continue;
+    heard_ = true;
+    handlers_.lineCame(*line);
+    if (connection != connection_) return;
+  }
+}
+
+bool GpsdLink::send(std::string_view request) {
+  const ssize_t count = ::send(socket_, request.data(), request.size(), MSG_NOSIGNAL);
+  if (count == static_cast<ssize_t>(request.size())) return true;
+  fail(count < 0 ? textOf(errno) : "gpsd takes no requests");
+  return false;
+}
+
+// Not a repeating timer: after the machine has slept, what has come is to be read before the next.
+void GpsdLink::waitForTick() {
+  timer_ = loop_.scheduleTimer(intervals_.tick, false, [this] { tick(); });
+}
+
+void GpsdLink::tick() {
+  waitForTick();
+  if (std::exchange(heard_, false)) {
+    silentTicks_ = 0;
+  } else {
+    ++silentTicks_;
+  }
+  const bool tooLong = silentTicks_ > kMostSilentTicks;
+  if (status_ == Status::connecting) {
+    if (!tooLong) return;
+    failure_ = textOf(ETIMEDOUT);
+    giveUpSocket();
+    connectToNext();
+  } else if (tooLong) {
+    fail("gpsd does not answer");
+  } else if (silentTicks_ == 0 || send(kAskVersion)) {
+    handlers_.ticked();
+  }
+}
+
+void GpsdLink::watch(IoRunLoop::Readiness awaited, std::function<void()> action) {
+  loop_.unwatch(watch_);
+  watch_ = loop_.watch(socket_, awaited,
+                       [action = std::move(action)](IoRunLoop::Readiness /*ready*/) { action(); });
+}
+
+void GpsdLink::giveUpSocket() {
+  loop_.unwatch(std::exchange(watch_, 0));
+  if (socket_ >= 0) ::close(std::exchange(socket_, -1));
+}
+
+void GpsdLink::disconnect() {
+  ++connection_;
+  lookup_.reset();
+  giveUpSocket();
+  loop_.cancelTimer(std::exchange(timer_, 0));
+  lines_.clear();
+}
+
+void GpsdLink::fail(std::string why) {
+  disconnect();
+  failure_ = std::move(why);
+  const auto wait = std::chrono::duration<double>(wait_);
+  nextAttempt_ = std::chrono::steady_clock::now() +
+                 std::chrono::duration_cast<std::chrono::steady_clock::duration>(wait);
+  timer_ = loop_.scheduleTimer(wait_, false, [this] { resolve(); });
+  wait_ = std::min(2 * wait_, intervals_.longestWait);
+  setStatus(Status::waiting);
+}
+
+}  // namespace wayfell

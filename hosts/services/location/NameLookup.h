@@ -1,0 +1,49 @@
+// From a host's name to the addresses behind it, without keeping the loop waiting: names are looked
+// up in a thread, as that can take as long as a name server takes to answer.
+#pragma once
+
+#include <sys/socket.h>
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "hosts/services/IoRunLoop.h"
+#include "hosts/services/location/GpsdAddress.h"
+
+namespace wayfell {
+
+struct SocketAddress {
+  sockaddr_storage bytes = {};
+  socklen_t size = 0;
+
+  const sockaddr* get() const { return reinterpret_cast<const sockaddr*>(&bytes); }
+};
+
+/// In the order in which they are to be tried; none, and the reason, when the lookup failed.
+struct FoundAddresses {
+  std::vector<SocketAddress> addresses;
+  std::string failure;
+};
+
+/// Takes as long as it takes. An address in digits takes no time.
+FoundAddresses lookUp(const GpsdAddress& address);
+
+class NameLookup {
+ public:
+  using Completion = std::function<void(FoundAddresses)>;
+
+  /// Calls the completion once, on the loop's thread and not before this returns, unless it is
+  /// destroyed first. The loop may end before the lookup does.
+  NameLookup(IoRunLoop& loop, const GpsdAddress& address, Completion completion);
+  ~NameLookup();
+  NameLookup(const NameLookup&) = delete;
+  NameLookup& operator=(const NameLookup&) = delete;
+
+ private:
+  struct Shared;
+  std::shared_ptr<Shared> shared_;
+};
+
+}  // namespace wayfell

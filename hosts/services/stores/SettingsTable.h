@@ -1,0 +1,71 @@
+// The table of settings in a SQLite file: what kind of file it is, all of it read at one instant,
+// changes written together. Everything throws DatabaseError.
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <filesystem>
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "hosts/services/sqlite/Database.h"
+#include "platform/PropertyValue.h"
+
+namespace wayfell {
+
+/// What a file says it is.
+struct FileKind {
+  enum Kind {
+    settings,
+    empty,    ///< a database without anything in it, to be made ours
+    foreign,  ///< another program's
+    newer,    ///< of a later version of this program
+  } kind = foreign;
+  std::int64_t applicationId = 0;
+  std::int64_t version = 0;
+};
+
+FileKind kindOf(Database& database);
+/// Gives an empty database the table. Any number of processes may do so at once.
+void makeSettings(Database& database);
+/// Prepares a connection that writes: commits go to a write-ahead log, and to the disk.
+void writeAhead(Database& database);
+
+class SettingsTable {
+ public:
+  /// Of a database that holds the table.
+  explicit SettingsTable(Database database);
+
+  /// Another number than before when others have written in between.
+  std::int64_t dataVersion();
+
+  struct Contents {
+    PropertyValue::Dictionary values;
+    /// What is wrong with rows that hold no value, a sentence each without a full stop.
+    std::vector<std::string> faults;
+  };
+  Contents read();
+  /// Whether the value, or none, is what the row holds just now.
+  bool holds(const std::string& key, const std::optional<PropertyValue>& value);
+
+  using Changes = std::map<std::string, std::optional<PropertyValue>, std::less<>>;
+  /// All or none. Throws BadValue for what cannot be kept.
+  void write(const Changes& changes);
+
+  bool writable() const { return database_.writable(); }
+  void waitForLocks(std::chrono::milliseconds longest) { database_.waitForLocks(longest); }
+
+ private:
+  void writeOne(const std::string& key, const std::optional<PropertyValue>& value);
+
+  Database database_;
+  Statement dataVersion_;
+  Statement readAll_;
+  Statement readOne_;
+  std::optional<Statement> upsert_;  // prepared when first needed, since most only read
+  std::optional<Statement> remove_;
+};
+
+}  // namespace wayfell

@@ -1,0 +1,264 @@
+#include "hosts/terminal/AddressImportCommand.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <chrono>
+#include <csignal>
+#include <cstdint>
+#include <cstring>
+#include <filesystem>
+#include <stdexcept>
+
+#include "hosts/replay/InputError.h"
+#include "hosts/services/TextScanner.h"
+#include "hosts/services/addresses/AddressFile.h"
+#include "hosts/services/addresses/BookImport.h"
+#include "hosts/services/addresses/StreetText.h"
+#include "hosts/terminal/Output.h"
+#include "hosts/terminal/Progress.h"
+
+namespace wayfell {
+namespace {
+
+constexpr std::size_t kComplaints = 5;
+constexpr std::array<int, 3> kEndingSignals = {SIGINT, SIGTERM, SIGHUP};
+
+volatile std::sig_atomic_t endingSignal = 0;
+
+struct Interrupted {};
+
+// While it lives, signals that end the program end the import first. A second one ends it at once.
+class Interruption {
+ public:
+  Interruption() {
+    struct sigaction action = {};
+    action.sa_handler = [](int signal) { endingSignal = signal; };
+    action.sa_flags = static_cast<int>(SA_RESETHAND);
+    for (const int signal : kEndingSignals) {
+      struct sigaction old = {};
+      sigaction(signal, nullptr, &old);
+      if (old.sa_handler != SIG_IGN) sigaction(signal, &action, nullptr);
+    }
+  }
+  ~Interruption() {
+    for (const int signal : kEndingSignals) {
+      struct sigaction old = {};
+      sigaction(signal, nullptr, &old);
+      if (old.sa_handler != SIG_IGN) std::signal(signal, SIG_DFL);
+    }
+  }
+  Interruption(const Interruption&) = delete;
+  Interruption& operator=(const Interruption&) = delete;
+
+  static void check() {
+    if (endingSignal != 0) throw Interrupted();
+  }
+};
+
+// A file that is read, or standard input for "-".
+class Input {
+ public:
+  explicit Input(const std::string& name)
+      : descriptor_(name == "-" ? STDIN_FILENO : open(name.c_str(), O_RDONLY | O_CLOEXEC)) {
+    if (descriptor_ < 0) throw InputError(std::strerror(errno));
+  }
+  ~Input() {
+    if (descriptor_ != STDIN_FILENO) close(descriptor_);
+  }
+  Input(const Input&) = delete;
+  Input& operator=(const Input&) = delete;
+
+  std::size_t read(char* buffer, std::size_t size) const {
+    for (;;) {
+      const ssize_t count = ::read(descriptor_, buffer, size);
+      if (count >= 0) return static_cast<std::size_t>(count);
+      if (errno != EINTR) throw InputError(std::string("cannot be read: ") + std::strerror(errno));
+      Interruption::check();
+    }
+  }
+
+ private:
+  int descriptor_;
+};
+
+// "us/ca/berkeley.csv" is of US: the folders that the files are published in begin with the
+// country.
+std::string countryOfPath(const std::string& file) {
+  std::string country;
+  int levels = 2;
+  for (auto folder = std::filesystem::path(file).parent_path(); levels > 0; --levels) {
+    const std::string name = folder.filename().string();
+    if (!isCountryCode(name) || name == upperCased(name)) break;
+    country = upperCased(name);
+    folder = folder.parent_path();
+  }
+  return country;
+}
+
+std::uintmax_t sizeOfAll(const std::vector<std::string>& files) {
+  std::uintmax_t size = 0;
+  for (const std::string& file : files) {
+    std::error_code unknown;
+    const std::uintmax_t one = std::filesystem::file_size(file, unknown);
+    if (unknown) return 0;
+    size += one;
+  }
+  return size;
+}
+
+std::string counted(std::uint64_t number, const char* one, const char* many) {
+  return std::to_string(number) + ' ' + (number == 1 ? one : many);
+}
+
+class Importer {
+ public:
+  explicit Importer(const AddressImportCommand& command)
+      : command_(command),
+        path_(addressBookPath()),
+        import_(path_, command.add ? BookImport::Start::withOld : BookImport::Start::empty),
+        kept_(import_.summary().addresses),
+        bytes_(sizeOfAll(command.files)) {}
+
+  /// Throws what its parts throw, and Interrupted.
+  int run() {
+    for (const std::string& file : command_.files) importFile(file);
+    import_.commit();
+    progress_.clear();
+    tellOfLeftOut();
+    return print();
+  }
+
+ private:
+  void importFile(const std::string& file) {
+    const std::uint64_t before = rows_;
+    try {
+      const Input input(file);
+      const auto rows = openAddressFile(InputBytes([&](char* buffer, std::size_t size) {
+        const std::size_t count = input.read(buffer, size);
+        bytesRead_ += count;
+        return count;
+      }));
+      chooseCountry(file);
+      while (importRow(file, *rows)) showProgress();
+    } catch (const InputError& error) {
+      throw InputError(nameOf(file) + ": " + error.what());
+    }
+    if (rows_ == before) throw InputError(nameOf(file) + ": not one address in it");
+  }
+
+  bool importRow(const std::string& file, AddressFile& rows) {
+    try {
+      if (!rows.next(row_)) return false;
+      if (row_.isEmpty()) {
+        ++empty_;
+      } else {
+        import_.add(row_);
+        ++rows_;
+      }
+    } catch (const std::invalid_argument& error) {
+      if (++bad_ <= kComplaints) {
+        progress_.clear();
+        complain(nameOf(file) + ':' + std::to_string(rows.line()) + ": " + error.what());
+      }
+    }
+    Interruption::check();
+    return true;
+  }
+
+  void chooseCountry(const std::string& file) {
+    const std::string country = upperCased(command_.country.value_or(countryOfPath(file)));
+    import_.setCountry(country);
+    if (country.empty() && !toldOfOrder_) {
+      complainMore(nameOf(file) +
+                   ": its country is not known, so streets stand before numbers (--country)");
+      toldOfOrder_ = true;
+    }
+  }
+
+  void showProgress() {
+    progress_.reach([this] {
+      const std::chrono::duration<double> passed = std::chrono::steady_clock::now() - start_;
+      const auto rate = static_cast<std::uint64_t>(static_cast<double>(rows_) / passed.count());
+      std::string text =
+          counted(rows_, "address", "addresses") + ", " + std::to_string(rate) + " a second";
+      if (bytes_ > 0) text += ", " + std::to_string(bytesRead_ * 100 / bytes_) + " %";
+      return text + "  ";
+    });
+  }
+
+  void tellOfLeftOut() const {
+    if (bad_ > kComplaints) complain(counted(bad_, "row", "rows") + " in all could not be read");
+    if (empty_ > 0) {
+      complainMore(counted(empty_, "row has", "rows have") +
+                   " a position and no address: left out");
+    }
+  }
+
+  int print() const {
+    Output output;
+    const auto held = static_cast<std::uint64_t>(import_.summary().addresses);
+    const std::uintmax_t size = std::filesystem::file_size(path_);
+    output.line(counted(rows_, "address", "addresses") + " imported" +
+                (kept_ > 0 ? ", " + std::to_string(kept_) + " kept" : std::string()));
+    output.line(path_.string() + ": " + std::to_string(size) + " bytes, " +
+                std::to_string(size / held) + " an address");
+    return output.finish(bad_ == 0 ? kDone : kBadInput);
+  }
+
+  static std::string nameOf(const std::string& file) {
+    return file == "-" ? "standard input" : file;
+  }
+
+  const AddressImportCommand& command_;
+  std::filesystem::path path_;
+  BookImport import_;
+  std::int64_t kept_;
+  std::uintmax_t bytes_;  // of all files; 0 is unknown
+  std::uintmax_t bytesRead_ = 0;
+  std::uint64_t rows_ = 0;
+  std::uint64_t empty_ = 0;
+  std::uint64_t bad_ = 0;
+  AddressRow row_;
+  bool toldOfOrder_ = false;
+  std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
+  Progress progress_;
+};
+
+int refuse(const std::string& what) {
+  complain(what);
+  complainMore("no address is imported; the address book is as it was");
+  return kBadInput;
+}
+
+int import(const AddressImportCommand& command) {
+  const Interruption interruption;
+  try {
+    return Importer(command).run();
+  } catch (const DatabaseError& error) {
+    return refuse(addressBookPath().string() + ": " + error.what());
+  } catch (const std::runtime_error& error) {
+    return refuse(error.what());
+  } catch (const Interrupted&) {
+    return refuse("interrupted");
+  }
+}
+
+}  // namespace
+
+int runAddressImport(const AddressImportCommand& command) {
+  if (command.country && !isCountryCode(*command.country)) {
+    complain(inQuotes(*command.country) + " is no country: two letters of ISO 3166, such as US");
+    return kBadUsage;
+  }
+  endingSignal = 0;
+  const int status = import(command);
+  if (endingSignal != 0) std::raise(endingSignal);  // ends the program as it would have at once
+  return status;
+}
+
+}  // namespace wayfell

@@ -1,0 +1,130 @@
+#include "hosts/terminal/KnownSettings.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <iterator>
+#include <variant>
+
+#include "datums/Catalogue.h"
+#include "hosts/services/TextScanner.h"
+#include "hosts/services/stores/StoredValue.h"
+#include "platform/NSString.h"
+
+namespace wayfell {
+namespace {
+
+using Kind = KnownSetting::Kind;
+using Read = KnownSetting::Read;
+
+constexpr KnownSetting kSettings[] = {
+    {"units", Kind::integer, Read::copied, "", {"imperial", "metric", "nautical"}, 0, 2},
+    {"coordinateUnits", Kind::integer, Read::copied, "", {"Dec", "Dm", "DMs", "MGRS", "UTM"}, 0, 4},
+    {"speed", Kind::integer, Read::copied, "", {"pace or speed", "pace", "speed"}, 0, 2},
+    {"useMils", Kind::boolean, Read::copied, "", {"degrees", "mils"}},
+    {"compassHeading",
+     Kind::integer,
+     Read::copied,
+     "true north, or magnetic",
+     {"true north", "magnetic north"}},
+    {"rotateMap", Kind::boolean, Read::copied, "for the app's map"},
+    {"mapCompassType", Kind::integer, Read::copied, "for the app's map"},
+    {"hasWaypoint", Kind::boolean, Read::appearance, "", {"no waypoint", "a waypoint is set"}},
+    {"waypointLatitude", Kind::real, Read::appearance, "degrees", {}, -90, 90},
+    {"waypointLongitude", Kind::real, Read::appearance, "degrees", {}, -180, 180},
+    {"distance", Kind::real, Read::live, "metres of the track", {}, 0},
+    {"time", Kind::real, Read::live, "seconds of the track", {}, 0},
+    {"viewHidden", Kind::boolean, Read::appearance, "", {"expanded layout", "compact layout"}},
+    {"widgetAddressString", Kind::text, Read::appearance, "the last address found"},
+    {"angleUnits", Kind::integer, Read::own, "", {"degrees", "mils"}, 0, 1},
+    {"utmType", Kind::integer, Read::own, "", {"hemispheres", "latitude bands"}, 0, 1},
+    {"selectedDatum", Kind::datum, Read::own, "positions are shown on it"},
+    {"addressDate", Kind::date, Read::own, "of the last address lookup"},
+};
+
+// As a typed read of the kind gives it.
+std::string readAs(Kind kind, const PropertyValue& value) {
+  switch (kind) {
+    case Kind::boolean:
+      return value.boolValue() ? "true" : "false";
+    case Kind::integer:
+      return std::to_string(value.integerValue());
+    case Kind::real:
+      return shortestText(value.doubleValue());
+    case Kind::text:
+    case Kind::datum:
+      return value.stringValue() ? inQuotes(*value.stringValue()) : "none";
+    case Kind::date:
+      break;
+  }
+  return "none";
+}
+
+bool suits(Kind kind, const PropertyValue& value) {
+  const PropertyValue::Storage& stored = value.storage();
+  const bool integer = std::holds_alternative<std::int64_t>(stored);
+  switch (kind) {
+    case Kind::boolean:
+      return integer || std::holds_alternative<bool>(stored);
+    case Kind::integer:
+      return integer;
+    case Kind::real:
+      return integer || std::holds_alternative<double>(stored);
+    case Kind::text:
+    case Kind::datum:
+      return std::holds_alternative<std::string>(stored);
+    case Kind::date:
+      break;
+  }
+  return std::holds_alternative<NSDate>(stored);
+}
+
+std::string rangeOf(const KnownSetting& setting) {
+  std::string range;
+  for (std::size_t i = 0; i < setting.numbers.size() && !setting.numbers[i].empty(); ++i) {
+    range +=
+        (range.empty() ? "" : ", ") + std::to_string(i) + ' ' + std::string(setting.numbers[i]);
+  }
+  if (!range.empty()) return range;
+  const std::string lowest = shortestText(setting.lowest);
+  const bool open = setting.greatest == KnownSetting{}.greatest;
+  return open ? lowest + " and more" : lowest + " to " + shortestText(setting.greatest);
+}
+
+bool isDatum(std::string_view name) {
+  return std::any_of(kDatums.begin(), kDatums.end(),
+                     [name](const CatalogueDatum& datum) { return datum.name == name; });
+}
+
+}  // namespace
+
+const KnownSetting* knownSetting(std::string_view key) {
+  const auto* const found =
+      std::find_if(std::begin(kSettings), std::end(kSettings),
+                   [key](const KnownSetting& setting) { return setting.key == key; });
+  return found == std::end(kSettings) ? nullptr : found;
+}
+
+std::string meaningOf(const KnownSetting& setting, const PropertyValue& value) {
+  const std::int64_t number =
+      setting.kind == Kind::boolean ? std::int64_t{value.boolValue()} : value.integerValue();
+  const bool named = number >= 0 && number < std::ssize(setting.numbers);
+  const std::string_view name = named ? setting.numbers[static_cast<std::size_t>(number)] : "";
+  return std::string(name.empty() ? setting.about : name);
+}
+
+std::optional<std::string> misfitOf(const KnownSetting& setting, const PropertyValue& value) {
+  if (!suits(setting.kind, value)) {
+    return "the widget reads this " + std::string(typeName(value)) + " as " +
+           readAs(setting.kind, value);
+  }
+  if (setting.kind == Kind::datum && !isDatum(*value.stringValue())) {
+    return "\"wayfell datums\" lists no such name";
+  }
+  const double number = value.doubleValue();
+  if (number < setting.lowest || number > setting.greatest) {
+    return "the widget knows only " + rangeOf(setting);
+  }
+  return std::nullopt;
+}
+
+}  // namespace wayfell

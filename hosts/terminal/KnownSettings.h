@@ -1,0 +1,44 @@
+// The settings that the widget reads, and what their values mean to it. All other keys of a store
+// belong to the containing app.
+#pragma once
+
+#include <array>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "platform/PropertyValue.h"
+
+namespace wayfell {
+
+struct KnownSetting {
+  enum class Kind { boolean, integer, real, text, date, datum };
+  /// When the widget reads it, and where.
+  enum class Read {
+    live,        ///< twice a second, from the shared settings
+    appearance,  ///< when it appears, from the shared settings
+    copied,      ///< likewise, to copy it over what its own settings have
+    own,         ///< when it needs it, from its own settings
+  };
+
+  std::string_view key;
+  Kind kind;
+  Read read;
+  std::string_view about;  ///< what it is; may be empty where its numbers say it
+  /// What the numbers mean, from 0 on; no and yes are 0 and 1. The first empty one ends them.
+  std::array<std::string_view, 5> numbers = {};
+  double lowest = -1e300;  ///< of what the widget makes sense of, as the greatest
+  double greatest = 1e300;
+};
+
+/// None for a key that the widget does not read.
+const KnownSetting* knownSetting(std::string_view key);
+
+/// What a value means, in a few words: "metric" for 1 under "units". May be empty.
+std::string meaningOf(const KnownSetting& setting, const PropertyValue& value);
+
+/// What to tell a user who stores a value that the widget makes little sense of: what is wrong with
+/// it, to be read after its key. None for the others.
+std::optional<std::string> misfitOf(const KnownSetting& setting, const PropertyValue& value);
+
+}  // namespace wayfell

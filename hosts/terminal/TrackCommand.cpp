@@ -1,0 +1,67 @@
+#include "hosts/terminal/TrackCommand.h"
+
+#include <stdexcept>
+#include <utility>
+
+#include "hosts/services/TextScanner.h"
+#include "hosts/terminal/ChosenStore.h"
+#include "hosts/terminal/Output.h"
+
+namespace wayfell {
+namespace {
+
+[[noreturn]] void refuse(std::string_view text, const char* expected) {
+  throw std::invalid_argument(inQuotes(text) + " is not " + expected);
+}
+
+double metresOf(std::string_view text) {
+  constexpr std::pair<std::string_view, double> kUnits[] = {
+      {"", 1}, {"M", 1}, {"KM", 1000}, {"MI", 1609.344}, {"NM", 1852}, {"FT", 0.3048}};
+  TextScanner scanner(text);
+  const auto number = scanner.number();
+  const std::string letters = upperCased(scanner.letters());
+  for (const auto& [unit, metres] : kUnits) {
+    if (number && *number >= 0 && letters == unit && scanner.atEnd()) return *number * metres;
+  }
+  refuse(text, "a distance: metres, 0 or more, or with one of km, mi, nm and ft");
+}
+
+// Hours and minutes may be left out; what stands behind a colon is less than 60.
+double secondsOf(std::string_view text) {
+  constexpr const char* kExpected = "a time: seconds, 0 or more, or MM:SS or H:MM:SS";
+  TextScanner scanner(text);
+  double seconds = 0;
+  int parts = 0;
+  do {
+    const auto number = scanner.number();
+    if (!number || *number < 0 || (parts > 0 && *number >= 60)) refuse(text, kExpected);
+    seconds = seconds * 60 + *number;
+    ++parts;
+  } while (parts < 3 && scanner.take(":"));
+  if (!scanner.atEnd()) refuse(text, kExpected);
+  return seconds;
+}
+
+int publish(const TrackCommand& command) {
+  SqliteStore::Changes changes;
+  try {
+    changes.emplace("distance", PropertyValue(metresOf(command.distance)));
+    changes.emplace("time", PropertyValue(secondsOf(command.time)));
+  } catch (const std::invalid_argument& error) {
+    complain(error.what());
+    return kBadInput;
+  }
+  return writeSuite(changes);
+}
+
+}  // namespace
+
+int runTrack(const TrackCommand& command) {
+  const int status = command.action == TrackCommand::Action::publish
+                         ? publish(command)
+                         : writeSuite({{"distance", std::nullopt}, {"time", std::nullopt}});
+  if (status == kDone) remark("a running panel shows the change within half a second");
+  return status;
+}
+
+}  // namespace wayfell

@@ -1,0 +1,52 @@
+#include "hosts/window/Stage.h"
+
+#include <utility>
+
+#include "hosts/live/GpsdStatus.h"
+#include "hosts/services/location/GpsdProbe.h"
+#include "hosts/window/LiveStage.h"
+#include "hosts/window/RecordedStage.h"
+
+namespace wayfell {
+namespace {
+
+const Clock& systemClock() {
+  static const SystemClock clock;
+  return clock;
+}
+
+// Opens the stage of each choice.
+struct Opening {
+  QtRunLoop& loop;
+  StageWishes& wishes;
+  const Warn& warn;
+
+  std::unique_ptr<Stage> operator()(const source::Automatic&) const {
+    if (gpsdAnswers({})) return (*this)(source::Gpsd{});
+    warn("no gpsd at " + GpsdAddress().text() + ": this is the demo");
+    return (*this)(source::Demo{});
+  }
+  std::unique_ptr<Stage> operator()(const source::Gpsd& gpsd) const {
+    auto source = std::make_unique<GpsdSource>(loop, systemClock(), gpsd.address);
+    SourceStatus status = statusOf(*source, gpsd.address);
+    return std::make_unique<LiveStage>(loop, std::move(source), std::move(status), warn);
+  }
+  std::unique_ptr<Stage> operator()(const source::Replay& replay) const {
+    wishes.recording.file = replay.file;
+    return std::make_unique<RecordedStage>(loop, wishes, warn);
+  }
+  std::unique_ptr<Stage> operator()(const source::Demo&) const {
+    wishes.recording.demo = true;
+    return std::make_unique<RecordedStage>(loop, wishes, warn);
+  }
+  std::unique_ptr<Stage> operator()(const auto& /*receiver*/) const { return nullptr; }
+};
+
+}  // namespace
+
+std::unique_ptr<Stage> openStage(QtRunLoop& loop, StageWishes wishes, const Warn& warn) {
+  const SourceChoice source = wishes.source;
+  return std::visit(Opening{loop, wishes, warn}, source);
+}
+
+}  // namespace wayfell

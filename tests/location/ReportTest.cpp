@@ -1,0 +1,232 @@
+// What single reports become, and what makes one fix of several.
+#include <gmock/gmock.h>
+
+#include <string>
+
+#include "hosts/services/location/FixEpochs.h"
+#include "hosts/services/location/GpsdAddress.h"
+#include "hosts/services/location/GpsdNotice.h"
+#include "hosts/services/location/GpsdReport.h"
+
+namespace wayfell {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+CLLocation locationOf(const std::string& fields) {
+  GpsdDecoder decoder;
+  const GpsdReport report =
+      decoder.decode(R"({"class":"TPV","mode":3,"lat":1,"lon":2)" + fields + "}");
+  return report.fix.value().location({0});
+}
+
+TEST(GpsdFix, HasItsAltitudeAboveMeanSeaLevel) {
+  struct Case {
+    const char* fields;
+    double altitude;
+    double accuracy;
+  };
+  const Case cases[] = {
+      {R"(,"altHAE":455,"altMSL":408,"alt":408,"geoidSep":46)", 408, 5},
+      {R"(,"alt":408)", 408, 5},
+      {R"(,"altHAE":455,"geoidSep":47.5)", 407.5, 5},
+      {R"(,"altHAE":455,"epv":10)", 455, -1},
+      {R"(,"epv":10)", 0, -1},
+      {R"(,"altMSL":-430.5)", -430.5, 5},
+  };
+  for (const Case& each : cases) {
+    const CLLocation location = locationOf(each.fields);
+    EXPECT_EQ(location.altitude, each.altitude) << each.fields;
+    EXPECT_EQ(location.verticalAccuracy, each.accuracy) << each.fields;
+  }
+}
+
+TEST(GpsdFix, HasACourseOnlyWhileItMoves) {
+  struct Case {
+    const char* fields;
+    double speed;
+    double course;
+  };
+  const Case cases[] = {
+      {R"(,"speed":0.24,"track":303.6)", 0.24, -1},
+      {R"(,"speed":0.25,"track":303.6)", 0.25, 303.6},
+      {R"(,"speed":0,"track":0)", 0, -1},
+      {R"(,"speed":1.5)", 1.5, -1},
+      {R"(,"track":303.6)", -1, 303.6},
+      {"", -1, -1},
+  };
+  for (const Case& each : cases) {
+    const CLLocation location = locationOf(each.fields);
+    EXPECT_EQ(location.speed, each.speed) << each.fields;
+    EXPECT_EQ(location.course, each.course) << each.fields;
+  }
+}
+
+TEST(GpsdDecoder, ReadsHeadings) {
+  // At Zurich compasses point some 3 degrees east of true north, and gpsd 3.22 writes 2.6 there:
+  // what it writes is positive to the east, and the magnetic heading is the smaller one.
+  struct Case {
+    const char* variation;
+    const char* fields;
+    std::optional<CLHeading> heading;
+  };
+  const Case cases[] = {
+      {"0", R"("heading":90)", CLHeading{90, 90, 5}},
+      {"2.5", R"("heading":90,"mag_st":"N")", CLHeading{90, 87.5, 5}},
+      {"-2.5", R"("heading":359)", CLHeading{359, 1.5, 5}},
+      {"2.5", R"("heading":0)", CLHeading{0, 357.5, 5}},
+      {"0", R"("heading":360)", CLHeading{0, 0, 5}},
+      {"0", R"("heading":90,"mag_st":"C")", CLHeading{90, 90, -1}},
+      {"0", R"("heading":90,"mag_st":"L")", CLHeading{90, 90, -1}},
+      {"0", R"("heading":90,"mag_st":"M")", CLHeading{90, 90, 5}},
+      // A True North compass that tells raw counts.
+      {"0", R"("heading":14223)", std::nullopt},
+      {"0", R"("heading":-1)", std::nullopt},
+      {"0", R"("pitch":1)", std::nullopt},
+  };
+  for (const Case& each : cases) {
+    GpsdDecoder decoder;
+    decoder.decode(R"({"class":"TPV","mode":1,"magvar":)" + std::string(each.variation) + "}");
+    const GpsdReport report =
+        decoder.decode(R"({"class":"ATT","device":"/dev/c",)" + std::string(each.fields) + "}");
+    EXPECT_EQ(report.heading, each.heading) << each.fields;
+    EXPECT_EQ(report.device, "/dev/c");
+  }
+}
+
+GpsdFix partAt(double time, double latitude) {
+  GpsdFix part;
+  part.time = NSDate{time};
+  part.coordinate.latitude = latitude;
+  return part;
+}
+
+GpsdFix wholeAt(double time, double latitude) {
+  GpsdFix part = partAt(time, latitude);
+  part.threeDimensional = true;
+  part.altitude = part.horizontalError = part.verticalError = part.speed = 1;
+  return part;
+}
+
+std::vector<double> timesOf(const std::vector<CLLocation>& fixes) {
+  std::vector<double> times;
+  for (const CLLocation& fix : fixes) {
+    times.push_back(fix.timestamp.timeIntervalSinceReferenceDate);
+  }
+  return times;
+}
+
+TEST(FixEpochs, GiveAWholeFixAtOnceAndItsTimeOnce) {
+  FixEpochs epochs;
+  EXPECT_THAT(timesOf(epochs.add(wholeAt(10, 1))), ElementsAre(10));
+  EXPECT_THAT(epochs.add(wholeAt(10, 2)), IsEmpty());
+  EXPECT_FALSE(epochs.isWaiting());
+  EXPECT_THAT(timesOf(epochs.add(wholeAt(11, 1))), ElementsAre(11));
+  // A receiver is reset, or its week counter has run over: its times go on from there.
+  EXPECT_THAT(timesOf(epochs.add(wholeAt(-619000000, 1))), ElementsAre(-619000000));
+  EXPECT_THAT(timesOf(epochs.add(wholeAt(-618999999, 1))), ElementsAre(-618999999));
+}
+
+TEST(FixEpochs, WaitForWhatTheFixBeforeHad) {
+  FixEpochs epochs;
+  GpsdFix withSpeed = partAt(10, 1);
+  withSpeed.speed = 1.5;
+  EXPECT_THAT(epochs.add(withSpeed), IsEmpty());
+  EXPECT_TRUE(epochs.isWaiting());
+  EXPECT_THAT(timesOf(epochs.finish({0})), ElementsAre(10));
+  // So that is all that this receiver has.
+  withSpeed.time = NSDate{11};
+  EXPECT_THAT(timesOf(epochs.add(withSpeed)), ElementsAre(11));
+  // It has an altitude after all. The next fix waits for it, and has the last word on each value.
+  GpsdFix withAltitude = partAt(11, 2);
+  withAltitude.altitude = 400;
+  EXPECT_THAT(epochs.add(withAltitude), IsEmpty());
+  withSpeed.time = withAltitude.time = NSDate{12};
+  EXPECT_THAT(epochs.add(withSpeed), IsEmpty());
+  const auto done = epochs.add(withAltitude);
+  ASSERT_EQ(timesOf(done), std::vector<double>{12});
+  EXPECT_EQ(done[0].speed, 1.5);
+  EXPECT_EQ(done[0].altitude, 400);
+  EXPECT_EQ(done[0].coordinate.latitude, 2);
+}
+
+TEST(FixEpochs, AreEndedByAnotherTime) {
+  FixEpochs epochs;
+  EXPECT_THAT(epochs.add(partAt(10, 1)), IsEmpty());
+  EXPECT_THAT(timesOf(epochs.add(wholeAt(11, 2))), ElementsAre(10, 11));
+  EXPECT_THAT(epochs.add(partAt(12, 1)), IsEmpty());
+  EXPECT_THAT(epochs.add(partAt(11, 2)), IsEmpty());
+  EXPECT_THAT(timesOf(epochs.finish({0})), ElementsAre(12));
+  EXPECT_THAT(epochs.finish({0}), IsEmpty());
+}
+
+TEST(FixEpochs, TakePartsWithoutATimeAsOfTheOneThatFollows) {
+  GpsdFix untimed = wholeAt(0, 1);
+  untimed.time.reset();
+  FixEpochs epochs;
+  EXPECT_THAT(epochs.add(untimed), IsEmpty());
+  GpsdFix timed = partAt(10, 2);
+  timed.threeDimensional = true;
+  const auto done = epochs.add(timed);
+  ASSERT_EQ(timesOf(done), std::vector<double>{10});
+  EXPECT_EQ(done[0].altitude, 1);
+  // One that trails is nothing new.
+  EXPECT_THAT(epochs.add(untimed), IsEmpty());
+  EXPECT_THAT(epochs.finish({500}), IsEmpty());
+  // Without a clock in the receiver, fixes are timed as they come.
+  FixEpochs clockless;
+  for (const double now : {500, 501}) {
+    EXPECT_THAT(clockless.add(untimed), IsEmpty());
+    EXPECT_THAT(timesOf(clockless.finish({now})), ElementsAre(now));
+  }
+}
+
+TEST(GpsdNotice, TellsVersionsAndDevices) {
+  EXPECT_EQ(readNotice(R"({"class":"VERSION","release":"3.22"})").version, "3.22");
+  const auto devices = readNotice(
+      R"({"class":"DEVICES","devices":[{"class":"DEVICE","path":"/dev/a"},{"class":"DEVICE",)"
+      R"("path":"/dev/b","driver":"u-blox","activated":"2026-11-23T01:46:52.299Z"},7]})");
+  EXPECT_THAT(devices.devices.value(),
+              ElementsAre(GpsdDevice{"/dev/a", "", false}, GpsdDevice{"/dev/b", "u-blox", false}));
+  EXPECT_EQ(readNotice(R"({"class":"DEVICE","path":"/dev/a","activated":0})").device,
+            (GpsdDevice{"/dev/a", "", true}));
+  for (const char* other : {"", "{", R"({"class":"DEVICES","devices":[)", R"({"class":"SKY"})",
+                            R"({"class":"VERSION","release")", R"({"class":"DEVICE)"}) {
+    const GpsdNotice notice = readNotice(other);
+    EXPECT_FALSE(notice.version || notice.devices || notice.device) << other;
+  }
+}
+
+TEST(GpsdAddress, IsReadAsPeopleWriteIt) {
+  struct Case {
+    const char* text;
+    std::optional<GpsdAddress> address;
+  };
+  const Case cases[] = {
+      {"localhost:2947", GpsdAddress{"localhost", "2947"}},
+      {"boat.local", GpsdAddress{"boat.local", "2947"}},
+      {":2948", GpsdAddress{"localhost", "2948"}},
+      {"192.0.2.1:1", GpsdAddress{"192.0.2.1", "1"}},
+      {"[2001:db8::1]:65535", GpsdAddress{"2001:db8::1", "65535"}},
+      {"[::1]", GpsdAddress{"::1", "2947"}},
+      {"2001:db8::1", GpsdAddress{"2001:db8::1", "2947"}},
+      {"", std::nullopt},
+      {"boat:", std::nullopt},
+      {"boat:0", std::nullopt},
+      {"boat:65536", std::nullopt},
+      {"boat:29x", std::nullopt},
+      {"boat:-1", std::nullopt},
+      {"[::1", std::nullopt},
+      {"[::1]2947", std::nullopt},
+      {"[]:2947", std::nullopt},
+      {"a b:2947", std::nullopt},
+      {"gpsd://boat:2947", std::nullopt},
+  };
+  for (const Case& each : cases) EXPECT_EQ(gpsdAddressOf(each.text), each.address) << each.text;
+  EXPECT_EQ((GpsdAddress{"::1", "2947"}).text(), "[::1]:2947");
+  EXPECT_EQ((GpsdAddress{"boat", "2947"}).text(), "boat:2947");
+}
+
+}  // namespace
+}  // namespace wayfell

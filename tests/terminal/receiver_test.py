@@ -1,0 +1,186 @@
+#!/usr/bin/env python3
+"""Drives `wayfell today` on a real gpsd and on settings that other programs write meanwhile.
+
+    receiver_test.py PROGRAM [TEST...]
+
+Values on the panel are those of the receiver's sentences, as they stand there.
+"""
+
+import contextlib
+import pathlib
+import sqlite3
+import subprocess
+import sys
+import tempfile
+import unittest
+
+from receiver import Gpsd, Receiver
+from tmux_screen import Screen
+
+PROGRAM = ""
+SUITE = "group.org.wayfell.Wayfell.db"
+
+# 46 degrees 58.9648 minutes north, 7 degrees 56.5115 minutes east.
+HERE = {"latitude": "4658.9648", "longitude": "00756.5115", "altitude": "968.0", "knots": "9.72",
+        "course": "45.0"}
+THERE = {**HERE, "latitude": "4700.1234", "altitude": "812.0"}
+LATITUDE_HERE = "46° 58.9648' N"
+LATITUDE_THERE = "47° 0.1234' N"
+
+
+class Home:
+    """Folders for settings and data that nobody else uses."""
+
+    def __init__(self):
+        self.folder = tempfile.TemporaryDirectory(prefix="wayfell-home-")
+        self.environment = {"HOME": self.folder.name, "XDG_DATA_HOME": self.folder.name + "/data",
+                            "XDG_CONFIG_HOME": self.folder.name + "/config"}
+
+    def __enter__(self):
+        return self
+
+    def __exit__(self, *exception):
+        self.folder.cleanup()
+
+    def wayfell(self, *arguments):
+        """Runs a command of the program, as from another terminal."""
+        done = subprocess.run([PROGRAM, *arguments], text=True, capture_output=True, check=False,
+                              env={"PATH": "/usr/bin:/bin", **self.environment})
+        if done.returncode != 0:
+            raise AssertionError(f"{arguments}: {done.stderr}")
+        return done.stdout
+
+    @property
+    def suite(self):
+        return pathlib.Path(self.folder.name) / "data/wayfell" / SUITE
+
+    def today(self, gpsd, rows=18, **more):  # too few for large digits
+        return Screen([PROGRAM, "today", "--gpsd", gpsd.address], rows=rows,
+                      **self.environment, **more)
+
+
+@contextlib.contextmanager
+def panel(home, state, **more):
+    with Gpsd(Receiver(**state)) as gpsd, home.today(gpsd, **more) as screen:
+        yield screen, gpsd
+
+
+class OnAReceiver(unittest.TestCase):
+    def setUp(self):
+        self.home = self.enterContext(Home())
+        for setting in "coordinateUnits 1", "units 1", "speed 2":
+            self.home.wayfell("settings", "set", *setting.split())
+
+    def test_the_daemon_dies_and_comes_back(self):
+        with panel(self.home, HERE) as (screen, gpsd):
+            screen.wait_for_text(LATITUDE_HERE)
+            screen.wait_for_text("18.0 km/h")  # 9.72 knots
+            screen.wait_for_text("968 m")
+            lines = screen.wait_for_text("45°")  # there is no compass
+            self.assertIn("course", lines[-2])
+            self.assertIn(f"gpsd at {gpsd.address}", lines[-2])
+
+            gpsd.kill()
+            screen.wait_for_text("no contact")
+            gpsd.receiver.state = THERE
+            lines = screen.wait_for(lambda lines: any(" s old" in line for line in lines),
+                                    "the age of the fix")
+            self.assertIn(LATITUDE_HERE, "\n".join(lines))
+
+            gpsd.start()
+            screen.wait_for_text(LATITUDE_THERE)
+            screen.wait_for_text("812 m")
+            screen.wait_for(lambda lines: " old" not in str(lines) and "contact" not in str(lines),
+                            "a fresh fix")
+
+    def test_the_receiver_loses_its_fix(self):
+        with panel(self.home, {}) as (screen, gpsd):
+            screen.wait_for_text("no fix")
+            gpsd.receiver.state = HERE
+            screen.wait_for_text(LATITUDE_HERE)
+            gpsd.receiver.state = {}
+            screen.wait_for_text("no fix, fix ")
+
+    def test_a_compass(self):
+        with panel(self.home, {**HERE, "heading": "90.0"}) as (screen, _):
+            lines = screen.wait_for_text("90°")
+            self.assertIn("compass, true", lines[-2])
+            screen.keys("c")
+            lines = screen.wait_for_text("45°")
+            self.assertIn("course", lines[-2])
+            screen.keys("c")
+            screen.wait_for_text("90°")
+
+    def test_hidden_it_does_not_listen(self):
+        with panel(self.home, HERE) as (screen, gpsd):
+            screen.wait_for_text(LATITUDE_HERE)
+            self.assertEqual(len(self.connections(screen)), 1)
+            screen.keys("h")
+            screen.wait_for_text("The panel is hidden.")
+            self.assertEqual(self.connections(screen), [])
+            gpsd.receiver.state = THERE
+            screen.keys("h")
+            screen.wait_for_text(LATITUDE_THERE)
+
+    @staticmethod
+    def connections(screen):
+        """The program's sockets that are connected over TCP."""
+        folder = pathlib.Path(f"/proc/{screen.pid()}/fd")
+        mine = {str(descriptor.readlink()) for descriptor in folder.iterdir()}
+        established = "01"
+        table = [line.split() for line in pathlib.Path("/proc/net/tcp").read_text().splitlines()[1:]]
+        return [row for row in table if row[3] == established and f"socket:[{row[9]}]" in mine]
+
+    def test_without_a_terminal(self):
+        with Gpsd(Receiver(**HERE)) as gpsd:
+            printed = self.home.wayfell("today", "--gpsd", gpsd.address)
+        self.assertIn(LATITUDE_HERE, printed)
+        self.assertEqual(printed.splitlines()[-1], f"Live: gpsd at {gpsd.address}")
+
+
+class OnSettings(unittest.TestCase):
+    def setUp(self):
+        self.home = self.enterContext(Home())
+
+    def test_the_track_shows_at_once_and_settings_at_the_next_appearance(self):
+        self.home.wayfell("settings", "set", "units", "1")
+        with panel(self.home, HERE) as (screen, _):
+            screen.wait_for_text("968 m")
+            self.home.wayfell("track", "publish", "1234", "3723")
+            screen.wait_for_text("01:02:03")
+            screen.wait_for_text("1.23 km")
+            with contextlib.closing(sqlite3.connect(self.home.suite)) as suite, suite:
+                suite.execute("UPDATE settings SET value = 5000.0 WHERE key = 'distance'")
+            screen.wait_for_text("5.00 km")
+            shell = "INSERT INTO settings VALUES('time','real',59.0) " \
+                    "ON CONFLICT(key) DO UPDATE SET type=excluded.type, value=excluded.value;"
+            subprocess.run(["sqlite3", self.home.suite, shell], check=True)
+            screen.wait_for_text("00:59")
+
+            self.home.wayfell("settings", "set", "units", "0")
+            self.home.wayfell("waypoint", "set", "47", "8")
+            screen.wait_for_text("3.11 mi")  # the track is shown in the units that were copied
+            self.assertNotIn("Waypoint", "\n".join(screen.lines()))
+            screen.keys("h", "h")
+            screen.wait_for_text("Waypoint")
+            screen.wait_for_text("3176 ft")  # 968 m x 3.2808399
+
+    def test_what_the_user_does_is_kept(self):
+        with panel(self.home, HERE) as (screen, _):
+            screen.wait_for_text("▾")
+            screen.keys("t")
+            screen.wait_for_text("▸")
+        self.assertEqual(self.home.wayfell("settings", "get", "viewHidden"), "true\n")
+        with panel(self.home, HERE) as (screen, _):
+            screen.wait_for_text("▸")
+
+    def test_without_a_gpsd_there_is_the_demo(self):
+        with Screen([PROGRAM, "today"], **self.home.environment) as screen:
+            lines = screen.wait_for_text("this is the demo")
+            self.assertIn("DEMO", lines[-2])
+        self.assertFalse(self.home.suite.exists())
+
+
+if __name__ == "__main__":
+    PROGRAM = str(pathlib.Path(sys.argv.pop(1)).resolve())
+    unittest.main(verbosity=2)

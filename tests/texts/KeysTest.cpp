@@ -1,0 +1,162 @@
+// What translators are given, against what the system asks for.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <fstream>
+#include <set>
+#include <string>
+
+#include "TranslatedWidget.h"
+#include "coordinates/ConvertCoordinates.h"
+#include "coordinates/CoordinateDistance.h"
+#include "coordinates/FindCoordinates.h"
+#include "datums/Catalogue.h"
+#include "hosts/replay/Demo.h"
+#include "hosts/replay/Replay.h"
+#include "hosts/services/texts/GettextTable.h"
+#include "units/ConvertTimeDistance.h"
+
+namespace wayfell {
+namespace {
+
+using Keys = std::set<std::string>;
+
+constexpr int kSystems = 3;  // of units
+constexpr int kFormats = 5;  // of the position
+
+class RecordingTable : public StringTable {
+ public:
+  std::optional<std::string_view> find(std::string_view key) const override {
+    keys.emplace(key);
+    return std::nullopt;
+  }
+  mutable Keys keys;
+};
+
+std::string unquoted(std::string_view line) {
+  line.remove_prefix(line.find('"') + 1);
+  line.remove_suffix(line.size() - line.rfind('"'));
+  std::string text;
+  for (std::size_t i = 0; i < line.size(); ++i) {
+    if (line[i] != '\\') {
+      text += line[i];
+    } else {
+      text += line[++i] == 'n' ? '\n' : line[i];
+    }
+  }
+  return text;
+}
+
+Keys keysForTranslators() {
+  std::ifstream file(WAYFELL_SOURCES "/po/wayfell.pot");
+  Keys keys;
+  std::string key;
+  bool inKey = false;
+  for (std::string line; std::getline(file, line);) {
+    if (line.starts_with("msgid ")) {
+      key = unquoted(line);
+      inKey = true;
+    } else if (line.starts_with("msgstr ")) {
+      if (!key.empty()) keys.insert(key);
+      inKey = false;
+    } else if (inKey) {
+      key += unquoted(line);
+    }
+  }
+  return keys;
+}
+
+// The demo in one system of units and format of the position, each layout and display of speed.
+void playDemo(TranslatedWidget& translated, int units, int format) {
+  const auto set = [&translated](const char* key, int value) {
+    translated.host().suite.set(key, PropertyValue(value));
+  };
+  set("units", units);
+  set("coordinateUnits", format);
+  set("speed", format % kSystems);
+  const auto recording = openRecording(InputBytes(demoBytes()));
+  const Replay replay(
+      60.0, [](ReplayedWidget&) { return true; }, [](double) {});
+  replay.play(*recording, translated.widget);
+  translated.widget.controller().updateCurrentLocationDisplayWithUnits(format);
+}
+
+// What nothing in the demo comes to.
+void callEveryOperation(TranslatedWidget& translated) {
+  const auto set = [&translated](const char* key, int value) {
+    translated.host().local.set(key, PropertyValue(value));
+  };
+  for (const double size : {1.0, 100.0, 1e3, 1e5}) {  // metres
+    for (int units = 0; units < kSystems; ++units) {
+      set("units", units);
+      using Units = ConvertTimeDistance;
+      Units::convertMetersToDistance(size);
+      Units::convertAltitude(size);
+      Units::altitudeUnits();
+      CoordinateDistance::getDistanceStringforDistance(size);
+      for (const bool flag : {false, true}) {
+        Units::convertMetersToDistanceWithUnits(size, flag);
+        Units::distanceUnitsForBaseUnits(units, flag);
+        Units::convertMetersToDistanceWithRoundingFactorDecimalPlace(size, 1, flag ? 2 : 1);
+      }
+      TodayViewController& controller = translated.widget.controller();
+      controller.updateDistance(size);
+      TodayViewController::convertMetersPerSecondToSpeed(size);
+      TodayViewController::convertMetersPerSecondToPace(size);
+      TodayViewController::convertMetersPerSecondToPace(0.3);  // the slowest
+      controller.hasWaypoint = true;
+      controller.calculateETAWithSpeed(size);
+    }
+  }
+  for (const char* word : {"km", "m", "mi", "ft", "nm", "yd", "acres", "acre", "none"}) {
+    ConvertTimeDistance::convertMetersToDistanceUnitsString(1, word);
+    ConvertTimeDistance::convertMetersToDistanceSquaredUnits(1, word);
+  }
+  for (const double sign : {1.0, -1.0}) {
+    for (int format = 0; format < kFormats; ++format) {
+      ConvertCoordinates::convertLatAndLongWithCoordinateUnits(sign * 48, sign * 16, format);
+    }
+    FindCoordinates::findUTMZoneWithLatAndLong(sign * 48, sign * 16);
+  }
+}
+
+TEST(Keys, TranslatorsGetWhatTheSystemAsksForAndNoMore) {
+  const RecordingTable asked;
+  for (int units = 0; units < kSystems; ++units) {
+    for (int format = 0; format < kFormats; ++format) {
+      TranslatedWidget widget(asked);
+      playDemo(widget, units, format);
+      if (format == 0) callEveryOperation(widget);
+    }
+  }
+  // Nobody gets to see it: the slowest pace, 0.3 m/s, is 55:33 for a kilometre.
+  EXPECT_TRUE(asked.keys.insert("%02d:%02d:%02d /km").second);
+  // The names of datums stand in every language.
+  for (const CatalogueDatum& datum : kDatums) asked.keys.erase(std::string(datum.name));
+  EXPECT_EQ(keysForTranslators(), asked.keys);
+}
+
+TEST(Keys, EveryLanguageIsComplete) {
+  std::ifstream languages(WAYFELL_SOURCES "/po/LINGUAS");
+  ASSERT_TRUE(languages);
+  for (std::string language; languages >> language;) {
+    SCOPED_TRACE(language);
+    const GettextTable strings(WAYFELL_CATALOGUES, {language},
+                               [](const std::string& warning) { ADD_FAILURE() << warning; });
+    for (const std::string& key : keysForTranslators()) {
+      const auto text = strings.find(key);
+      ASSERT_TRUE(text) << key;
+      if (!key.starts_with("...")) continue;
+      // The tape: its points may have other letters, one for one, and nothing else differs.
+      ASSERT_EQ(text->size(), key.size());
+      for (std::size_t i = 0; i < key.size(); ++i) {
+        const bool isPoint = std::string_view("NESW").find(key[i]) != std::string::npos;
+        EXPECT_TRUE(isPoint ? std::isupper((*text)[i]) != 0 : (*text)[i] == key[i]) << i;
+      }
+    }
+  }
+}
+
+}  // namespace
+}  // namespace wayfell
