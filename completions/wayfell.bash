@@ -67,7 +67,7 @@ _wayfell() {
       _wayfell_words "$current" "today replay settings waypoint track addresses convert distance datums $options"
       return
       ;;
-    today) options+=' --demo --replay --rate --suite --local' ;;
+    today) options+=' --gpsd --demo --replay --rate --suite --local' ;;
     replay) options+=' --demo --suite --local --every --text' ;;
     settings)
       options+=' --suite --local --cloud'

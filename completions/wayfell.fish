@@ -37,6 +37,7 @@ complete -c wayfell -n $none -a datums -d 'List and search the datums'
 
 set -l today '__wayfell_at today'
 complete -c wayfell -n $today -l demo -d 'Show the recording that is built in'
+complete -c wayfell -n $today -l gpsd -x -a '(__fish_print_hostnames)' -d 'Show what this gpsd reports'
 complete -c wayfell -n $today -l replay -r -F -d 'Show this recording'
 complete -c wayfell -n $today -l rate -x -d 'Recorded seconds to a real one'
 

@@ -6,11 +6,11 @@
 #include "coordinates/CoordinateDistance.h"
 #include "coordinates/FindCoordinates.h"
 #include "coordinates/GridReference.h"
-#include "coordinates/StoredSettings.h"
 #include "datums/DatumManager.h"
 #include "platform/NSBundle.h"
 #include "platform/NSString.h"
 #include "platform/Numbers.h"
+#include "settings/StoredInteger.h"
 
 namespace wayfell {
 namespace {

@@ -2,11 +2,11 @@
 
 #include <cmath>
 
-#include "coordinates/StoredSettings.h"
 #include "coordinates/TransverseMercator.h"
 #include "datums/DatumManager.h"
 #include "platform/NSBundle.h"
 #include "platform/NSString.h"
+#include "settings/StoredInteger.h"
 #include "settings/UserDefaults.h"
 
 namespace wayfell {

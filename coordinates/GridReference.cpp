@@ -5,11 +5,11 @@
 #include <cstddef>
 
 #include "coordinates/CoordinateLookup.h"
-#include "coordinates/StoredSettings.h"
 #include "datums/DatumManager.h"
 #include "platform/NSBundle.h"
 #include "platform/NSString.h"
 #include "platform/Numbers.h"
+#include "settings/StoredInteger.h"
 
 namespace wayfell {
 

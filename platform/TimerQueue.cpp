@@ -5,9 +5,16 @@
 #include <utility>
 
 namespace wayfell {
+namespace {
+
+// Of timers that repeat, which would otherwise be due for ever; the platform's choice.
+constexpr double kShortestInterval = 0.0001;  // seconds
+
+}  // namespace
 
 RunLoop::TimerId TimerQueue::schedule(double now, double interval, bool repeats,
                                       std::function<void()> action) {
+  if (repeats) interval = std::max(interval, kShortestInterval);
   timers_.emplace(++lastId_, Timer{now, interval, repeats, 0, now + interval, std::move(action)});
   return lastId_;
 }
@@ -36,9 +43,7 @@ void TimerQueue::fireNext(double now) {
     return;
   }
   timer.firings += 1;
-  if (timer.interval > 0) {
-    timer.firings = std::max(timer.firings, std::floor((now - timer.start) / timer.interval));
-  }
+  timer.firings = std::max(timer.firings, std::floor((now - timer.start) / timer.interval));
   timer.due = timer.start + (timer.firings + 1) * timer.interval;
   // Out of the map while it runs, because the action may cancel its own timer.
   const RunLoop::TimerId id = next->first;

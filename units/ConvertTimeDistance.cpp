@@ -7,7 +7,7 @@
 #include "datums/DatumManager.h"
 #include "platform/NSBundle.h"
 #include "platform/NSString.h"
-#include "platform/NSUserDefaults.h"
+#include "settings/StoredInteger.h"
 
 namespace wayfell {
 namespace {
@@ -27,11 +27,6 @@ constexpr double kRadiansPerDegree = 0.017453292519943295;
 // Below these, in the long unit, a distance is given in the short unit as well, or instead.
 constexpr double kShortUnitAsWell = 0.25;
 constexpr double kShortUnitInstead = 1.0;
-
-std::int64_t setting(std::string_view key) {
-  const auto defaults = NSUserDefaults::standardUserDefaults();
-  return defaults ? defaults->integerForKey(key) : 0;
-}
 
 double kilometres(double metres) { return metres / 1000; }
 double miles(double metres) { return kilometres(metres) * kMilesPerKilometre; }
@@ -105,7 +100,7 @@ ConvertTimeDistance::convertMetersToDistanceWithRoundingFactorDecimalPlace(doubl
                                                                            int decimalPlace) {
   if (decimalPlace <= 0) return std::nullopt;
   const bool oneDecimal = decimalPlace == 1;
-  switch (setting("units")) {
+  switch (storedInteger("units")) {
     case kMetric:
       if (kilometres(metres) < roundingFactor) return localizedStringWithFormat("%0.0f m", metres);
       return localizedStringWithFormat(oneDecimal ? textKey("%0.1f km") : textKey("%0.2f km"),
@@ -129,7 +124,7 @@ ConvertTimeDistance::convertMetersToDistanceWithRoundingFactorDecimalPlace(doubl
 }
 
 std::optional<std::string> ConvertTimeDistance::convertMetersToDistance(double metres) {
-  switch (setting("units")) {
+  switch (storedInteger("units")) {
     case kMetric:
       if (kilometres(metres) >= kShortUnitInstead) {
         return localizedStringWithFormat("%0.1f km", kilometres(metres));
@@ -235,27 +230,27 @@ std::optional<std::string> ConvertTimeDistance::convertSpeedWithUnits(double spe
 }
 
 std::string ConvertTimeDistance::convertAltitude(double metres) {
-  if (setting("units") == kMetric) return localizedStringWithFormat("%0.0f m", metres);
+  if (storedInteger("units") == kMetric) return localizedStringWithFormat("%0.0f m", metres);
   return localizedStringWithFormat("%0.0f ft", metres * kFeetPerMetre);
 }
 
 std::string ConvertTimeDistance::altitudeUnits() {
-  return std::string(localized(setting("units") == kMetric ? textKey("m") : textKey("ft")));
+  return std::string(localized(storedInteger("units") == kMetric ? textKey("m") : textKey("ft")));
 }
 
 double ConvertTimeDistance::convertMeters(double metres) {
-  return setting("units") == kImperial ? metres * kFeetPerMetre : metres;
+  return storedInteger("units") == kImperial ? metres * kFeetPerMetre : metres;
 }
 
 // --- Angles --------------------------------------------------------------------------------
 
 std::string ConvertTimeDistance::convertAngle(double degrees) {
-  if (setting("useMils") == kMils) return stringWithFormat("%0.0f mils", mils(degrees));
+  if (storedInteger("useMils") == kMils) return stringWithFormat("%0.0f mils", mils(degrees));
   return stringWithFormat("%0.0f°", degrees);
 }
 
 std::string ConvertTimeDistance::convertAngleWithoutUnitsOfMeasurement(double degrees) {
-  return bareAngle(degrees, setting("angleUnits"));
+  return bareAngle(degrees, storedInteger("angleUnits"));
 }
 
 std::string ConvertTimeDistance::convertAngleWithoutUnitsOfMeasurementWithUnits(double degrees,
@@ -263,7 +258,7 @@ std::string ConvertTimeDistance::convertAngleWithoutUnitsOfMeasurementWithUnits(
   return bareAngle(degrees, angleUnits);
 }
 
-std::string ConvertTimeDistance::angleUnits() { return angleWord(setting("useMils")); }
+std::string ConvertTimeDistance::angleUnits() { return angleWord(storedInteger("useMils")); }
 
 std::string ConvertTimeDistance::angleUnitsForUnits(int angleUnits) {
   return angleWord(angleUnits);

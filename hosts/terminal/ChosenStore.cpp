@@ -40,9 +40,15 @@ SqliteStore openStore(StoreChoice choice, SqliteStore::Access access) {
   return {fileOf(choice), access, turnOfEachRead(), complain};
 }
 
-int writeSuite(const SqliteStore::Changes& changes) {
+int save(const SqliteStore::Changes& changes, SqliteStore& store) {
+  if (store.setAll(changes)) return kDone;
+  complainMore("nothing is saved");
+  return kBadInput;
+}
+
+int saveInSuite(const SqliteStore::Changes& changes) {
   SqliteStore suite = openStore(StoreChoice::suite, SqliteStore::Access::readWrite);
-  return suite.setAll(changes) ? kDone : kBadInput;
+  return save(changes, suite);
 }
 
 }  // namespace wayfell

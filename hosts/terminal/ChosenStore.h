@@ -16,7 +16,9 @@ std::string nameOf(StoreChoice choice);
 /// no place for them.
 SqliteStore openStore(StoreChoice choice, SqliteStore::Access access);
 
-/// Writes all of the changes into the shared settings, or none. The status to exit with.
-int writeSuite(const SqliteStore::Changes& changes);
+/// Writes all of the changes, or none and says so. The status to exit with.
+int save(const SqliteStore::Changes& changes, SqliteStore& store);
+/// Likewise into the shared settings.
+int saveInSuite(const SqliteStore::Changes& changes);
 
 }  // namespace wayfell

@@ -1,6 +1,7 @@
 #include "hosts/terminal/KnownSettings.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstddef>
 #include <iterator>
 #include <variant>
@@ -86,8 +87,8 @@ std::string rangeOf(const KnownSetting& setting) {
   }
   if (!range.empty()) return range;
   const std::string lowest = shortestText(setting.lowest);
-  const bool open = setting.greatest == KnownSetting{}.greatest;
-  return open ? lowest + " and more" : lowest + " to " + shortestText(setting.greatest);
+  if (std::isinf(setting.greatest)) return lowest + " and more";
+  return lowest + " to " + shortestText(setting.greatest);
 }
 
 bool isDatum(std::string_view name) {
@@ -105,8 +106,8 @@ const KnownSetting* knownSetting(std::string_view key) {
 }
 
 std::string meaningOf(const KnownSetting& setting, const PropertyValue& value) {
-  const std::int64_t number =
-      setting.kind == Kind::boolean ? std::int64_t{value.boolValue()} : value.integerValue();
+  const bool yes = value.boolValue();
+  const std::int64_t number = setting.kind != Kind::boolean ? value.integerValue() : yes ? 1 : 0;
   const bool named = number >= 0 && number < std::ssize(setting.numbers);
   const std::string_view name = named ? setting.numbers[static_cast<std::size_t>(number)] : "";
   return std::string(name.empty() ? setting.about : name);
@@ -121,7 +122,7 @@ std::optional<std::string> misfitOf(const KnownSetting& setting, const PropertyV
     return "\"wayfell datums\" lists no such name";
   }
   const double number = value.doubleValue();
-  if (number < setting.lowest || number > setting.greatest) {
+  if (!(number >= setting.lowest && number <= setting.greatest)) {
     return "the widget knows only " + rangeOf(setting);
   }
   return std::nullopt;

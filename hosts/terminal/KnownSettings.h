@@ -3,6 +3,7 @@
 #pragma once
 
 #include <array>
+#include <limits>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -27,8 +28,9 @@ struct KnownSetting {
   std::string_view about;  ///< what it is; may be empty where its numbers say it
   /// What the numbers mean, from 0 on; no and yes are 0 and 1. The first empty one ends them.
   std::array<std::string_view, 5> numbers = {};
-  double lowest = -1e300;  ///< of what the widget makes sense of, as the greatest
-  double greatest = 1e300;
+  /// Of what the widget makes sense of.
+  double lowest = -std::numeric_limits<double>::infinity();
+  double greatest = std::numeric_limits<double>::infinity();
 };
 
 /// None for a key that the widget does not read.

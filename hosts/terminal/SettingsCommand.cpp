@@ -145,10 +145,12 @@ int set(const SettingsCommand& command) {
     return kBadInput;
   }
   SqliteStore store = openStore(command.store, Access::readWrite);
-  if (!store.setAll({{command.key, value}})) return kBadInput;
-  complainOfMisfit(command, *value);
-  remarkOnPanel(command);
-  return kDone;
+  const int status = save({{command.key, value}}, store);
+  if (status == kDone) {
+    complainOfMisfit(command, *value);
+    remarkOnPanel(command);
+  }
+  return status;
 }
 
 int unset(const SettingsCommand& command) {
@@ -158,9 +160,9 @@ int unset(const SettingsCommand& command) {
     complainOfMissing(command, store);
     return kBadInput;
   }
-  if (!store.setAll({{command.key, std::nullopt}})) return kBadInput;
-  remarkOnPanel(command);
-  return kDone;
+  const int status = save({{command.key, std::nullopt}}, store);
+  if (status == kDone) remarkOnPanel(command);
+  return status;
 }
 
 template <class Answer>

@@ -51,7 +51,7 @@ int publish(const TrackCommand& command) {
     complain(error.what());
     return kBadInput;
   }
-  return writeSuite(changes);
+  return saveInSuite(changes);
 }
 
 }  // namespace
@@ -59,7 +59,7 @@ int publish(const TrackCommand& command) {
 int runTrack(const TrackCommand& command) {
   const int status = command.action == TrackCommand::Action::publish
                          ? publish(command)
-                         : writeSuite({{"distance", std::nullopt}, {"time", std::nullopt}});
+                         : saveInSuite({{"distance", std::nullopt}, {"time", std::nullopt}});
   if (status == kDone) remark("a running panel shows the change within half a second");
   return status;
 }

@@ -73,9 +73,9 @@ int set(const WaypointCommand& command) {
   }
   const auto position = chosenPosition(command);
   if (!position) return kBadInput;
-  const int status = writeSuite({{kLatitude, PropertyValue(position->latitude)},
-                                 {kLongitude, PropertyValue(position->longitude)},
-                                 {kHasWaypoint, PropertyValue(true)}});
+  const int status = saveInSuite({{kLatitude, PropertyValue(position->latitude)},
+                                  {kLongitude, PropertyValue(position->longitude)},
+                                  {kHasWaypoint, PropertyValue(true)}});
   if (status == kDone) {
     remark("the waypoint is " + plainPosition(*position) +
            "; a running panel shows it when it next appears");
@@ -84,9 +84,9 @@ int set(const WaypointCommand& command) {
 }
 
 int clear() {
-  const int status = writeSuite({{kLatitude, std::nullopt},
-                                 {kLongitude, std::nullopt},
-                                 {kHasWaypoint, PropertyValue(false)}});
+  const int status = saveInSuite({{kLatitude, std::nullopt},
+                                  {kLongitude, std::nullopt},
+                                  {kHasWaypoint, PropertyValue(false)}});
   if (status == kDone) remark("a running panel shows no waypoint when it next appears");
   return status;
 }

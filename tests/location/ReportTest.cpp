@@ -84,6 +84,9 @@ TEST(GpsdDecoder, ReadsHeadings) {
       {"0", R"("heading":14223)", std::nullopt},
       {"0", R"("heading":-1)", std::nullopt},
       {"0", R"("pitch":1)", std::nullopt},
+      // As gpsd 3.22 wrote it of a receiver with GST and HDT sentences.
+      {"0", R"(,"time":"2026-11-23T02:11:37.700Z""heading":90.000,"dip":2.000,"acc_len":2.000)",
+       CLHeading{90, 90, 5}},
   };
   for (const Case& each : cases) {
     GpsdDecoder decoder;

@@ -309,7 +309,9 @@ class NoTerminal(unittest.TestCase):
 
     def test_complains(self):
         for arguments, status, complaint in [
-            ([], 2, "--demo or --replay FILE"),
+            (["--rate", "2"], 2, "--rate: --demo or --replay"),
+            (["--gpsd", "here:0"], 2, "HOST:PORT"),
+            (["--demo", "--gpsd", "localhost"], 2, "--gpsd"),
             (["--demo", "--rate", "-1"], 2, "--rate"),
             (["--demo", "--rate", "nan"], 2, "--rate"),
             (["--demo", "--replay", "x"], 2, "--replay"),

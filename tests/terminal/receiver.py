@@ -40,7 +40,7 @@ class Receiver:
             threading.Thread(target=self._feed, args=(connection,), daemon=True).start()
 
     def _feed(self, connection):
-        with contextlib.suppress(OSError):
+        with contextlib.suppress(OSError), connection:
             while True:
                 connection.sendall(self.epoch(datetime.datetime.utcnow()))
                 time.sleep(1 / EPOCHS_A_SECOND)
@@ -78,7 +78,7 @@ class Gpsd:
     def start(self):
         self.process = subprocess.Popen(
             ["gpsd", "-N", "-n", "-S", str(self.port), f"tcp://127.0.0.1:{self.receiver.port}"],
-            stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
+            stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
             env={**os.environ, "PATH": f"{os.environ['PATH']}:/usr/sbin"})
         wait_until(self.answers, "gpsd")
 

@@ -147,7 +147,7 @@ class OnSettings(unittest.TestCase):
         with panel(self.home, HERE) as (screen, _):
             screen.wait_for_text("968 m")
             self.home.wayfell("track", "publish", "1234", "3723")
-            screen.wait_for_text("01:02:03")
+            screen.wait_for_text("1:02:03")
             screen.wait_for_text("1.23 km")
             with contextlib.closing(sqlite3.connect(self.home.suite)) as suite, suite:
                 suite.execute("UPDATE settings SET value = 5000.0 WHERE key = 'distance'")
@@ -159,10 +159,12 @@ class OnSettings(unittest.TestCase):
 
             self.home.wayfell("settings", "set", "units", "0")
             self.home.wayfell("waypoint", "set", "47", "8")
-            screen.wait_for_text("3.11 mi")  # the track is shown in the units that were copied
-            self.assertNotIn("Waypoint", "\n".join(screen.lines()))
+            self.home.wayfell("track", "publish", "6000", "60")
+            lines = screen.wait_for_text("6.00 km")  # which is later than both of them
+            self.assertNotIn("Waypoint", "\n".join(lines))
             screen.keys("h", "h")
             screen.wait_for_text("Waypoint")
+            screen.wait_for_text("3.73 mi")
             screen.wait_for_text("3176 ft")  # 968 m x 3.2808399
 
     def test_what_the_user_does_is_kept(self):

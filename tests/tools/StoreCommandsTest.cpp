@@ -2,8 +2,8 @@
 // saved is read by Python, which knows nothing of how they did it.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <stdlib.h>
 
+#include <cstdlib>
 #include <filesystem>
 
 #include "Program.h"
@@ -123,6 +123,7 @@ TEST_F(StoreCommandsTest, SavesWhatTheWidgetCannotUseAndSaysSo) {
       {{"set", "speed", "fast"}, "reads this text as 0"},
       {{"set", "hasWaypoint", "yes"}, "reads this text as true"},
       {{"set", "waypointLatitude", "90.5"}, "knows only -90 to 90"},
+      {{"set", "--type", "real", "waypointLongitude", "nan"}, "knows only -180 to 180"},
       {{"set", "time", "-1"}, "knows only 0 and more"},
       {{"set", "utmType", "1"}, "reads it from the widget's own settings"},
       {{"--local", "set", "distance", "5"}, "reads it from the shared settings"},

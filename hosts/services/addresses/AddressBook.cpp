@@ -161,7 +161,9 @@ void AddressBook::reverseGeocode(const std::optional<CLLocation>& location, Comp
   completion(places);
 }
 
-std::string AddressBook::attribution() const { return "Addresses: OpenAddresses and its sources"; }
+std::string AddressBook::attribution() const {
+  return pages_ ? "Addresses: OpenAddresses and its sources" : "";
+}
 
 void AddressBook::takeUpFile() {
   const auto now = markOf(file_);

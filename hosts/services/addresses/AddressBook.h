@@ -38,6 +38,7 @@ class AddressBook : public AttributedGeocoder {
 
   /// Answers before it returns.
   void reverseGeocode(const std::optional<CLLocation>& location, Completion completion) override;
+  /// Empty until a lookup has opened the book.
   std::string attribution() const override;
 
  private:

@@ -38,7 +38,7 @@ std::int64_t inUnits(double degrees) { return std::llround(degrees * kBookUnitsP
 // The file under construction, which one import at a time has. It is empty at first.
 class BookImport::Lock {
  public:
-  explicit Lock(const std::filesystem::path& path) : path_(path) {
+  explicit Lock(std::filesystem::path path) : path_(std::move(path)) {
     while (!acquire()) close(descriptor_);
     if (fchmod(descriptor_, S_IRUSR | S_IWUSR) != 0 || ftruncate(descriptor_, 0) != 0) fail();
   }

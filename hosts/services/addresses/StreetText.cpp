@@ -17,12 +17,13 @@ constexpr std::string_view kNumberFirst =
 
 bool isCountryCode(std::string_view text) {
   const std::string code = upperCased(text);
-  return code.size() == 2 && code.find_first_not_of("ABCDEFGHIJKLMNOPQRSTUVWXYZ") == code.npos;
+  return code.size() == 2 &&
+         code.find_first_not_of("ABCDEFGHIJKLMNOPQRSTUVWXYZ") == std::string::npos;
 }
 
 bool numberComesFirst(std::string_view countryCode) {
   return isCountryCode(countryCode) &&
-         kNumberFirst.find(upperCased(countryCode)) != kNumberFirst.npos;
+         kNumberFirst.find(upperCased(countryCode)) != std::string_view::npos;
 }
 
 std::optional<std::string> streetText(std::string_view number, std::string_view street,

@@ -24,6 +24,16 @@ bool isFlat(std::string_view line) {
   return line.find(kTag, kTag.size()) == std::string_view::npos;
 }
 
+// gpsd 3.22 misplaces the commas around the time of an attitude, which has one where the receiver
+// also estimates its errors: {"class":"ATT","device":"...",,"time":"...""heading":90.000 ...
+void mendCommas(std::string& line) {
+  const std::size_t time = line.find(",,\"time\":\"");
+  if (time == std::string::npos) return;
+  line.erase(time, 1);
+  const std::size_t end = line.find("\"\"", time);
+  if (end != std::string::npos) line.insert(end + 1, 1, ',');
+}
+
 // A time that is missing is 0, and one that cannot be read comes out as long ago.
 std::optional<NSDate> dateOf(const timespec& time) {
   if (time.tv_sec <= 0) return std::nullopt;
@@ -62,6 +72,7 @@ GpsdReport GpsdDecoder::decode(std::string line) {
   // gps_unpack adds to the set and reports no errors; a field that it could not read is not set.
   data_->set = 0;
   data_->dev.path[0] = '\0';
+  if (!position) mendCommas(line);
   gps_unpack(line.data(), data_.get());
   GpsdReport report = position ? decodePosition() : decodeAttitude();
   report.device = data_->dev.path;

@@ -1,4 +1,4 @@
-// Settings as this room reads them, from the program's own store. For this room only.
+// A number of the program's own settings, with all its bits; UserDefaults' own read keeps 32.
 #pragma once
 
 #include <cstdint>
