@@ -166,8 +166,11 @@ TEST(HostLine, HasRoomForAllItSays) {
   widget.start();
   for (const double width : {280.0, 359.0, 600.0}) {
     ShownPanel line(widget, width, "HostLine");
-    line.scene().said = {"REPLAY", "a-long-walk-over-the-hills-and-back-again.gpx",
-                         "12:05:00  paused  ×0.1", "fix 3600 s old"};
+    line.scene().said = {"REPLAY",
+                         "a-long-walk-over-the-hills-and-back-again.gpx",
+                         "12:05:00  paused  ×0.1",
+                         "fix 3600 s old",
+                         {}};
     line.scene().failed =
         "line 1234: the number of satellites in \"used\" is no whole number: \"many\"";
     for (const double fontScale : {1.0, 2.0}) {
@@ -179,6 +182,7 @@ TEST(HostLine, HasRoomForAllItSays) {
     line.scene().failed.reset();
     line.draw();
     EXPECT_LT(line.root().height(), height);
+    EXPECT_FALSE(line.item("hostMessage").isVisible());
   }
 }
 

@@ -3,7 +3,7 @@
 
 #include <cmath>
 
-#include "hosts/window/panel/FormatReading.h"
+#include "hosts/services/FormatReading.h"
 #include "hosts/window/panel/PanelStyle.h"
 #include "hosts/window/panel/ShorterWay.h"
 

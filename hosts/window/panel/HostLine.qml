@@ -1,5 +1,5 @@
-// What the host itself says, beside the panel: a line of what is shown, and below it, when there is
-// any, what the user should hear of.
+// What the host itself says, beside the panel: a line of what is shown, and below it, where there is
+// any, what the user should hear of, and whose data is shown.
 import QtQuick
 
 Rectangle {
@@ -26,7 +26,7 @@ Rectangle {
 
     objectName: "hostLine"
     implicitWidth: 359
-    implicitHeight: rowHeight + (message.visible ? message.height : 0)
+    implicitHeight: rowHeight + message.height + credit.height
     height: implicitHeight
     radius: 4
     color: look.backing
@@ -78,16 +78,24 @@ Rectangle {
         color: line.look.mark
         font.bold: true
     }
-    Words {
+    component Paragraph: Words {
+        x: line.gap
+        width: line.width - 2 * line.gap
+        height: visible ? implicitHeight + 4 : 0
+        visible: text !== ""
+        wrapMode: Text.Wrap
+    }
+    Paragraph {
         id: message
         objectName: "hostMessage"
         y: line.rowHeight
-        x: line.gap
-        width: line.width - 2 * line.gap
-        height: implicitHeight + 4
-        visible: text !== ""
         text: line.panel.message
         color: line.panel.fault === "" ? line.look.value : line.look.mark
-        wrapMode: Text.Wrap
+    }
+    Paragraph {
+        id: credit
+        objectName: "hostCredit"
+        y: line.rowHeight + message.height
+        text: line.panel.credit
     }
 }

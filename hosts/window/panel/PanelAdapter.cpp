@@ -7,13 +7,12 @@
 #include <cmath>
 #include <utility>
 
+#include "hosts/services/Spoken.h"
 #include "hosts/window/panel/CanvasPainter.h"
 #include "hosts/window/panel/DrawnView.h"
 #include "hosts/window/panel/ShapeItem.h"
 #include "hosts/window/panel/ShorterWay.h"
-#include "hosts/window/panel/Spoken.h"
 #include "hosts/window/panel/TapeItem.h"
-#include "platform/NSBundle.h"
 
 namespace wayfell {
 namespace {
@@ -102,10 +101,7 @@ QColor PanelAdapter::selectedTitleColor() const {
   return colorOf(UISegmentedControl::selectedTitleColor());
 }
 
-QString PanelAdapter::copyWords() const {
-  const std::string_view words = localized("copy the position");
-  return QString::fromUtf8(words.data(), std::ssize(words));
-}
+QString PanelAdapter::copyWords() const { return QString::fromStdString(spokenCopy()); }
 
 void PanelAdapter::takeSegments() {
   const UISegmentedControl& control = scene_.interface().coordinateControl();

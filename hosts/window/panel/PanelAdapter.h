@@ -52,6 +52,7 @@ class PanelAdapter : public QObject, private UIViewObserver {
   Q_PROPERTY(QString title READ title NOTIFY linesChanged)
   Q_PROPERTY(QString state READ state NOTIFY linesChanged)
   Q_PROPERTY(QString warning READ warning NOTIFY linesChanged)
+  Q_PROPERTY(QString credit READ credit NOTIFY linesChanged)
   Q_PROPERTY(QString message READ message NOTIFY linesChanged)
   Q_PROPERTY(QString fault READ fault NOTIFY linesChanged)
 
@@ -110,6 +111,7 @@ class PanelAdapter : public QObject, private UIViewObserver {
   QString title() const { return QString::fromStdString(lines_.title); }
   QString state() const { return QString::fromStdString(lines_.state); }
   QString warning() const { return QString::fromStdString(lines_.warning); }
+  QString credit() const { return QString::fromStdString(lines_.credit); }
   /// The fault, or else the news until the next touch.
   QString message() const;
   const QString& fault() const { return fault_; }

@@ -2,8 +2,8 @@
 
 #include <cmath>
 
+#include "hosts/services/Spoken.h"
 #include "hosts/window/panel/CanvasPainter.h"
-#include "hosts/window/panel/Spoken.h"
 
 namespace wayfell {
 namespace {
