@@ -155,6 +155,24 @@ std::string compassInWords(const WidgetInterface& interface) {
                                    std::abs(turn));
 }
 
+std::string labelInWords(const WidgetInterface& interface, std::string_view outlet,
+                         const std::string& text) {
+  if (outlet == "headingLabel") return headingInWords(interface, text);
+  if (outlet == "userCoordinateLabel") return positionInWords(text);
+  if (outlet == "utmZoneLabel") return text;
+  if (outlet == "speedLabel") {
+    const bool pace = interface.label("speedNameLabel").text() == localized("Pace");
+    return localizedStringWithFormat(pace ? textKey("pace %@") : textKey("speed %@"),
+                                     valueInWords(text, kSpeeds));
+  }
+  for (const Sentence& sentence : kSentences) {
+    if (sentence.outlet == outlet) {
+      return localizedStringWithFormat(sentence.words, valueInWords(text, sentence.readings));
+    }
+  }
+  return {};
+}
+
 }  // namespace
 
 std::string spokenText(const WidgetInterface& interface, std::string_view outlet) {
@@ -171,20 +189,8 @@ std::string spokenText(const WidgetInterface& interface, std::string_view outlet
     return std::string(localized(compact ? textKey("show more") : textKey("show less")));
   }
   for (const auto& label : interface.labels()) {
-    if (label.name != outlet) continue;
-    const std::string text = label.view->text().value_or("");
-    if (outlet == "headingLabel") return headingInWords(interface, text);
-    if (outlet == "utmZoneLabel") return text;
-    if (outlet == "userCoordinateLabel") return positionInWords(text);
-    if (outlet == "speedLabel") {
-      const bool pace = interface.label("speedNameLabel").text() == localized("Pace");
-      return localizedStringWithFormat(pace ? textKey("pace %@") : textKey("speed %@"),
-                                       valueInWords(text, kSpeeds));
-    }
-    for (const Sentence& sentence : kSentences) {
-      if (sentence.outlet == outlet) {
-        return localizedStringWithFormat(sentence.words, valueInWords(text, sentence.readings));
-      }
+    if (label.name == outlet) {
+      return labelInWords(interface, outlet, label.view->text().value_or(""));
     }
   }
   return {};

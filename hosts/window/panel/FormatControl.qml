@@ -32,7 +32,7 @@ Rectangle {
                 readonly property bool chosen: index === control.panel.selectedSegment
 
                 objectName: "segment" + index
-                width: control.width / 5
+                width: control.width / control.panel.segmentTitles.length
                 height: control.height
                 radius: 4
                 color: chosen ? control.look.chosen : "transparent"
