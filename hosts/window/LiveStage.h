@@ -13,9 +13,7 @@ class LiveStage : public Stage {
  public:
   LiveStage(QtRunLoop& loop, std::unique_ptr<LocationSource> source, SourceStatus status,
             const Warn& warn)
-      : source_(std::move(source)),
-        host_(loop, *source_, warn),
-        scene_(host_, std::move(status)) {}
+      : source_(std::move(source)), host_(loop, *source_, warn), scene_(host_, std::move(status)) {}
 
   Scene& scene() override { return scene_; }
   std::optional<CLLocation> fix() const override { return scene_.controller().currentLocation; }

@@ -43,9 +43,9 @@ struct Demo {
 
 }  // namespace source
 
-using SourceChoice = std::variant<source::Automatic, source::Gpsd, source::Geoclue,
-                                  source::NmeaDevice, source::NmeaServer, source::Replay,
-                                  source::Demo>;
+using SourceChoice =
+    std::variant<source::Automatic, source::Gpsd, source::Geoclue, source::NmeaDevice,
+                 source::NmeaServer, source::Replay, source::Demo>;
 
 /// "auto", "gpsd", "gpsd=HOST:PORT", "geoclue", "nmea=/dev/ttyUSB0", "nmea=HOST:PORT",
 /// "replay=FILE" or "demo". What comes after "nmea=" is a device when it has a slash in it. None

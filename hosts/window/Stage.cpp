@@ -6,6 +6,9 @@
 #include "hosts/services/location/GpsdProbe.h"
 #include "hosts/window/LiveStage.h"
 #include "hosts/window/RecordedStage.h"
+#include "hosts/window/positions/GeoclueFeed.h"
+#include "hosts/window/positions/NmeaFeed.h"
+#include "hosts/window/positions/QtPositionSource.h"
 
 namespace wayfell {
 namespace {
@@ -23,7 +26,12 @@ struct Opening {
 
   std::unique_ptr<Stage> operator()(const source::Automatic&) const {
     if (gpsdAnswers({})) return (*this)(source::Gpsd{});
-    warn("no gpsd at " + GpsdAddress().text() + ": this is the demo");
+    const std::string missing = "no gpsd at " + GpsdAddress().text();
+    if (geoclueIsThere()) {
+      warn(missing + ": positions are GeoClue's");
+      return (*this)(source::Geoclue{});
+    }
+    warn(missing + " and no GeoClue: this is the demo");
     return (*this)(source::Demo{});
   }
   std::unique_ptr<Stage> operator()(const source::Gpsd& gpsd) const {
@@ -39,7 +47,23 @@ struct Opening {
     wishes.recording.demo = true;
     return std::make_unique<RecordedStage>(loop, wishes, warn);
   }
-  std::unique_ptr<Stage> operator()(const auto& /*receiver*/) const { return nullptr; }
+  std::unique_ptr<Stage> operator()(const source::Geoclue&) const {
+    return onFeed(std::make_unique<GeoclueFeed>());
+  }
+  std::unique_ptr<Stage> operator()(const source::NmeaDevice& device) const {
+    return onFeed(nmeaFromDevice(loop, device.path));
+  }
+  std::unique_ptr<Stage> operator()(const source::NmeaServer& server) const {
+    return onFeed(nmeaFromServer(loop, server.host, server.port));
+  }
+
+  std::unique_ptr<Stage> onFeed(std::unique_ptr<PositionFeed> feed) const {
+    auto source = std::make_unique<QtPositionSource>(loop, systemClock(), std::move(feed));
+    SourceStatus status = {[&feed = source->feed()] { return feed.name(); },
+                           [&feed = source->feed()] { return feed.trouble(); },
+                           [&source = *source] { return source.deliversHeadings(); }};
+    return std::make_unique<LiveStage>(loop, std::move(source), std::move(status), warn);
+  }
 };
 
 }  // namespace

@@ -13,8 +13,6 @@ constexpr std::string_view kTheme = "hostWindowTheme";
 
 constexpr std::int64_t kFarthest = std::numeric_limits<std::int16_t>::max();  // as X11 has it
 
-
-
 }  // namespace
 
 std::optional<int> WindowMemory::number(std::string_view key) const {

@@ -1,6 +1,6 @@
 #include "hosts/terminal/EventLoop.h"
 
-#include "tests/contracts/IoRunLoopContract.h"
+#include "contracts/IoRunLoopContract.h"
 
 namespace wayfell {
 

@@ -1,6 +1,6 @@
 #include "hosts/window/QtRunLoop.h"
 
-#include "tests/contracts/IoRunLoopContract.h"
+#include "contracts/IoRunLoopContract.h"
 
 namespace wayfell {
 
