@@ -1,5 +1,5 @@
-// What the host itself says, beside the panel: a line of what is shown, and below it, where there is
-// any, what the user should hear of, and whose data is shown.
+// What the host itself says, beside the panel: a line of what is shown, and below it, where there
+// is any, what the user should hear of, and whose data is shown.
 import QtQuick
 
 Rectangle {

@@ -1,5 +1,5 @@
-// The widget as it is seen: the position and the numbers on one side, where to go on the other. Each
-// item that shows a view bears the name of the view's outlet.
+// The widget as it is seen: the position and the numbers on one side, where to go on the other.
+// Each item that shows a view bears the name of the view's outlet.
 import QtQuick
 import Wayfell.Items
 
