@@ -6,9 +6,11 @@
 
 namespace wayfell {
 
-ShownPanel::ShownPanel(ReplayedWidget& widget, double width) : scene_(widget), adapter_(scene_) {
+ShownPanel::ShownPanel(ReplayedWidget& widget, double width, const char* file)
+    : scene_(widget), adapter_(scene_) {
   addPanelImports(engine_);
-  QQmlComponent component(&engine_, QUrl(QStringLiteral("qrc:/qt/qml/Wayfell/Panel/Panel.qml")));
+  QQmlComponent component(&engine_,
+                          QUrl(QStringLiteral("qrc:/qt/qml/Wayfell/Panel/%1.qml").arg(file)));
   QObject* made = component.createWithInitialProperties(
       {{"panel", QVariant::fromValue(&adapter_)}, {"look", QVariant::fromValue(&style_)}});
   root_.reset(qobject_cast<QQuickItem*>(made));
@@ -25,19 +27,27 @@ void ShownPanel::resize(double width) {
   window_.resize(static_cast<int>(width), static_cast<int>(root_->height()));
 }
 
-QQuickItem& ShownPanel::item(const QString& name) const {
-  const auto found = root_->findChildren<QQuickItem*>(name);
-  if (found.size() != 1) {
-    throw std::out_of_range(std::to_string(found.size()) + " items " + name.toStdString());
-  }
-  return *found.front();
+QList<QQuickItem*> ShownPanel::items() const {
+  QList<QQuickItem*> all = {root_.get()};
+  for (qsizetype i = 0; i < all.size(); ++i) all.append(all[i]->childItems());
+  return all;
 }
 
-QImage ShownPanel::draw(double scale) {
+QQuickItem& ShownPanel::item(const QString& name) const {
+  QQuickItem* found = nullptr;
+  for (QQuickItem* item : items()) {
+    if (item->objectName() != name) continue;
+    if (found) throw std::out_of_range("several items " + name.toStdString());
+    found = item;
+  }
+  if (!found) throw std::out_of_range("no item " + name.toStdString());
+  return *found;
+}
+
+QImage ShownPanel::draw() {
   adapter_.refresh();
   window_.resize(window_.width(), static_cast<int>(root_->height()));
   QCoreApplication::processEvents();
-  static_cast<void>(scale);
   return window_.grabWindow();
 }
 

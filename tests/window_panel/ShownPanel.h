@@ -45,20 +45,22 @@ class StillScene : public Scene {
 
 class ShownPanel {
  public:
-  /// Of a widget that has been loaded.
-  explicit ShownPanel(ReplayedWidget& widget, double width = 359);
+  /// The root item of an interface file, "Panel" or "HostLine", on a widget that has been loaded.
+  explicit ShownPanel(ReplayedWidget& widget, double width = 359, const char* file = "Panel");
 
   PanelAdapter& adapter() { return adapter_; }
   PanelStyle& style() { return style_; }
   StillScene& scene() { return scene_; }
   QQuickWindow& window() { return window_; }
   QQuickItem& root() { return *root_; }
-  /// The item of that name; fails loudly without one.
+  /// All items of the panel, those of repeaters too.
+  QList<QQuickItem*> items() const;
+  /// The item of that name; throws when there is none, or several.
   QQuickItem& item(const QString& name) const;
 
   void resize(double width);
-  /// Takes over what has changed, and draws it at so many pixels to the point.
-  QImage draw(double scale = 1);
+  /// Takes over what has changed, and draws it.
+  QImage draw();
 
  private:
   StillScene scene_;

@@ -2,27 +2,31 @@
 
 #include <QPainter>
 #include <QPainterPath>
+#include <algorithm>
 
 namespace wayfell {
 namespace {
 
-// The rectangle with some corners rounded: a rounded one and a square at each of the others.
+// Clockwise from the middle of the top, each corner an arc or a point.
 QPainterPath painterPath(const UIBezierPath& path) {
   const QRectF rect(path.rect.origin.x, path.rect.origin.y, path.rect.size.width,
                     path.rect.size.height);
-  const double rx = std::min(path.cornerRadii.width, rect.width() / 2);
-  const double ry = std::min(path.cornerRadii.height, rect.height() / 2);
-  QPainterPath result;
-  result.setFillRule(Qt::WindingFill);
-  result.addRoundedRect(rect, rx, ry);
-  const auto square = [&](UIRectCorner corner, double x, double y) {
-    if ((path.roundedCorners & corner) == 0) result.addRect(x, y, rx, ry);
+  const QSizeF arc(std::min(2 * path.cornerRadii.width, rect.width()),
+                   std::min(2 * path.cornerRadii.height, rect.height()));
+  QPainterPath result(QPointF(rect.center().x(), rect.top()));
+  const auto turn = [&](UIRectCorner corner, QPointF point, double arcLeft, double arcTop,
+                        double startAngle) {
+    if ((path.roundedCorners & corner) == 0) return result.lineTo(point);
+    result.arcTo(QRectF(QPointF(arcLeft, arcTop), arc), startAngle, -90);
   };
-  square(kTopLeftCorner, rect.left(), rect.top());
-  square(kTopRightCorner, rect.right() - rx, rect.top());
-  square(kBottomLeftCorner, rect.left(), rect.bottom() - ry);
-  square(kBottomRightCorner, rect.right() - rx, rect.bottom() - ry);
-  return result.simplified();
+  const double right = rect.right() - arc.width();
+  const double bottom = rect.bottom() - arc.height();
+  turn(kTopRightCorner, rect.topRight(), right, rect.top(), 90);
+  turn(kBottomRightCorner, rect.bottomRight(), right, bottom, 0);
+  turn(kBottomLeftCorner, rect.bottomLeft(), rect.left(), bottom, 270);
+  turn(kTopLeftCorner, rect.topLeft(), rect.left(), rect.top(), 180);
+  result.closeSubpath();
+  return result;
 }
 
 }  // namespace

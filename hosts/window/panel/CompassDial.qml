@@ -10,6 +10,11 @@ Item {
     readonly property QtObject view: panel.outlets.compassRotatingView
     readonly property QtObject arrowView: panel.outlets.compassArrowView
 
+    component Turning: NumberAnimation {
+        duration: compass.panel.compassTurnDuration
+        easing.type: Easing.OutQuad
+    }
+
     objectName: view.objectName
     visible: !view.hidden
     Accessible.role: Accessible.Graphic
@@ -28,6 +33,10 @@ Item {
         color: compass.look.mark
         secondColor: compass.look.caption
         turn: compass.panel.needleTurn
+        Behavior on turn {
+            enabled: !compass.look.reducedMotion
+            Turning {}
+        }
     }
     Item {
         objectName: compass.arrowView.objectName
@@ -39,6 +48,10 @@ Item {
             anchors.fill: parent
             shape: Shape.Arrow
             turn: compass.panel.arrowTurn
+            Behavior on turn {
+                enabled: !compass.look.reducedMotion
+                Turning {}
+            }
             color: compass.look.pointer
         }
     }

@@ -10,7 +10,7 @@ Rectangle {
     readonly property QtObject view: panel.outlets.compassView
 
     objectName: view.objectName
-    width: 130
+    width: 130  // twice kTapeNorth, so that the mark is in the middle
     height: 24
     visible: !view.hidden
     radius: view.cornerRadius
@@ -36,7 +36,7 @@ Rectangle {
     }
     Shape {
         objectName: "compassArrowImageView"
-        x: 65 - width / 2
+        x: (frame.width - width) / 2
         y: 0
         width: 11
         height: 7

@@ -18,6 +18,7 @@ Rectangle {
     Keys.onEnterPressed: tapped()
     Accessible.role: Accessible.Button
     Accessible.name: view.spoken
+    Accessible.focusable: true
     Accessible.onPressAction: tapped()
 
     Shape {
@@ -29,6 +30,11 @@ Rectangle {
         shape: Shape.Disclosure
         color: button.look.plateText
         turn: button.view.rotation
+        // Closed, it points to where reading goes on.
+        transform: Scale {
+            origin.x: 10
+            xScale: button.look.rightToLeft ? -1 : 1
+        }
         // A turn that is asked for midway goes on from where the last one is.
         Behavior on turn {
             enabled: !button.look.reducedMotion

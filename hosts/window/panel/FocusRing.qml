@@ -1,4 +1,4 @@
-// Around what has the keyboard.
+// Around what has the keyboard. Of two lines, one stands out from whatever is behind.
 import QtQuick
 
 Rectangle {
@@ -11,4 +11,13 @@ Rectangle {
     border.width: 2
     border.color: look.focus
     visible: parent.activeFocus
+
+    Rectangle {
+        anchors.fill: parent
+        anchors.margins: 2
+        radius: 4
+        color: "transparent"
+        border.width: 1
+        border.color: parent.look.backing
+    }
 }

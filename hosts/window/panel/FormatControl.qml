@@ -19,6 +19,7 @@ Rectangle {
     Keys.onRightPressed: panel.pickNext(look.rightToLeft ? -1 : 1)
     Accessible.role: Accessible.Grouping
     Accessible.name: view.spoken
+    Accessible.focusable: true
 
     Row {
         anchors.fill: parent
@@ -31,7 +32,7 @@ Rectangle {
                 readonly property bool chosen: index === control.panel.selectedSegment
 
                 objectName: "segment" + index
-                width: control.width / 5
+                width: control.width / control.panel.segmentTitles.length
                 height: control.height
                 radius: 4
                 color: chosen ? control.look.chosen : "transparent"
@@ -47,7 +48,7 @@ Rectangle {
                     text: parent.modelData
                     textFormat: Text.PlainText
                     color: parent.chosen ? control.panel.selectedTitleColor : control.look.value
-                    font.pixelSize: Math.round(12.5 * control.look.fontScale)
+                    font.pixelSize: Math.min(15, Math.round(12.5 * control.look.fontScale))
                     font.bold: parent.chosen
                     fontSizeMode: Text.Fit
                     minimumPixelSize: 6

@@ -1,4 +1,5 @@
-// What the host itself says, in one line beside the panel.
+// What the host itself says, beside the panel: a line of what is shown, and below it, where there
+// is any, what the user should hear of, and whose data is shown.
 import QtQuick
 
 Rectangle {
@@ -7,20 +8,26 @@ Rectangle {
     required property QtObject panel
     required property QtObject look
     readonly property real gap: 8
+    // The badge, the state and a warning have room on one line at every size of letters.
+    readonly property real pixelSize: Math.round(Math.min(11.5 * look.fontScale, width / 25))
+    readonly property real rowHeight: Math.ceil(pixelSize * 1.9)
 
     component Words: Text {
-        height: line.height
+        height: line.rowHeight
         color: line.look.caption
-        font.pixelSize: Math.round(11.5 * line.look.fontScale)
+        font.pixelSize: line.pixelSize
         textFormat: Text.PlainText
+        horizontalAlignment: Text.AlignLeft
         verticalAlignment: Text.AlignVCenter
         Accessible.role: Accessible.StaticText
         Accessible.name: text
+        Accessible.ignored: text === ""
     }
 
     objectName: "hostLine"
     implicitWidth: 359
-    implicitHeight: Math.ceil(message.font.pixelSize * 1.9)
+    implicitHeight: rowHeight + message.height + credit.height
+    height: implicitHeight
     radius: 4
     color: look.backing
     LayoutMirroring.enabled: look.rightToLeft
@@ -36,6 +43,7 @@ Rectangle {
     }
     Words {
         id: badge
+        objectName: "hostBadge"
         anchors.left: parent.left
         anchors.leftMargin: 3
         leftPadding: text === "" ? 0 : 6
@@ -45,21 +53,21 @@ Rectangle {
         font.bold: true
     }
     Words {
-        id: message
-        objectName: "hostMessage"
+        objectName: "hostTitle"
         anchors.left: badge.right
         anchors.right: state.left
-        anchors.margins: line.gap
-        text: line.panel.message
-        color: line.panel.fault === "" ? line.look.value : line.look.mark
+        anchors.leftMargin: line.gap
+        anchors.rightMargin: line.gap
+        text: line.panel.title
         elide: Text.ElideRight
-        horizontalAlignment: Text.AlignLeft
     }
     Words {
         id: state
+        objectName: "hostState"
         anchors.right: warning.left
         anchors.rightMargin: warning.text === "" ? 0 : line.gap
         text: line.panel.state
+        color: line.look.value
     }
     Words {
         id: warning
@@ -69,5 +77,25 @@ Rectangle {
         text: line.panel.warning
         color: line.look.mark
         font.bold: true
+    }
+    component Paragraph: Words {
+        x: line.gap
+        width: line.width - 2 * line.gap
+        height: visible ? implicitHeight + 4 : 0
+        visible: text !== ""
+        wrapMode: Text.Wrap
+    }
+    Paragraph {
+        id: message
+        objectName: "hostMessage"
+        y: line.rowHeight
+        text: line.panel.message
+        color: line.panel.fault === "" ? line.look.value : line.look.mark
+    }
+    Paragraph {
+        id: credit
+        objectName: "hostCredit"
+        y: line.rowHeight + message.height
+        text: line.panel.credit
     }
 }

@@ -16,6 +16,10 @@ Rectangle {
     Keys.onSpacePressed: tapped()
     Keys.onReturnPressed: tapped()
     Keys.onEnterPressed: tapped()
+    Accessible.role: Accessible.Button
+    Accessible.name: labelView.spoken
+    Accessible.focusable: true
+    Accessible.onPressAction: tapped()
 
     PanelText {
         view: plate.labelView
@@ -27,8 +31,7 @@ Rectangle {
         horizontalAlignment: Text.AlignHCenter
         heavy: true
         color: look.plateText
-        Accessible.role: Accessible.Button
-        Accessible.onPressAction: plate.tapped()
+        Accessible.ignored: true
     }
     TouchArea { onClicked: plate.tapped() }
     FocusRing { look: plate.look }

@@ -1,5 +1,5 @@
-// The widget as it is seen: the position and the numbers on one side, where to go on the other. Each
-// item that shows a view bears the name of the view's outlet.
+// The widget as it is seen: the position and the numbers on one side, where to go on the other.
+// Each item that shows a view bears the name of the view's outlet.
 import QtQuick
 import Wayfell.Items
 
@@ -54,6 +54,7 @@ FocusScope {
     Hairline { y: 203 }
 
     Item {
+        id: positionArea
         objectName: "dataView"
         x: root.placed(root.margin, width)
         y: root.compact ? 3 : 6
@@ -61,20 +62,28 @@ FocusScope {
         height: root.compact ? 38 : 56
         visible: !root.views.dataView.hidden
 
-        PanelText {
+        Column {
             id: positionCaption
-            view: root.views.latLongLabel
-            look: root.look
+            objectName: "latLongLabel"
+            readonly property QtObject view: root.views.latLongLabel
+            readonly property var captions: view.text.split("\n")
+            x: root.look.rightToLeft ? parent.width - width : 0
             visible: !root.compact && !view.hidden
-            // Each of its lines before the middle of one of the position's.
-            y: (parent.height - 2 * lineHeight + lineHeight - font.pixelSize * 1.35) / 2
-            width: Math.min(58, parent.width / 4)
-            height: parent.height - y
-            size: 10.5
-            lineHeightMode: Text.FixedHeight
-            lineHeight: position.contentHeight / Math.max(1, position.lineCount)
-            verticalAlignment: Text.AlignTop
-            color: root.look.caption
+            width: Math.min(60, parent.width * 0.32)
+            Repeater {
+                model: positionCaption.captions
+                PanelText {
+                    required property string modelData
+                    objectName: "latLongLine"
+                    view: positionCaption.view
+                    look: root.look
+                    text: modelData
+                    width: positionCaption.width
+                    height: positionArea.height / positionCaption.captions.length
+                    size: 10.5
+                    color: root.look.caption
+                }
+            }
         }
         PanelText {
             id: position
@@ -97,11 +106,6 @@ FocusScope {
             width: (parent.width - 64) * 2 / 3
             height: parent.height
             size: root.compact ? 16 : 20
-        }
-        PositionCopy {
-            panel: root.panel
-            look: root.look
-            anchors.fill: parent
         }
     }
 
@@ -238,10 +242,8 @@ FocusScope {
         width: root.contentWidth
         height: 32
         visible: !root.compact && !view.hidden
-        KeyNavigation.tab: openPlate
     }
     PanelText {
-        id: address
         view: root.views.addressLabel
         look: root.look
         visible: !root.compact && !view.hidden
@@ -265,7 +267,6 @@ FocusScope {
         visible: !view.hidden
 
         OpenPlate {
-            id: openPlate
             view: root.compact ? root.views.openMiniView : root.views.openView
             labelView: root.compact ? root.views.openMiniLabel : root.views.openLabel
             look: root.look
@@ -286,5 +287,13 @@ FocusScope {
             height: 32
             onTapped: root.panel.tap(view.objectName)
         }
+    }
+
+    // Last, so that Tab comes to it last.
+    PositionCopy {
+        panel: root.panel
+        look: root.look
+        anchors.fill: positionArea
+        visible: positionArea.visible
     }
 }

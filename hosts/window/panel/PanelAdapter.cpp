@@ -3,17 +3,24 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QQmlEngine>
+#include <algorithm>
+#include <cmath>
 #include <utility>
 
+#include "hosts/services/Spoken.h"
 #include "hosts/window/panel/CanvasPainter.h"
 #include "hosts/window/panel/DrawnView.h"
 #include "hosts/window/panel/ShapeItem.h"
 #include "hosts/window/panel/ShorterWay.h"
-#include "hosts/window/panel/Spoken.h"
 #include "hosts/window/panel/TapeItem.h"
-#include "platform/NSBundle.h"
 
 namespace wayfell {
+namespace {
+
+constexpr double kSmallTurn = 15;  // degrees
+constexpr int kTurnMilliseconds = 200;
+
+}  // namespace
 
 PanelAdapter::PanelAdapter(Scene& scene, QObject* parent) : QObject(parent), scene_(scene) {
   for (const auto& named : scene.interface().views()) {
@@ -82,6 +89,9 @@ void PanelAdapter::takeCompass() {
   const double needle = turnedByShorterWay(needleTurn_, -arrow->heading);
   const double turn = turnedByShorterWay(arrowTurn_, arrow->bearing - arrow->heading);
   if (needle == needleTurn_ && turn == arrowTurn_) return;
+  const double greater = std::max(std::abs(needle - needleTurn_), std::abs(turn - arrowTurn_));
+  compassTurnDuration_ = greater < kSmallTurn ? 0 : kTurnMilliseconds;
+  emit compassTurnDurationChanged();
   needleTurn_ = needle;
   arrowTurn_ = turn;
   emit compassChanged();
@@ -91,10 +101,7 @@ QColor PanelAdapter::selectedTitleColor() const {
   return colorOf(UISegmentedControl::selectedTitleColor());
 }
 
-QString PanelAdapter::copyWords() const {
-  const std::string_view words = localized("copy the position");
-  return QString::fromUtf8(words.data(), std::ssize(words));
-}
+QString PanelAdapter::copyWords() const { return QString::fromStdString(spokenCopy()); }
 
 void PanelAdapter::takeSegments() {
   const UISegmentedControl& control = scene_.interface().coordinateControl();
@@ -121,7 +128,7 @@ void PanelAdapter::takeLines() {
 
 QString PanelAdapter::message() const {
   if (!fault_.isEmpty()) return QStringLiteral("Stopped: ") + fault_;
-  return news_.isEmpty() ? title() : news_;
+  return news_;
 }
 
 void PanelAdapter::tell(const QString& news) {

@@ -42,6 +42,7 @@ class PanelAdapter : public QObject, private UIViewObserver {
   Q_PROPERTY(double tapeOffset READ tapeOffset NOTIFY tapeOffsetChanged)
   Q_PROPERTY(double needleTurn READ needleTurn NOTIFY compassChanged)
   Q_PROPERTY(double arrowTurn READ arrowTurn NOTIFY compassChanged)
+  Q_PROPERTY(int compassTurnDuration READ compassTurnDuration NOTIFY compassTurnDurationChanged)
   Q_PROPERTY(QStringList segmentTitles READ segmentTitles NOTIFY segmentsChanged)
   Q_PROPERTY(QStringList spokenSegments READ spokenSegments NOTIFY segmentsChanged)
   Q_PROPERTY(int selectedSegment READ selectedSegment NOTIFY segmentsChanged)
@@ -51,6 +52,7 @@ class PanelAdapter : public QObject, private UIViewObserver {
   Q_PROPERTY(QString title READ title NOTIFY linesChanged)
   Q_PROPERTY(QString state READ state NOTIFY linesChanged)
   Q_PROPERTY(QString warning READ warning NOTIFY linesChanged)
+  Q_PROPERTY(QString credit READ credit NOTIFY linesChanged)
   Q_PROPERTY(QString message READ message NOTIFY linesChanged)
   Q_PROPERTY(QString fault READ fault NOTIFY linesChanged)
 
@@ -93,6 +95,8 @@ class PanelAdapter : public QObject, private UIViewObserver {
   /// that from one to the next is always the shorter way.
   double needleTurn() const { return needleTurn_; }
   double arrowTurn() const { return arrowTurn_; }
+  /// Milliseconds that the last turn takes to be seen; 0 for a small one, which is every second's.
+  int compassTurnDuration() const { return compassTurnDuration_; }
   const QStringList& segmentTitles() const { return segmentTitles_; }
   /// The titles are short; these are for those who hear them.
   QStringList spokenSegments() const;
@@ -107,13 +111,15 @@ class PanelAdapter : public QObject, private UIViewObserver {
   QString title() const { return QString::fromStdString(lines_.title); }
   QString state() const { return QString::fromStdString(lines_.state); }
   QString warning() const { return QString::fromStdString(lines_.warning); }
-  /// The fault, or else the news until the next touch, or else the title.
+  QString credit() const { return QString::fromStdString(lines_.credit); }
+  /// The fault, or else the news until the next touch.
   QString message() const;
   const QString& fault() const { return fault_; }
 
  signals:
   void layoutChanged();
   void tapeOffsetChanged();
+  void compassTurnDurationChanged();
   void compassChanged();
   void segmentsChanged();
   void linesChanged();
@@ -149,6 +155,7 @@ class PanelAdapter : public QObject, private UIViewObserver {
   double tapeOffset_ = 0;
   double needleTurn_ = 0;
   double arrowTurn_ = 0;
+  int compassTurnDuration_ = 0;
   QStringList segmentTitles_;
   int selectedSegment_ = UISegmentedControl::kNoSegment;
   Scene::Lines lines_;

@@ -2,8 +2,8 @@
 
 #include <cmath>
 
+#include "hosts/services/Spoken.h"
 #include "hosts/window/panel/CanvasPainter.h"
-#include "hosts/window/panel/Spoken.h"
 
 namespace wayfell {
 namespace {
@@ -29,10 +29,10 @@ QString PanelOutlet::spoken() const {
   return QString::fromStdString(spokenText(interface_, name_));
 }
 
-bool PanelOutlet::bold() const { return label() && label()->font().bold; }
+bool PanelOutlet::bold() const { return label() != nullptr && label()->font().bold; }
 
 bool PanelOutlet::centered() const {
-  return label() && label()->textAlignment() == NSTextAlignment::center;
+  return label() != nullptr && label()->textAlignment() == NSTextAlignment::center;
 }
 
 QColor PanelOutlet::borderColor() const { return colorOf(view_.layer().borderColor); }

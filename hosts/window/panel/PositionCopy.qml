@@ -17,11 +17,9 @@ Item {
     Accessible.focusable: true
     Accessible.onPressAction: panel.copyPosition()
 
-    MouseArea {
+    TouchArea {
         // The window may be dragged by it.
         readonly property bool letsDrag: true
-        anchors.fill: parent
-        cursorShape: Qt.PointingHandCursor
         onClicked: copy.panel.copyPosition()
     }
     FocusRing { look: copy.look }

@@ -22,6 +22,7 @@ bool drawAll(const QDir& folder) {
   wayfell::Player player(*recording, widget);
   player.advanceTo(player.now() + kMinutes * 60);
   wayfell::ShownPanel panel(widget);
+  panel.style().setReducedMotion(true);  // nothing is to be seen midway
   bool saved = true;
   for (const char* layout : {"expanded", "compact"}) {
     for (const auto& [theme, name] : {std::pair{wayfell::PanelStyle::dark, "dark"},

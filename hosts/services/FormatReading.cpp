@@ -1,4 +1,4 @@
-#include "hosts/window/panel/FormatReading.h"
+#include "hosts/services/FormatReading.h"
 
 #include <algorithm>
 

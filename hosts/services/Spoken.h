@@ -17,7 +17,10 @@ namespace wayfell {
 /// What a view says; empty for what another one says, such as captions.
 std::string spokenText(const WidgetInterface& interface, std::string_view outlet);
 
-/// What a format of the position is called in full.
+/// What a format of the position is called in full; "none" for a number that no segment has.
 std::string spokenFormat(int segment);
+
+/// What a tap on the position does.
+std::string spokenCopy();
 
 }  // namespace wayfell
