@@ -16,14 +16,17 @@ function(wayfell_flags target)
   endif()
 endfunction()
 
-# wayfell_room(NAME DEPENDS target...)
-# A room is the folder NAME and the target of the same name. Its headers are reached as
+# wayfell_room(NAME [TARGET target] DEPENDS target...)
+# A room is the folder NAME and the target of the same name, unless it is to have another. Its headers are reached as
 # "NAME/File.h", and only by targets that depend on it: each room has an include folder of its own
 # that holds nothing but a link to it, so an include against the arrows does not build.
 function(wayfell_room name)
-  cmake_parse_arguments(ROOM "" "" "DEPENDS" ${ARGN})
+  cmake_parse_arguments(ROOM "" "TARGET" "DEPENDS" ${ARGN})
   file(GLOB sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/${name}/*.cpp)
   get_filename_component(leaf ${name} NAME)
+  if(ROOM_TARGET)
+    set(leaf ${ROOM_TARGET})
+  endif()
   add_library(${leaf} STATIC ${sources})
   set(door ${PROJECT_BINARY_DIR}/doors/${leaf})
   get_filename_component(parent ${door}/${name} DIRECTORY)

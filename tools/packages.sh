@@ -5,6 +5,8 @@ BUILD_PACKAGES=(
   g++ cmake ninja-build gettext
   libgps-dev libncurses-dev libuv1-dev libpugixml-dev nlohmann-json3-dev libcli11-dev
   libsqlite3-dev libcurl4-openssl-dev
+  qt6-base-dev qt6-declarative-dev qml6-module-qtquick qml6-module-qtquick-window
+  qml6-module-qtqml-workerscript
   libgtest-dev libgmock-dev libbenchmark-dev python3
 )
 

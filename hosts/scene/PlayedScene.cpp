@@ -62,11 +62,12 @@ Scene::Lines PlayedScene::lines() const {
 }
 
 std::optional<std::string> PlayedScene::takeNews() {
-  auto& requests = player_.widget().host().urls.requests;
-  if (requests.empty()) return std::nullopt;
-  const auto url = requests.back();
-  urls_ += static_cast<int>(requests.size());
-  requests.clear();
+  const auto& requests = player_.widget().host().urls.requests;
+  if (requests.size() < told_) told_ = 0;  // a snapshot has taken them
+  if (requests.size() == told_) return std::nullopt;
+  urls_ += static_cast<int>(requests.size() - told_);
+  told_ = requests.size();
+  const auto& url = requests.back();
   std::string news = urls_ == 1 ? "Open: " : stringWithFormat("Open %d: ", urls_);
   return news.append(url ? url->absoluteString() : "no valid URL");
 }

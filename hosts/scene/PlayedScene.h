@@ -1,6 +1,7 @@
 // A recording that plays, in step with real time, paused or faster.
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
 
@@ -44,7 +45,8 @@ class PlayedScene : public Scene {
   std::string badge_;
   std::string title_;
   std::optional<RunLoop::TimerId> timer_;
-  int urls_ = 0;  // asked for so far
+  int urls_ = 0;          // asked for so far
+  std::size_t told_ = 0;  // of those that the host keeps
 };
 
 }  // namespace wayfell

@@ -33,6 +33,7 @@ void Player::advanceToFirstFix() {
 void Player::playNext() {
   widget_.host().loop.advanceTo({next_->t});
   act(next_->action);
+  if (onShow && std::holds_alternative<event::Show>(next_->action)) onShow();
   readNext();
   if (!next_ && !widget_.loaded()) act(event::Appear{});
 }

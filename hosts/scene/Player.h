@@ -2,6 +2,7 @@
 // instant the widget stands as a Replay would have it then, so long as nobody steps in.
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -37,6 +38,9 @@ class Player {
   bool onScreen() const { return onScreen_; }
 
   ReplayedWidget& widget() const { return widget_; }
+
+  /// Called where the recording asks for a snapshot.
+  std::function<void()> onShow;
 
  private:
   void readNext();

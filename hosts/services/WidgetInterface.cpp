@@ -38,7 +38,8 @@ struct Connector {
 
 }  // namespace
 
-WidgetInterface::WidgetInterface(const std::shared_ptr<TodayViewController>& controller) {
+WidgetInterface::WidgetInterface(const std::shared_ptr<TodayViewController>& controller)
+    : controller_(controller) {
   const Connector connect{*controller, views_, labels_};
   using C = TodayViewController;
   connect.outlet<UIView>("compassView", &C::compassView);
@@ -84,11 +85,15 @@ WidgetInterface::WidgetInterface(const std::shared_ptr<TodayViewController>& con
   coordinateControl_ = connect.outlet<UISegmentedControl>(
       "coordinateControl", &C::coordinateControl, kCoordinateFormats);
 
-  const std::weak_ptr<TodayViewController> weakController = controller;
   toggle->addGestureRecognizer(std::make_shared<UITapGestureRecognizer>(
-      [weakController, button = toggle.get()](const UITapGestureRecognizer*) {
+      [weakController = controller_, button = toggle.get()](const UITapGestureRecognizer*) {
         if (const auto strong = weakController.lock()) strong->toggleView(button);
       }));
+}
+
+CGSize WidgetInterface::preferredContentSize() const {
+  const auto controller = controller_.lock();
+  return controller ? controller->preferredContentSize() : CGSize{};
 }
 
 UIView& WidgetInterface::view(std::string_view name) const { return named(views_, name); }

@@ -44,10 +44,14 @@ class WidgetInterface {
   UISegmentedControl& coordinateControl() const { return *coordinateControl_; }
   NSLayoutConstraint& leftConstraint() const { return *leftConstraint_; }
 
+  /// What the controller would like its host to give it; a width of 0 is for the host to choose.
+  CGSize preferredContentSize() const;
+
   /// The user taps a view, visible or not; "toggleViewButton" switches the layout.
   void tap(std::string_view name) const { view(name).tap(); }
 
  private:
+  std::weak_ptr<TodayViewController> controller_;
   std::vector<Named<UIView>> views_;
   std::vector<Named<UILabel>> labels_;
   std::shared_ptr<CompassView> compassRotatingView_;

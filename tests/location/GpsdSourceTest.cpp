@@ -6,8 +6,9 @@
 #include <cmath>
 #include <memory>
 
-#include "Loopback.h"
+#include "contracts/Loopback.h"
 #include "hosts/services/location/GpsdProbe.h"
+#include "hosts/terminal/EventLoop.h"
 
 namespace wayfell {
 namespace {

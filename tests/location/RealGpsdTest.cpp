@@ -7,7 +7,8 @@
 #include <cstdio>
 #include <memory>
 
-#include "Loopback.h"
+#include "contracts/Loopback.h"
+#include "hosts/terminal/EventLoop.h"
 
 namespace wayfell {
 namespace {

@@ -16,15 +16,16 @@
 #include <utility>
 #include <vector>
 
+#include "hosts/services/IoRunLoop.h"
 #include "hosts/services/location/GpsdSource.h"
-#include "hosts/terminal/EventLoop.h"
 #include "platform/CLLocationManager.h"
 #include "platform/SimulatedHost.h"
 
 namespace wayfell {
 
 /// Runs the loop until the condition holds. A test that has waited for half a minute has failed.
-inline void runUntil(EventLoop& loop, const std::function<bool()>& condition) {
+template <class Loop>
+void runUntil(Loop& loop, const std::function<bool()>& condition) {
   bool late = false;
   const auto deadline = loop.scheduleTimer(30, false, [&] {
     late = true;
@@ -73,7 +74,7 @@ struct Received : CLLocationManagerDelegate {
 /// told.
 class LoopbackServer {
  public:
-  explicit LoopbackServer(EventLoop& loop, std::string first = "")
+  explicit LoopbackServer(IoRunLoop& loop, std::string first = "")
       : greeting(std::move(first)), loop_(loop) {
     listen();
   }
@@ -148,11 +149,11 @@ class LoopbackServer {
     close(client);
   }
 
-  EventLoop& loop_;
+  IoRunLoop& loop_;
   int listener_ = -1;
   int port_ = 0;
-  EventLoop::WatchId watch_ = 0;
-  std::map<int, EventLoop::WatchId> clients_;
+  IoRunLoop::WatchId watch_ = 0;
+  std::map<int, IoRunLoop::WatchId> clients_;
 };
 
 inline GpsdAddress loopback(int port) { return {"127.0.0.1", std::to_string(port)}; }

@@ -1,0 +1,131 @@
+#include "hosts/window/WidgetCommand.h"
+
+#include <QGuiApplication>
+#include <QIcon>
+#include <QLocale>
+#include <cstdio>
+#include <exception>
+
+#include "hosts/replay/InputError.h"
+#include "hosts/services/PositionText.h"
+#include "hosts/services/stores/StoreFiles.h"
+#include "hosts/services/stores/Stores.h"
+#include "hosts/services/texts/UserTexts.h"
+#include "hosts/window/Display.h"
+#include "hosts/window/Signals.h"
+
+namespace wayfell {
+namespace {
+
+// It shows its first picture in a third of the time that a graphics driver takes, and in half of
+// the memory. Qt's own variables have the last word.
+void drawWithoutGraphicsDriver() {
+  for (const char* variable : {"QT_QUICK_BACKEND", "QMLSCENE_DEVICE", "QSG_RHI_BACKEND"}) {
+    if (qEnvironmentVariableIsSet(variable)) return;
+  }
+  QQuickWindow::setSceneGraphBackend(QStringLiteral("software"));
+}
+
+// As complaints begin that are about a recording.
+std::string nameOf(const SourceChoice& choice) {
+  const auto* const replay = std::get_if<source::Replay>(&choice);
+  if (!replay) return "";
+  return (replay->file == "-" ? "standard input" : replay->file) + ": ";
+}
+
+// As the texts are: in a language without a catalogue they are English.
+bool readsRightToLeft() {
+  for (const std::string& language : userLanguages()) {
+    const std::string known = language.substr(0, language.find_first_of("_@"));
+    if (!std::filesystem::exists(catalogueFolder() / known)) continue;
+    return QLocale(QString::fromStdString(language)).textDirection() == Qt::RightToLeft;
+  }
+  return false;
+}
+
+// Tells of what happens before there is a window as soon as there is one.
+class Notices {
+ public:
+  void warn(const std::string& sentence) {
+    complain(sentence);
+    if (panel_) {
+      panel_->tell(QString::fromStdString(sentence));
+    } else {
+      last_ = sentence;
+    }
+  }
+  void showOn(PanelAdapter& panel) {
+    panel_ = &panel;
+    if (!last_.empty()) panel.tell(QString::fromStdString(last_));
+  }
+  void leave() { panel_ = nullptr; }
+
+ private:
+  PanelAdapter* panel_ = nullptr;
+  std::string last_;
+};
+
+void show(QtRunLoop& loop, Stage& stage, const WidgetCommand& command, WindowMemory& memory,
+          Notices& notices) {
+  PanelAdapter panel(stage.scene());
+  if (command.copyFormat) {
+    panel.setCopiedText([&stage, format = *command.copyFormat] {
+      const auto fix = stage.fix();
+      return fix ? positionText(fix->coordinate, format) : std::nullopt;
+    });
+  }
+  PanelStyle style;
+  style.setFontScale(command.fontScale);
+  style.setReducedMotion(command.still);
+  style.setRightToLeft(readsRightToLeft());
+  Theme theme(style, memory, command.theme);
+  WidgetWindow window(loop, stage.scene(), panel, theme, memory, command.window);
+  notices.showOn(panel);
+  loop.onTurnEnd([&] {
+    stage.scene().settle();
+    panel.refresh();
+  });
+  const Signals ending(loop, [&window](int) { window.close(); });
+  window.show();
+  loop.run();
+  loop.onTurnEnd(nullptr);
+  notices.leave();
+}
+
+}  // namespace
+
+void complain(const std::string& what) {
+  std::fprintf(stderr, "wayfell-widget: %s\n", what.c_str());
+}
+
+int runWidget(const WidgetCommand& command) {
+  const auto display = connectToDisplay();
+  if (!display) {
+    complain("no display answers; in a terminal, \"wayfell today\" shows the panel");
+    return kBadInput;
+  }
+  drawWithoutGraphicsDriver();
+  int argumentCount = 1;
+  std::string name = "wayfell-widget";
+  char* arguments[] = {name.data(), nullptr};
+  const QGuiApplication application(argumentCount, arguments);
+  QGuiApplication::setDesktopFileName(QStringLiteral("org.wayfell.Widget"));
+  QGuiApplication::setApplicationDisplayName(QStringLiteral("Wayfell"));
+
+  QtRunLoop loop;
+  Notices notices;
+  const Warn warn = [&notices](const std::string& sentence) { notices.warn(sentence); };
+  Stores stores([&loop] { return loop.turn(); }, warn);
+  WindowMemory memory(stores.standardDefaults());
+  try {
+    const auto stage = openStage(loop, command.stage, warn);
+    show(loop, *stage, command, memory, notices);
+    if (const auto fault = stage->scene().fault()) throw InputError(*fault);
+  } catch (const InputError& error) {
+    complain(nameOf(command.stage.source) + error.what());
+    return kBadInput;
+  }
+  return kDone;
+}
+
+}  // namespace wayfell

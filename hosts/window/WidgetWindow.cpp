@@ -1,0 +1,275 @@
+#include "hosts/window/WidgetWindow.h"
+
+#include <QCursor>
+#include <QGuiApplication>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QQuickItem>
+#include <QScreen>
+#include <QStyleHints>
+#include <algorithm>
+#include <cmath>
+#include <stdexcept>
+#include <utility>
+
+#include "hosts/scene/Keys.h"
+#include "hosts/window/Compositor.h"
+
+namespace wayfell {
+namespace {
+
+constexpr int kEdge = 5;          // points, from which the window is made wider
+constexpr int kWidest = 4 * 359;  // points
+constexpr double kRest = 1;       // seconds without a move, after which the place is kept
+constexpr int kGraspable = 40;    // points of the window that must be on a screen
+
+constexpr const char* kKeys =
+    "0\u20134 format \u00b7 t layout \u00b7 o open \u00b7 ^C copy \u00b7 h hide \u00b7 l look "
+    "\u00b7 q close";
+
+// Wayland lets no window know where it is, nor say where it should be.
+bool placeIsKnown() {
+  return !QGuiApplication::platformName().startsWith(QStringLiteral("wayland"));
+}
+
+bool isReachable(const QPoint& place, int width) {
+  const QRect grasp(place, QSize(width, kGraspable));
+  const auto screens = QGuiApplication::screens();
+  return std::any_of(screens.begin(), screens.end(), [&](const QScreen* screen) {
+    const QRect seen = screen->availableGeometry() & grasp;
+    return seen.width() >= kGraspable && seen.height() >= kGraspable;
+  });
+}
+
+char32_t sceneKeyOf(const QKeyEvent& event) {
+  if (event.key() == Qt::Key_Right) return kRightKey;
+  const auto characters = event.text().toUcs4();
+  return characters.size() == 1 ? characters.front() : U'\0';
+}
+
+}  // namespace
+
+WidgetWindow::WidgetWindow(QtRunLoop& loop, Scene& scene, PanelAdapter& panel, Theme& theme,
+                           WindowMemory& memory, const WindowWishes& wishes)
+    : loop_(loop), scene_(scene), panel_(panel), theme_(theme), memory_(memory) {
+  setTitle(QStringLiteral("Wayfell"));
+  setFlag(Qt::FramelessWindowHint);
+  setFlag(Qt::WindowStaysOnTopHint, wishes.alwaysOnTop);
+  const bool translucent = !wishes.opaque && windowsAreComposed();
+  theme_.style().setTranslucent(translucent);
+  if (translucent) {
+    QSurfaceFormat format = requestedFormat();
+    format.setAlphaBufferSize(8);
+    setFormat(format);
+    setColor(Qt::transparent);
+  } else {
+    const auto fill = [this] { setColor(theme_.style().backing()); };
+    connect(&theme_.style(), &PanelStyle::changed, this, fill);
+    fill();
+  }
+  setResizeMode(SizeRootObjectToView);
+  loadContents();
+  takeKeptPlace();
+  fitHeight();
+}
+
+WidgetWindow::~WidgetWindow() {
+  if (!keeping_) return;
+  loop_.cancelTimer(*keeping_);
+  keep();
+}
+
+void WidgetWindow::loadContents() {
+  addPanelImports(*engine());
+  setInitialProperties({{QStringLiteral("panel"), QVariant::fromValue<QObject*>(&panel_)},
+                        {QStringLiteral("look"), QVariant::fromValue<QObject*>(&theme_.style())}});
+  setSource(QUrl(QStringLiteral("qrc:/qt/qml/Wayfell/Window/Shell.qml")));
+  if (!rootObject()) throw std::runtime_error("the interface files cannot be loaded");
+  connect(rootObject(), SIGNAL(contentHeightChanged()), this, SLOT(fitHeight()));
+}
+
+void WidgetWindow::takeKeptPlace() {
+  const int width = std::clamp(memory_.width().value_or(kUsualWidth), kNarrowest, kWidest);
+  resize(width, height());
+  const auto place = memory_.place();
+  if (place && placeIsKnown() && isReachable(*place, width)) setPosition(*place);
+}
+
+void WidgetWindow::fitHeight() {
+  const int height =
+      static_cast<int>(std::ceil(rootObject()->property("contentHeight").toDouble()));
+  // Least and greatest first: a window manager holds to those of the moment.
+  setMinimumSize({kNarrowest, height});
+  setMaximumSize({kWidest, height});
+  resize(width(), height);
+}
+
+bool WidgetWindow::event(QEvent* event) {
+  if (takesByItself(*event)) return true;
+  bool known = false;
+  loop_.guard([&] { known = QQuickView::event(event); });
+  switch (event->type()) {
+    case QEvent::MouseButtonPress:
+      grip(static_cast<const QMouseEvent&>(*event));
+      break;
+    case QEvent::MouseButtonRelease:
+      grip_.reset();
+      break;
+    case QEvent::MouseMove:
+      showEdge(static_cast<const QMouseEvent&>(*event));
+      break;
+    case QEvent::WindowStateChange:
+    case QEvent::Hide:
+      followVisibility();
+      break;
+    case QEvent::Close:
+      loop_.stop();
+      break;
+    case QEvent::ApplicationPaletteChange:
+      theme_.desktopChanged();
+      break;
+    default:
+      break;
+  }
+  return known;
+}
+
+void WidgetWindow::exposeEvent(QExposeEvent* event) {
+  QQuickView::exposeEvent(event);
+  followVisibility();
+}
+
+// The widget is on the screen while its window is.
+void WidgetWindow::followVisibility() {
+  const bool seen = isExposed() && !(windowStates() & Qt::WindowMinimized);
+  if (seen == std::exchange(wasSeen_, seen)) return;
+  loop_.guard([this, seen] {
+    scene_.catchUp();
+    if (seen && hiddenWithWindow_) {
+      scene_.appear();
+    } else if (!seen) {
+      hiddenWithWindow_ = scene_.onScreen();
+      if (hiddenWithWindow_) scene_.disappear();
+    }
+  });
+}
+
+void WidgetWindow::putAwayOrBack() {
+  scene_.catchUp();
+  if (scene_.onScreen()) {
+    scene_.disappear();
+  } else {
+    scene_.appear();
+  }
+}
+
+void WidgetWindow::keyPressEvent(QKeyEvent* event) {
+  event->ignore();
+  if (press(*event)) return;
+  QQuickView::keyPressEvent(event);
+  if (event->isAccepted()) return;
+  scene_.catchUp();
+  scene_.press(sceneKeyOf(*event));
+}
+
+// The keys of the window, before those of the panel and those of the scene.
+bool WidgetWindow::press(const QKeyEvent& event) {
+  if (event.matches(QKeySequence::Copy)) {
+    panel_.copyPosition();
+  } else if (event.matches(QKeySequence::Quit) || event.text() == QStringLiteral("q")) {
+    close();
+  } else if (event.text() == QStringLiteral("h")) {
+    putAwayOrBack();
+  } else if (event.text() == QStringLiteral("l")) {
+    theme_.next();
+    panel_.tell(QStringLiteral("look: ") + QString::fromStdString(theme_.name()));
+  } else if (event.text() == QStringLiteral("?")) {
+    panel_.tell(QString::fromUtf8(kKeys));
+  } else {
+    return false;
+  }
+  return true;
+}
+
+Qt::Edges WidgetWindow::edgesAt(const QPoint& point) const {
+  if (point.x() < kEdge) return Qt::LeftEdge;
+  if (point.x() >= width() - kEdge) return Qt::RightEdge;
+  return {};
+}
+
+// What the items in the window do not get to see.
+bool WidgetWindow::takesByItself(QEvent& event) {
+  if (event.type() == QEvent::MouseMove && grip_) {
+    hold(static_cast<QMouseEvent&>(event));
+    return true;
+  }
+  if (event.type() != QEvent::MouseButtonPress) return false;
+  const auto& press = static_cast<const QMouseEvent&>(event);
+  const Qt::Edges edges = edgesAt(press.position().toPoint());
+  if (edges) grip_ = Grip{press.globalPosition().toPoint(), geometry(), edges};
+  return bool(edges);
+}
+
+// Items that take the pointer are buttons, but for what is large and only to be copied.
+void WidgetWindow::grip(const QMouseEvent& press) {
+  const QObject* const taker = press.exclusiveGrabber(press.points().constFirst());
+  const bool isButton = taker && !taker->property("letsDrag").toBool();
+  if (isButton || press.button() != Qt::LeftButton) return;
+  grip_ = Grip{press.globalPosition().toPoint(), geometry(), {}};
+}
+
+void WidgetWindow::showEdge(const QMouseEvent& move) {
+  if (move.buttons() == Qt::NoButton && edgesAt(move.position().toPoint())) {
+    setCursor(Qt::SizeHorCursor);
+  } else if (cursor().shape() == Qt::SizeHorCursor) {
+    unsetCursor();
+  }
+}
+
+// Where nobody manages windows, the window itself follows the pointer.
+void WidgetWindow::hold(QMouseEvent& move) {
+  const QPoint way = move.globalPosition().toPoint() - grip_->start;
+  if (!grip_->held) {
+    if (way.manhattanLength() < QGuiApplication::styleHints()->startDragDistance()) return;
+    grip_->held = true;
+    move.setExclusiveGrabber(move.points().constFirst(), nullptr);  // it will be no click
+    if (grip_->edges ? startSystemResize(grip_->edges) : startSystemMove()) {
+      grip_.reset();
+      return;
+    }
+  }
+  if (!grip_->edges) {
+    setPosition(grip_->geometry.topLeft() + way);
+    return;
+  }
+  const bool left = grip_->edges.testFlag(Qt::LeftEdge);
+  const int width =
+      std::clamp(grip_->geometry.width() + (left ? -way.x() : way.x()), kNarrowest, kWidest);
+  const int right = grip_->geometry.x() + grip_->geometry.width();
+  setGeometry(left ? right - width : grip_->geometry.x(), y(), width, height());
+}
+
+void WidgetWindow::moveEvent(QMoveEvent* event) {
+  QQuickView::moveEvent(event);
+  keepSoon();
+}
+
+void WidgetWindow::resizeEvent(QResizeEvent* event) {
+  QQuickView::resizeEvent(event);
+  if (event->size().width() != event->oldSize().width()) keepSoon();
+}
+
+void WidgetWindow::keepSoon() {
+  if (!isVisible()) return;
+  if (keeping_) loop_.cancelTimer(*keeping_);
+  keeping_ = loop_.scheduleTimer(kRest, false, [this] {
+    keeping_.reset();
+    keep();
+  });
+}
+
+void WidgetWindow::keep() {
+  memory_.keep(placeIsKnown() ? std::optional(position()) : std::nullopt, width());
+}
+
+}  // namespace wayfell

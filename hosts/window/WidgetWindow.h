@@ -1,0 +1,81 @@
+// The widget's window: a panel without a frame that is taken hold of anywhere.
+//
+// Pointer: what is a button or can be copied is the panel's; by everything else the window is
+// moved, and by its left and right edge it is made wider. Its height is that of the panel and of
+// the host's line.
+#pragma once
+
+#include <QPoint>
+#include <QQuickView>
+#include <optional>
+#include <string>
+
+#include "hosts/scene/Scene.h"
+#include "hosts/window/QtRunLoop.h"
+#include "hosts/window/Theme.h"
+#include "hosts/window/WindowMemory.h"
+#include "hosts/window/panel/PanelAdapter.h"
+
+namespace wayfell {
+
+struct WindowWishes {
+  bool alwaysOnTop = false;
+  bool opaque = false;
+};
+
+class WidgetWindow : public QQuickView {
+  Q_OBJECT
+
+ public:
+  static constexpr int kNarrowest = 280;
+  static constexpr int kUsualWidth = 359;
+
+  /// What is given must live on.
+  WidgetWindow(QtRunLoop& loop, Scene& scene, PanelAdapter& panel, Theme& theme,
+               WindowMemory& memory, const WindowWishes& wishes);
+  ~WidgetWindow() override;
+  WidgetWindow(const WidgetWindow&) = delete;
+  WidgetWindow& operator=(const WidgetWindow&) = delete;
+
+ protected:
+  bool event(QEvent* event) override;
+  void exposeEvent(QExposeEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void moveEvent(QMoveEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+
+ private:
+  /// Where the pointer went down, on the screen, and what it has hold of.
+  struct Grip {
+    QPoint start;
+    QRect geometry;
+    Qt::Edges edges;  // none to move the window
+    bool held = false;
+  };
+
+  Q_SLOT void fitHeight();
+  void loadContents();
+  void takeKeptPlace();
+  void followVisibility();
+  void putAwayOrBack();
+  bool press(const QKeyEvent& event);
+  Qt::Edges edgesAt(const QPoint& point) const;
+  bool takesByItself(QEvent& event);
+  void grip(const QMouseEvent& press);
+  void hold(QMouseEvent& move);
+  void showEdge(const QMouseEvent& move);
+  void keepSoon();
+  void keep();
+
+  QtRunLoop& loop_;
+  Scene& scene_;
+  PanelAdapter& panel_;
+  Theme& theme_;
+  WindowMemory& memory_;
+  std::optional<Grip> grip_;
+  std::optional<RunLoop::TimerId> keeping_;
+  bool wasSeen_ = false;
+  bool hiddenWithWindow_ = false;
+};
+
+}  // namespace wayfell

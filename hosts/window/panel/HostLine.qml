@@ -1,0 +1,101 @@
+// What the host itself says, beside the panel: a line of what is shown, and below it, where there
+// is any, what the user should hear of, and whose data is shown.
+import QtQuick
+
+Rectangle {
+    id: line
+
+    required property QtObject panel
+    required property QtObject look
+    readonly property real gap: 8
+    // The badge, the state and a warning have room on one line at every size of letters.
+    readonly property real pixelSize: Math.round(Math.min(11.5 * look.fontScale, width / 25))
+    readonly property real rowHeight: Math.ceil(pixelSize * 1.9)
+
+    component Words: Text {
+        height: line.rowHeight
+        color: line.look.caption
+        font.pixelSize: line.pixelSize
+        textFormat: Text.PlainText
+        horizontalAlignment: Text.AlignLeft
+        verticalAlignment: Text.AlignVCenter
+        Accessible.role: Accessible.StaticText
+        Accessible.name: text
+        Accessible.ignored: text === ""
+    }
+
+    objectName: "hostLine"
+    implicitWidth: 359
+    implicitHeight: rowHeight + message.height + credit.height
+    height: implicitHeight
+    radius: 4
+    color: look.backing
+    LayoutMirroring.enabled: look.rightToLeft
+    LayoutMirroring.childrenInherit: true
+
+    Rectangle {
+        anchors.fill: badge
+        anchors.topMargin: 3
+        anchors.bottomMargin: 3
+        radius: 4
+        color: line.look.plate
+        visible: badge.text !== ""
+    }
+    Words {
+        id: badge
+        objectName: "hostBadge"
+        anchors.left: parent.left
+        anchors.leftMargin: 3
+        leftPadding: text === "" ? 0 : 6
+        rightPadding: leftPadding
+        text: line.panel.badge
+        color: line.look.plateText
+        font.bold: true
+    }
+    Words {
+        objectName: "hostTitle"
+        anchors.left: badge.right
+        anchors.right: state.left
+        anchors.leftMargin: line.gap
+        anchors.rightMargin: line.gap
+        text: line.panel.title
+        elide: Text.ElideRight
+    }
+    Words {
+        id: state
+        objectName: "hostState"
+        anchors.right: warning.left
+        anchors.rightMargin: warning.text === "" ? 0 : line.gap
+        text: line.panel.state
+        color: line.look.value
+    }
+    Words {
+        id: warning
+        objectName: "hostWarning"
+        anchors.right: parent.right
+        anchors.rightMargin: line.gap
+        text: line.panel.warning
+        color: line.look.mark
+        font.bold: true
+    }
+    component Paragraph: Words {
+        x: line.gap
+        width: line.width - 2 * line.gap
+        height: visible ? implicitHeight + 4 : 0
+        visible: text !== ""
+        wrapMode: Text.Wrap
+    }
+    Paragraph {
+        id: message
+        objectName: "hostMessage"
+        y: line.rowHeight
+        text: line.panel.message
+        color: line.panel.fault === "" ? line.look.value : line.look.mark
+    }
+    Paragraph {
+        id: credit
+        objectName: "hostCredit"
+        y: line.rowHeight + message.height
+        text: line.panel.credit
+    }
+}

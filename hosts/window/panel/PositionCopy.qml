@@ -1,0 +1,26 @@
+// The position is copied by a tap on it.
+import QtQuick
+
+Item {
+    id: copy
+
+    required property QtObject panel
+    required property QtObject look
+
+    objectName: "positionCopy"
+    activeFocusOnTab: true
+    Keys.onSpacePressed: panel.copyPosition()
+    Keys.onReturnPressed: panel.copyPosition()
+    Keys.onEnterPressed: panel.copyPosition()
+    Accessible.role: Accessible.Button
+    Accessible.name: panel.copyWords
+    Accessible.focusable: true
+    Accessible.onPressAction: panel.copyPosition()
+
+    TouchArea {
+        // The window may be dragged by it.
+        readonly property bool letsDrag: true
+        onClicked: copy.panel.copyPosition()
+    }
+    FocusRing { look: copy.look }
+}

@@ -1,0 +1,53 @@
+// The panel's few pictures, drawn to the size of their item.
+#pragma once
+
+#include <QColor>
+#include <QQuickPaintedItem>
+
+namespace wayfell {
+
+class ShapeItem : public QQuickPaintedItem {
+  Q_OBJECT
+  Q_PROPERTY(Shape shape MEMBER shape_ WRITE setShape)
+  Q_PROPERTY(double turn MEMBER turn_ WRITE setTurn)
+  Q_PROPERTY(QColor color MEMBER color_ WRITE setColor)
+  Q_PROPERTY(QColor secondColor MEMBER secondColor_ WRITE setSecondColor)
+
+ public:
+  // Interface files see enumerators with a capital only.
+  // NOLINTBEGIN(readability-identifier-naming)
+  enum Shape {
+    Mark,        ///< a triangle that points down
+    Disclosure,  ///< an open angle that points to the right
+    Dial,        ///< a ring with a line at every 30 degrees, a long one at every 90
+    Needle,      ///< the half that points up in the color, the other one in the second color
+    Arrow,       ///< an arrowhead at the rim that points up
+  };
+  // NOLINTEND(readability-identifier-naming)
+  Q_ENUM(Shape)
+
+  explicit ShapeItem(QQuickItem* parent = nullptr) : QQuickPaintedItem(parent) {}
+
+  void setShape(Shape shape) { change(shape_, shape); }
+  /// Degrees, clockwise around the middle. Painted so, the edges stay smooth.
+  void setTurn(double degrees) { change(turn_, degrees); }
+  void setColor(const QColor& color) { change(color_, color); }
+  void setSecondColor(const QColor& color) { change(secondColor_, color); }
+
+  void paint(QPainter* painter) override;
+
+ private:
+  template <class Value>
+  void change(Value& value, const Value& newValue) {
+    if (value == newValue) return;
+    value = newValue;
+    update();
+  }
+
+  Shape shape_ = Mark;
+  double turn_ = 0;
+  QColor color_;
+  QColor secondColor_;
+};
+
+}  // namespace wayfell

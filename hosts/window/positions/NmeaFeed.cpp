@@ -1,0 +1,115 @@
+#include "hosts/window/positions/NmeaFeed.h"
+
+#include <QTcpSocket>
+#include <algorithm>
+#include <utility>
+
+#include "hosts/window/positions/DeviceFile.h"
+
+namespace wayfell {
+namespace {
+
+constexpr std::chrono::seconds kLongestSilence{9};
+
+// Qt takes an accuracy of twice this times the dilution of precision: 5 m times it, as elsewhere.
+constexpr double kRangeError = 2.5;  // metres
+
+bool isRecent(const std::optional<std::chrono::steady_clock::time_point>& when) {
+  return when && std::chrono::steady_clock::now() - *when < kLongestSilence;
+}
+
+}  // namespace
+
+NmeaFeed::NmeaFeed(IoRunLoop& loop, std::string name, OpenDevice openDevice, const NmeaWaits& waits)
+    : loop_(loop),
+      name_(std::move(name)),
+      openDevice_(std::move(openDevice)),
+      waits_(waits),
+      wait_(waits.first) {}
+
+NmeaFeed::~NmeaFeed() { close(); }
+
+void NmeaFeed::open() {
+  wait_ = waits_.first;
+  failure_.clear();
+  begin();
+}
+
+void NmeaFeed::close() {
+  end();
+  if (timer_) loop_.cancelTimer(*std::exchange(timer_, std::nullopt));
+}
+
+void NmeaFeed::begin() {
+  attempt_ = std::make_shared<bool>(true);
+  // Not at once: whoever reports a failure is still at work, and is about to be ended.
+  const Failed failed = [this, attempt = std::weak_ptr(attempt_)](const std::string& reason) {
+    loop_.perform([this, attempt, reason] {
+      if (!attempt.expired()) fail(reason);
+    });
+  };
+  device_ = openDevice_(failed);
+  if (!device_) return;
+  QObject::connect(device_.get(), &QIODevice::readyRead, device_.get(),
+                   [this] { lastBytes_ = Clock::now(); });
+  reader_ = std::make_unique<QNmeaPositionInfoSource>(QNmeaPositionInfoSource::RealTimeMode);
+  reader_->setUserEquivalentRangeError(kRangeError);
+  reader_->setDevice(device_.get());
+  QObject::connect(reader_.get(), &QGeoPositionInfoSource::positionUpdated, reader_.get(),
+                   [this](const QGeoPositionInfo& position) {
+                     lastPosition_ = Clock::now();
+                     wait_ = waits_.first;
+                     failure_.clear();
+                     if (onPosition) onPosition(position);
+                   });
+  reader_->startUpdates();
+}
+
+void NmeaFeed::fail(const std::string& reason) {
+  end();
+  failure_ = reason;
+  timer_ = loop_.scheduleTimer(wait_, false, [this] {
+    timer_.reset();
+    begin();
+  });
+  wait_ = std::min(2 * wait_, waits_.longest);
+}
+
+void NmeaFeed::end() {
+  attempt_.reset();
+  reader_.reset();
+  device_.reset();
+  lastBytes_.reset();
+  lastPosition_.reset();
+}
+
+std::string NmeaFeed::trouble() const {
+  if (timer_ || (attempt_ && !failure_.empty())) return "no contact: " + failure_;
+  if (!attempt_ || isRecent(lastPosition_)) return "";
+  return isRecent(lastBytes_) ? "no fix" : "receiver silent";
+}
+
+std::unique_ptr<NmeaFeed> nmeaFromServer(IoRunLoop& loop, const std::string& host,
+                                         std::uint16_t port, const NmeaWaits& waits) {
+  const auto open = [host, port](const NmeaFeed::Failed& failed) {
+    auto socket = std::make_unique<QTcpSocket>();
+    QTcpSocket* const each = socket.get();
+    // A connection that is closed by the other side ends with an error too.
+    QObject::connect(each, &QAbstractSocket::errorOccurred, each,
+                     [each, failed] { failed(each->errorString().toStdString()); });
+    each->connectToHost(QString::fromStdString(host), port, QIODevice::ReadOnly);
+    return socket;
+  };
+  const std::string name = "NMEA from " + host + ":" + std::to_string(port);
+  return std::make_unique<NmeaFeed>(loop, name, open, waits);
+}
+
+std::unique_ptr<NmeaFeed> nmeaFromDevice(IoRunLoop& loop, const std::string& path,
+                                         const NmeaWaits& waits) {
+  const auto open = [&loop, path](const NmeaFeed::Failed& failed) {
+    return DeviceFile::open(loop, path, failed);
+  };
+  return std::make_unique<NmeaFeed>(loop, "NMEA from " + path, open, waits);
+}
+
+}  // namespace wayfell

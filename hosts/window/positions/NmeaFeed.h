@@ -1,0 +1,69 @@
+// NMEA 0183, as receivers speak it, over TCP or from a device file. The connection is kept up: what
+// is not there, or hangs up, is tried again, after a wait that doubles from one second to thirty
+// until a position has come.
+#pragma once
+
+#include <QIODevice>
+#include <QNmeaPositionInfoSource>
+#include <chrono>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "hosts/services/IoRunLoop.h"
+#include "hosts/window/positions/PositionFeed.h"
+
+namespace wayfell {
+
+/// Seconds.
+struct NmeaWaits {
+  double first = 1;
+  double longest = 30;
+};
+
+class NmeaFeed : public PositionFeed {
+ public:
+  using Failed = std::function<void(const std::string& reason)>;
+  /// Begins to open a device, which calls back once it has failed, now or later.
+  using OpenDevice = std::function<std::unique_ptr<QIODevice>(const Failed& failed)>;
+
+  NmeaFeed(IoRunLoop& loop, std::string name, OpenDevice openDevice, const NmeaWaits& waits = {});
+  ~NmeaFeed() override;
+
+  void open() override;
+  void close() override;
+  std::string name() const override { return name_; }
+  std::string trouble() const override;
+
+ private:
+  using Clock = std::chrono::steady_clock;
+
+  void begin();
+  void fail(const std::string& reason);
+  void end();
+
+  IoRunLoop& loop_;
+  const std::string name_;
+  const OpenDevice openDevice_;
+  const NmeaWaits waits_;
+  double wait_;
+  std::shared_ptr<bool> attempt_;  // outlived by what its device may still report
+  std::unique_ptr<QIODevice> device_;
+  std::unique_ptr<QNmeaPositionInfoSource> reader_;
+  std::optional<RunLoop::TimerId> timer_;
+  std::string failure_;
+  std::optional<Clock::time_point> lastBytes_;
+  std::optional<Clock::time_point> lastPosition_;
+};
+
+/// The host may be a name or an address.
+std::unique_ptr<NmeaFeed> nmeaFromServer(IoRunLoop& loop, const std::string& host,
+                                         std::uint16_t port, const NmeaWaits& waits = {});
+/// A serial port is used at the speed that it is set to, and given back as it was. A file, as
+/// written by one who listens to a receiver, is read to its end.
+std::unique_ptr<NmeaFeed> nmeaFromDevice(IoRunLoop& loop, const std::string& path,
+                                         const NmeaWaits& waits = {});
+
+}  // namespace wayfell

@@ -1,0 +1,54 @@
+#include "hosts/window/positions/PositionMapping.h"
+
+#include <QDateTime>
+#include <QGeoCoordinate>
+#include <cmath>
+
+namespace wayfell {
+namespace {
+
+constexpr double kUsualAccuracy = 5;          // metres, and degrees
+constexpr double kSlowest = 0.25;             // metres per second
+constexpr double kReferenceDate = 978307200;  // seconds since 1970
+constexpr double kMillisecondsToSecond = 1000;
+
+double attribute(const QGeoPositionInfo& info, QGeoPositionInfo::Attribute which, double other) {
+  const double value = info.attribute(which);  // not a number without one
+  return info.hasAttribute(which) && std::isfinite(value) && value >= 0 ? value : other;
+}
+
+NSDate timeOf(const QGeoPositionInfo& info, NSDate now) {
+  if (!info.timestamp().isValid()) return now;
+  const auto milliseconds = static_cast<double>(info.timestamp().toMSecsSinceEpoch());
+  return {milliseconds / kMillisecondsToSecond - kReferenceDate};
+}
+
+}  // namespace
+
+std::optional<CLLocation> locationOf(const QGeoPositionInfo& info, NSDate now) {
+  const QGeoCoordinate coordinate = info.coordinate();
+  if (!coordinate.isValid()) return std::nullopt;
+  const bool hasAltitude = std::isfinite(coordinate.altitude());
+  CLLocation location;
+  location.coordinate = {coordinate.latitude(), coordinate.longitude()};
+  location.altitude = hasAltitude ? coordinate.altitude() : 0;
+  location.horizontalAccuracy = attribute(info, QGeoPositionInfo::HorizontalAccuracy, -1);
+  location.verticalAccuracy =
+      hasAltitude ? attribute(info, QGeoPositionInfo::VerticalAccuracy, kUsualAccuracy) : -1;
+  location.speed = attribute(info, QGeoPositionInfo::GroundSpeed, -1);
+  const bool stands = location.speed >= 0 && location.speed < kSlowest;
+  location.course = stands ? -1 : attribute(info, QGeoPositionInfo::Direction, -1);
+  location.timestamp = timeOf(info, now);
+  return location;
+}
+
+CLHeading headingOf(double azimuth, double calibrationLevel, std::optional<double> variation) {
+  constexpr double kTurn = 360;
+  CLHeading heading;
+  heading.magneticHeading = azimuth;
+  if (variation) heading.trueHeading = std::fmod(azimuth + *variation + kTurn, kTurn);
+  heading.headingAccuracy = calibrationLevel > 0 ? kUsualAccuracy : -1;
+  return heading;
+}
+
+}  // namespace wayfell

@@ -1,0 +1,11 @@
+// Tests of the window need an application, and a platform that nobody looks at.
+#include <gtest/gtest.h>
+
+#include <QGuiApplication>
+
+int main(int argc, char** argv) {
+  testing::InitGoogleTest(&argc, argv);
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  const QGuiApplication application(argc, argv);
+  return RUN_ALL_TESTS();
+}

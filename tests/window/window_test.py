@@ -1,0 +1,244 @@
+#!/usr/bin/env python3
+"""Drives wayfell-widget by a real pointer and real keys, on an X display of its own.
+
+    window_test.py WIDGET WAYFELL [TEST...]
+
+What the window's widget shows is compared with what `wayfell replay` says of the same recording with
+the same taps in it.
+"""
+
+import json
+import pathlib
+import signal
+import subprocess
+import sys
+import unittest
+
+from x_display import Display, Window, wait_until
+
+WALK = pathlib.Path(__file__).resolve().parent.parent / "terminal" / "walk.jsonl"
+START = 1000  # of the walk
+LAST = 18
+WIDGET = WAYFELL = ""
+
+# Of the usual panel, 359 points wide.
+TOGGLE = (335, 22)
+OPEN = (287, 22)
+POSITION = (150, 20)
+NOTHING = (200, 264)  # the address
+HEIGHTS = {"expanded": 286, "compact": 78}
+
+
+def segment(number):
+    return (10 + 68 * number + 34, 226)
+
+
+def walk_with_snapshots():
+    """The walk, shown at each of its seconds."""
+    events = [json.loads(line) for line in WALK.read_text(encoding="utf-8").splitlines()]
+    events += [{"t": START + second, "show": True} for second in range(LAST + 1)]
+    return sorted(events, key=lambda event: event["t"])
+
+
+def text_of(events):
+    return "".join(json.dumps(event) + "\n" for event in events)
+
+
+class Walker:
+    """Goes through the walk in a window second by second, and remembers what it did."""
+
+    def __init__(self, display, *arguments):
+        self.recording = display.path("walk.jsonl")
+        self.recording.write_text(text_of(walk_with_snapshots()), encoding="utf-8")
+        self.snapshots = display.path("snapshots.jsonl")
+        self.window = Window(display, WIDGET, "--source", f"replay={self.recording}", "--rate", "0",
+                             "--snapshots", str(self.snapshots), *arguments)
+        self.seconds = 0
+        self.taps = []
+
+    def seen(self):
+        return self.snapshots.read_text(encoding="utf-8").splitlines()
+
+    def step(self, seconds=1):
+        for _ in range(seconds):
+            self.seconds += 1
+            self.window.keys("period")
+        # The first second is played before anyone can look.
+        wait_until(lambda: len(self.seen()) == self.seconds, f"snapshot {self.seconds}")
+
+    def did(self, event):
+        self.taps.append({"t": START + self.seconds, **event})
+
+    def click(self, place, event):
+        self.window.click(*place)
+        self.did(event)
+
+    def press(self, key, event):
+        self.window.keys(key)
+        self.did(event)
+
+    def replayed(self):
+        events = walk_with_snapshots() + self.taps
+        events.sort(key=lambda event: event["t"])  # stable: what was done comes after the snapshot
+        done = subprocess.run([WAYFELL, "replay", "-"], text=True, capture_output=True, check=True,
+                              input=text_of(events))
+        return done.stdout.splitlines()[1:self.seconds + 1]
+
+
+class WindowTest(unittest.TestCase):
+    def setUp(self):
+        self.display = self.enterContext(Display())
+
+    def demo(self, *arguments):
+        return Window(self.display, WIDGET, "--source", "demo", "--rate", "0", *arguments)
+
+    def wait_for_panel(self, window, layout):
+        """The window is as high as the panel and one line."""
+        window.wait_for_geometry(
+            layout, lambda x, y, width, height: 15 < height - HEIGHTS[layout] < 40)
+
+    def test_a_whole_walk(self):
+        walker = Walker(self.display)
+        with walker.window as window:
+            self.wait_for_panel(window, "expanded")
+            walker.step(2)
+            walker.click(segment(3), {"segment": 3})
+            walker.step()
+            walker.press("4", {"segment": 4})
+            walker.step()
+            walker.click(OPEN, {"tap": "openLabel"})
+            walker.press("o", {"tap": "openLabel"})
+            walker.step()
+            walker.click(TOGGLE, {"tap": "toggleViewButton"})
+            self.wait_for_panel(window, "compact")
+            walker.step()
+            walker.click(OPEN, {"tap": "openMiniLabel"})
+            walker.press("t", {"tap": "toggleViewButton"})
+            self.wait_for_panel(window, "expanded")
+            window.click(*NOTHING)
+            walker.step(6)
+            walker.press("h", {"disappear": True})
+            window.wait_for_geometry("the host's line alone", lambda x, y, w, height: height < 40)
+            walker.step()  # to a fix, which the hidden panel does not see
+            window.keys("t", "1")  # nor does it feel keys
+            walker.press("h", {"appear": True})
+            self.wait_for_panel(window, "expanded")
+            walker.step(1)
+            walker.click(segment(0), {"segment": 0})
+            walker.step(4)  # the recording hides and shows it
+            self.assertEqual(walker.seen(), walker.replayed())
+            self.assertEqual(walker.seconds, LAST)
+
+    def test_it_is_dragged_and_made_wider_and_comes_back_there(self):
+        with self.demo() as window:
+            self.wait_for_panel(window, "expanded")
+            x, y, width, _ = window.geometry()
+            window.drag(*NOTHING, 200, 120)
+            window.wait_for_geometry("moved", lambda *now: now[:2] == (x + 200, y + 120))
+            window.drag(*POSITION, 30, 10)  # which is no button
+            window.wait_for_geometry("moved on", lambda *now: now[:2] == (x + 230, y + 130))
+            window.drag(*TOGGLE, 50, 50)  # which is one
+            window.drag(357, 150, 100, 0)
+            window.wait_for_geometry("wider", lambda *now: now[2] == width + 100)
+            window.drag(2, 150, 300, 0)
+            window.wait_for_geometry("narrowest", lambda *now: now[2] == 280)
+            kept = window.geometry()
+            self.assertEqual(kept[0] + kept[2], x + 230 + width + 100)  # its right edge stayed
+            window.keys("q")
+            self.assertEqual(window.ended(), 0)
+        with self.demo() as window:
+            window.wait_for_geometry("where it was", lambda *now: now == kept)
+
+    def test_the_place_is_forgotten_when_no_screen_has_it(self):
+        with self.demo() as window:
+            self.wait_for_panel(window, "expanded")
+            self.display.xdotool("windowmove", window.id, 5000, 5000)
+            window.wait_for_geometry("moved", lambda *now: now[:2] == (5000, 5000))
+            window.keys("q")
+            window.ended()
+        with self.demo() as window:
+            window.wait_for_geometry("seen", lambda x, y, *_: x < 1024 and y < 768)
+
+    def test_the_position_is_copied(self):
+        walker = Walker(self.display)
+        with walker.window as window:
+            walker.step(2)
+            window.click(*POSITION)
+            shown = json.loads(walker.seen()[-1])["labels"]["userCoordinateLabel"]
+            wait_until(lambda: self.display.clipboard() == shown, shown)
+
+    def test_the_position_is_copied_in_another_format(self):
+        walker = Walker(self.display, "--copy-format", "mgrs")
+        with walker.window as window:
+            walker.step(2)
+            window.keys("ctrl+c")
+            converted = subprocess.run(
+                [WAYFELL, "convert", "--to", "mgrs", "45.0000255", "7.0000359"], text=True,
+                capture_output=True, check=True).stdout.strip()
+            wait_until(lambda: self.display.clipboard() == converted, converted)
+
+    def test_it_ends_by_signals_and_keys(self):
+        for end in (signal.SIGTERM, signal.SIGINT, "q", "ctrl+q"):
+            with self.subTest(end), self.demo() as window:
+                self.wait_for_panel(window, "expanded")
+                if isinstance(end, str):
+                    window.keys(end)
+                else:
+                    window.process.send_signal(end)
+                self.assertEqual(window.ended(), 0)
+                self.assertNotIn("wayfell-widget:", window.process.stderr.read())
+
+    def test_a_recording_that_breaks_off_is_told(self):
+        file = self.display.path("broken.jsonl")
+        file.write_text('{"t":0,"appear":true}\n{"t":1,', encoding="utf-8")
+        with Window(self.display, WIDGET, "--source", f"replay={file}") as window:
+            window.keys("q")
+            self.assertEqual(window.ended(), 1)
+            self.assertIn("line 2", window.process.stderr.read())
+
+
+class CommandLineTest(unittest.TestCase):
+    def run_widget(self, *arguments, **environment):
+        return subprocess.run([WIDGET, *arguments], text=True, capture_output=True, check=False,
+                              env={"PATH": "/usr/bin:/bin", "HOME": "/dev/null", **environment})
+
+    def test_without_a_display_it_says_so(self):
+        for environment in ({}, {"DISPLAY": ":32000"},
+                            {"WAYLAND_DISPLAY": "none", "XDG_RUNTIME_DIR": "/dev/null"}):
+            with self.subTest(environment):
+                done = self.run_widget("--source", "demo", **environment)
+                self.assertEqual(done.returncode, 1)
+                self.assertIn("no display answers", done.stderr)
+                self.assertEqual(self.run_widget("--check-display", **environment).returncode, 1)
+        with Display() as display:
+            answer = self.run_widget("--check-display", DISPLAY=display.environment["DISPLAY"])
+            self.assertEqual(answer.returncode, 0)
+
+    def test_bad_usage(self):
+        for arguments in (["--source", "nowhere"], ["--source", "gpsd", "--rate", "2"],
+                          ["--theme", "pink"], ["--copy-format", "dd"], ["--rate", "fast"],
+                          ["--font-scale", "3"], ["more"]):
+            with self.subTest(arguments):
+                done = self.run_widget(*arguments)
+                self.assertEqual(done.returncode, 2)
+                self.assertTrue(done.stderr)
+
+    def test_bad_recordings(self):
+        for arguments, said in ((["--source", "replay=/dev/null/x"], "/dev/null/x: "),
+                                (["--source", "demo", "--local", "units"], "--local: ")):
+            with self.subTest(arguments):
+                done = self.run_widget(*arguments, QT_QPA_PLATFORM="offscreen")
+                self.assertNotEqual(done.returncode, 0)
+                self.assertIn(said, done.stderr)
+
+    def test_help_says_what_the_manual_says(self):
+        shown = self.run_widget("--help").stdout
+        for option in ("--source", "--rate", "--suite", "--local", "--always-on-top", "--theme",
+                       "--opaque", "--font-scale", "--still", "--copy-format", "--check-display",
+                       "--version"):
+            self.assertIn(option, shown)
+
+
+if __name__ == "__main__":
+    WIDGET, WAYFELL = sys.argv[1:3]
+    unittest.main(argv=sys.argv[:1] + sys.argv[3:])

@@ -1,0 +1,211 @@
+// Where things stand: at every width, in every layout and language, nothing is cut or covered.
+#include <gtest/gtest.h>
+
+#include <map>
+
+#include "ShownPanel.h"
+
+namespace wayfell {
+namespace {
+
+using Texts = std::map<std::string, std::string, std::less<>>;
+
+struct Language {
+  const char* name;
+  bool rightToLeft;
+  Texts texts;
+};
+
+const Language kLanguages[] = {
+    {"English", false, {}},
+    {"German",
+     false,
+     {{"Latitude\nLongitude", "Breitengrad\nLängengrad"},
+      {"Altitude", "Höhe über Meer"},
+      {"Speed", "Geschwindigkeit"},
+      {"Pace", "Lauftempo"},
+      {"Distance", "Entfernung"},
+      {"Time", "Dauer der Spur"},
+      {"ETA", "Ankunft in"},
+      {"Open", "Öffnen"},
+      {"Dec", "Dezimal"},
+      {"%d hr %d m", "%d Std. %d Min."}}},
+    {"Arabic",
+     true,
+     {{"Latitude\nLongitude", "خط العرض\nخط الطول"},
+      {"Altitude", "الارتفاع"},
+      {"Speed", "السرعة"},
+      {"Pace", "الوتيرة"},
+      {"Distance", "المسافة"},
+      {"Time", "الوقت"},
+      {"ETA", "الوصول"},
+      {"Open", "فتح"}}},
+};
+
+CLLocation fixAt(double latitude, double longitude, double altitude) {
+  CLLocation fix;
+  fix.coordinate = {latitude, longitude};
+  fix.altitude = altitude;
+  fix.horizontalAccuracy = 5;
+  fix.verticalAccuracy = 5;
+  return fix;
+}
+
+// A widget that shows the longest texts there are: slow, far away, on a long track.
+void fill(ReplayedWidget& widget, const Language& language) {
+  for (const auto& [key, text] : language.texts) widget.host().strings.translations[key] = text;
+  widget.host().geocoder.answer = CLPlacemark{CNPostalAddress{
+      "Rindfleischetikettierungsüberwachungsstraße 1234 b, Hinterhaus",
+      "Llanfairpwllgwyngyllgogerychwyrndrobwllllantysiliogogogoch", "Sachsen-Anhalt"}};
+  widget.apply(event::WriteSuite{{{"units", PropertyValue(2)},
+                                  {"speed", PropertyValue(1)},
+                                  {"useMils", PropertyValue(true)},
+                                  {"hasWaypoint", PropertyValue(true)},
+                                  {"waypointLatitude", PropertyValue(40.0)},
+                                  {"waypointLongitude", PropertyValue(-100.0)},
+                                  {"distance", PropertyValue(12345678.9)},
+                                  {"time", PropertyValue(3599999.0)}}});
+  widget.start();
+  widget.apply(event::Locate{{fixAt(-46.98274, -127.94186, 12345)}});
+  CLHeading heading;
+  heading.trueHeading = 355;
+  heading.headingAccuracy = 1;
+  widget.apply(event::Turn{heading});
+}
+
+bool isText(const QQuickItem* item) { return item->inherits("QQuickText"); }
+
+std::vector<QQuickItem*> visibleTexts(const ShownPanel& panel) {
+  std::vector<QQuickItem*> texts;
+  for (QQuickItem* item : panel.items()) {
+    if (isText(item) && item->isVisible() && !item->property("text").toString().isEmpty()) {
+      texts.push_back(item);
+    }
+  }
+  return texts;
+}
+
+QRectF placeOf(const QQuickItem& item, const QQuickItem& within) {
+  return item.mapRectToItem(&within, QRectF({0, 0}, item.size()));
+}
+
+void expectNothingCut(ShownPanel& panel) {
+  panel.draw();
+  const auto texts = visibleTexts(panel);
+  ASSERT_GE(texts.size(), 5U);
+  for (const QQuickItem* text : texts) {
+    SCOPED_TRACE(text->objectName().toStdString() + ": " +
+                 text->property("text").toString().toStdString());
+    const QRectF allowed = text->parentItem()->boundingRect().adjusted(-0.01, -0.01, 0.01, 0.01);
+    EXPECT_TRUE(allowed.contains(placeOf(*text, *text->parentItem())));
+    EXPECT_TRUE(panel.root().boundingRect().contains(placeOf(*text, panel.root())));
+    EXPECT_LE(text->property("contentWidth").toDouble(), text->width() + 0.5);
+    EXPECT_LE(text->property("contentHeight").toDouble(), text->height() + 1);
+    const bool mayEndEarly =
+        text->objectName() == "addressLabel" || text->objectName() == "hostTitle";
+    EXPECT_TRUE(mayEndEarly || !text->property("truncated").toBool());
+    for (const QQuickItem* other : texts) {
+      if (other == text) continue;
+      EXPECT_FALSE(placeOf(*text, panel.root()).intersects(placeOf(*other, panel.root())))
+          << "covers " << other->objectName().toStdString();
+    }
+  }
+}
+
+class Layout : public testing::TestWithParam<std::size_t> {};
+
+TEST_P(Layout, NothingIsCutOrCovered) {
+  const Language& language = kLanguages[GetParam()];
+  ReplayedWidget widget;
+  fill(widget, language);
+  ShownPanel panel(widget);
+  panel.style().setRightToLeft(language.rightToLeft);
+  for (const double height : {286.0, 78.0}) {
+    for (const double width : {280.0, 359.0, 600.0}) {
+      for (const double fontScale : {1.0, 2.0}) {
+        panel.resize(width);
+        panel.style().setFontScale(fontScale);
+        for (int format = 0; format < 5; ++format) {
+          SCOPED_TRACE(testing::Message() << language.name << " " << width << " x " << height
+                                          << ", fonts x " << fontScale << ", format " << format);
+          panel.adapter().pick(format);
+          EXPECT_EQ(panel.root().height(), height);
+          expectNothingCut(panel);
+        }
+      }
+    }
+    panel.adapter().tap("toggleViewButton");
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Languages, Layout, testing::Range<std::size_t>(0, std::size(kLanguages)),
+                         [](const auto& language) { return kLanguages[language.param].name; });
+
+TEST(PanelLayout, ShowsWhatTheViewsSay) {
+  ReplayedWidget widget;
+  fill(widget, kLanguages[0]);
+  ShownPanel panel(widget);
+  const auto isSeen = [&](const char* name) { return panel.item(name).isVisible(); };
+  EXPECT_TRUE(isSeen("waypointDataView") && isSeen("compassArrowView") && isSeen("trackDataView"));
+  EXPECT_FALSE(isSeen("miniTrackDataView"));
+  panel.adapter().tap("toggleViewButton");
+  EXPECT_TRUE(isSeen("miniTrackDataView") && isSeen("cornerView") && isSeen("openMiniView"));
+  for (const char* name : {"trackDataView", "waypointDataView", "compassRotatingView",
+                           "compassArrowImageView", "compassView", "addressLabel"}) {
+    EXPECT_FALSE(isSeen(name)) << name;
+  }
+  widget.apply(event::WriteSuite{{{"hasWaypoint", PropertyValue(false)}}});
+  panel.adapter().tap("toggleViewButton");
+  panel.draw();
+  EXPECT_TRUE(isSeen("compassRotatingView"));
+  EXPECT_FALSE(isSeen("waypointDataView") || isSeen("compassArrowView"));
+}
+
+TEST(HostLine, HasRoomForAllItSays) {
+  ReplayedWidget widget;
+  widget.start();
+  for (const double width : {280.0, 359.0, 600.0}) {
+    ShownPanel line(widget, width, "HostLine");
+    line.scene().said = {"REPLAY",
+                         "a-long-walk-over-the-hills-and-back-again.gpx",
+                         "12:05:00  paused  ×0.1",
+                         "fix 3600 s old",
+                         {}};
+    line.scene().failed =
+        "line 1234: the number of satellites in \"used\" is no whole number: \"many\"";
+    for (const double fontScale : {1.0, 2.0}) {
+      SCOPED_TRACE(testing::Message() << width << ", fonts x " << fontScale);
+      line.style().setFontScale(fontScale);
+      expectNothingCut(line);
+    }
+    const double height = line.root().height();
+    line.scene().failed.reset();
+    line.draw();
+    EXPECT_LT(line.root().height(), height);
+    EXPECT_FALSE(line.item("hostMessage").isVisible());
+  }
+}
+
+TEST(PanelLayout, MirrorsAllButTheTape) {
+  ReplayedWidget widget;
+  fill(widget, kLanguages[2]);
+  ShownPanel panel(widget);
+  const auto left = [&](const char* name) {
+    return panel.item(name).mapRectToItem(&panel.root(), panel.item(name).boundingRect()).left();
+  };
+  const auto right = [&](const char* name) {
+    return panel.item(name).mapRectToItem(&panel.root(), panel.item(name).boundingRect()).right();
+  };
+  std::map<const char*, double> starts;
+  const char* const names[] = {"cornerView",    "dataView",      "compassView",
+                               "openView",      "trackDataView", "waypointDataView",
+                               "altitudeLabel", "timeLabel",     "segment0"};
+  for (const char* name : names) starts[name] = left(name);
+  const double tape = panel.item("compassLabel").x();
+  panel.style().setRightToLeft(true);
+  for (const char* name : names) EXPECT_EQ(359 - right(name), starts[name]) << name;
+  EXPECT_EQ(panel.item("compassLabel").x(), tape);
+}
+
+}  // namespace
+}  // namespace wayfell
