@@ -96,12 +96,12 @@ TEST_P(GeocoderTest, AnswersEachOfSeveral) {
   EXPECT_EQ(last.has_value(), GetParam().finds);
 }
 
-TEST_P(GeocoderTest, AnswersBeforeItIsGone) {
+TEST_P(GeocoderTest, IsSilentOnceItIsGone) {
   geocoder->reverseGeocode(at(1, 1), completion());
+  const int before = completions;
   geocoder.reset();
-  EXPECT_EQ(completions, 1);
   goOnAWhile();
-  EXPECT_EQ(completions, 1);
+  EXPECT_EQ(completions, before);
 }
 
 TEST_P(GeocoderTest, MayBeDestroyedByItsCompletion) {
