@@ -130,7 +130,8 @@ void writeAhead(Database& database, std::chrono::milliseconds longest) {
   // last ones. Settings change a few times a minute, so that it costs nothing that anyone notices.
   database.execute("PRAGMA synchronous = FULL");
   if (journalModeAfter(database, "PRAGMA journal_mode") == "wal") return;
-  // The change of mode needs the file alone, for which SQLite waits in some cases and not in others.
+  // The change of mode needs the file alone, for which SQLite waits in some cases and not in
+  // others.
   using std::chrono::steady_clock;
   database.waitForLocks(kModePause);
   for (const auto end = steady_clock::now() + longest; steady_clock::now() < end;) {
