@@ -50,8 +50,9 @@ std::string LiveScene::warning() const {
   if (!lastFix_) return trouble.empty() ? std::string(kNoFixYet) : trouble;
   // The age by when the fix came: the machine's clock may be wrong, or the receiver's.
   const std::string old = fixAgeText(std::chrono::duration<double>(now_() - lastFixCame_).count());
-  if (trouble.empty() || old.empty()) return trouble + old;
-  return trouble + ", " + old;
+  // The age first, which is never cut off.
+  if (trouble.empty() || old.empty()) return old + trouble;
+  return old + ", " + trouble;
 }
 
 Scene::Lines LiveScene::lines() const {

@@ -118,15 +118,16 @@ void TodayScreen::drawLines(int row, const Panel& panel) const {
   const int title = first + columnsOf(badge) + 1;
   terminal_.put(row, first, badge, {.bold = true, .reverse = true});
   terminal_.put(row, title,
-                fitted(shownLines_.title, last - columnsOf(shownLines_.state) - 2 - title));
+                fitted(printable(shownLines_.title), last - columnsOf(shownLines_.state) - 2 - title));
   putRight(row, shownLines_.state, {.bold = true});
 
-  const int warningColumns = shownLines_.warning.empty() ? 0 : columnsOf(shownLines_.warning) + 1;
+  const std::string warning = fitted(printable(shownLines_.warning), last - first - 1);
+  const int warningColumns = warning.empty() ? 0 : columnsOf(warning) + 1;
   const int columns = last - first - 1 - warningColumns;
   terminal_.put(row + 1, first + 1, fitted(printable(message(panel, columns)), columns),
                 {.dim = true});
-  putRight(row + 1, shownLines_.warning, {.bold = true, .color = TerminalColor::red});
-  terminal_.put(row + 2, first + 1, fitted(shownLines_.credit, last - first - 1), {.dim = true});
+  putRight(row + 1, warning, {.bold = true, .color = TerminalColor::red});
+  terminal_.put(row + 2, first + 1, fitted(printable(shownLines_.credit), last - first - 1), {.dim = true});
 }
 
 std::optional<Touch> TodayScreen::touchAt(Click click) const {

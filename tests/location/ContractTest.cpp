@@ -36,24 +36,28 @@ class GpsdSetting : public Setting {
   }
 
  private:
-  // gpsd's version tells when the source has come as far.
+  // The name of gpsd's receiver tells when the source has come as far.
   void report(const std::string& text) {
     if (source_.state().kind == GpsdState::Kind::stopped) return;
-    runUntil(loop_, [this] { return !source_.state().version.empty(); });
+    runUntil(loop_, [this] { return !source_.state().device.empty(); });
     const std::string mark = std::to_string(++marks_);
-    server_.say(text + R"({"class":"VERSION","release":")" + mark + "\"}\n");
+    server_.say(text + listOf(mark));
     runUntil(loop_, [&] {
-      // A delegate may have stopped it, which forgets the version.
-      return source_.state().version == mark || source_.state().version.empty();
+      // A delegate may have stopped it, which forgets the receiver.
+      return source_.state().device == mark || source_.state().device.empty();
     });
     // Fixes of nothing but a position are waited for to be completed.
     bool waited = false;
     loop_.scheduleTimer(2 * kQuick.parts, false, [&] { waited = true; });
     runUntil(loop_, [&] { return waited; });
   }
+  static std::string listOf(const std::string& path) {
+    return R"({"class":"DEVICES","devices":[{"path":")" + path + "\"}]}\n";
+  }
+
   EventLoop loop_;
   SimulatedRunLoop clock_;
-  LoopbackServer server_{loop_, "{\"class\":\"VERSION\",\"release\":\"0\"}\n"};
+  LoopbackServer server_{loop_, listOf("0")};
   GpsdSource source_{loop_, clock_, loopback(server_.port()), kQuick};
   int second_ = 0;
   int marks_ = 0;

@@ -110,14 +110,14 @@ TEST(RealGpsd, MayBeKilledAndStartedAgain) {
   manager.startUpdatingHeading();
   runUntil(loop, is(Kind::waiting));
   GpsdProcess gpsd(port, receiver.port());
-  runUntil(loop, [&] { return receiver.isConnected() && !source.state().version.empty(); });
+  runUntil(loop, [&] { return receiver.isConnected() && !source.state().device.empty(); });
 
   int now = 10;
   const auto report = [&] { receiver.say(second(now++)); };
   auto feeder = loop.scheduleTimer(0.1, true, report);
   runUntil(loop, [&] { return received->fixes.size() >= 5 && received->headings.size() >= 3; });
   loop.cancelTimer(feeder);
-  EXPECT_EQ(source.state().device.path, "tcp://127.0.0.1:" + std::to_string(receiver.port()));
+  EXPECT_EQ(source.state().device, "tcp://127.0.0.1:" + std::to_string(receiver.port()));
   EXPECT_TRUE(source.deliversHeadings());
 
   receiver.say(secondWithoutFix(now++));
@@ -128,7 +128,7 @@ TEST(RealGpsd, MayBeKilledAndStartedAgain) {
   const std::size_t before = received->fixes.size();
   runUntil(loop, [&] { return !receiver.isConnected(); });
   gpsd.start();
-  runUntil(loop, [&] { return receiver.isConnected() && !source.state().version.empty(); });
+  runUntil(loop, [&] { return receiver.isConnected() && !source.state().device.empty(); });
   EXPECT_EQ(received->fixes.size(), before);
   now = 40;
   feeder = loop.scheduleTimer(0.1, true, report);

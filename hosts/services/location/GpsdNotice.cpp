@@ -19,7 +19,7 @@ std::string textOf(const Json& object, const char* name) {
 GpsdDevice deviceOf(const Json& object) {
   const auto activated = object.find("activated");
   const bool closed = activated != object.end() && activated->is_number() && *activated == 0;
-  return {textOf(object, "path"), textOf(object, "driver"), closed};
+  return {textOf(object, "path"), closed};
 }
 
 std::vector<GpsdDevice> devicesOf(const Json& object) {
@@ -44,14 +44,11 @@ bool isGpsdObject(std::string_view line, std::string_view className) {
 
 GpsdNotice readNotice(std::string_view line) {
   GpsdNotice notice;
-  const bool version = isGpsdObject(line, "VERSION");
   const bool devices = isGpsdObject(line, "DEVICES");
-  if (!version && !devices && !isGpsdObject(line, "DEVICE")) return notice;
+  if (!devices && !isGpsdObject(line, "DEVICE")) return notice;
   const Json object = Json::parse(line, nullptr, false);
   if (!object.is_object()) return notice;
-  if (version) {
-    notice.version = textOf(object, "release");
-  } else if (devices) {
+  if (devices) {
     notice.devices = devicesOf(object);
   } else {
     notice.device = deviceOf(object);

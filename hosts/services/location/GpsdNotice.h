@@ -1,4 +1,4 @@
-// What gpsd says about itself and its receivers: its objects VERSION, DEVICES and DEVICE.
+// What gpsd says about its receivers: its objects DEVICES and DEVICE.
 #pragma once
 
 #include <optional>
@@ -14,8 +14,7 @@ bool isGpsdObject(std::string_view line);
 bool isGpsdObject(std::string_view line, std::string_view className);
 
 struct GpsdDevice {
-  std::string path;    ///< "/dev/ttyACM0"
-  std::string driver;  ///< "u-blox"; empty until gpsd has found out
+  std::string path;  ///< "/dev/ttyACM0"
   bool closed = false;
 
   friend bool operator==(const GpsdDevice&, const GpsdDevice&) = default;
@@ -23,7 +22,6 @@ struct GpsdDevice {
 
 /// Holds one of them, or none.
 struct GpsdNotice {
-  std::optional<std::string> version;
   std::optional<std::vector<GpsdDevice>> devices;  ///< all that there are
   std::optional<GpsdDevice> device;                ///< one that has changed
 };

@@ -68,7 +68,6 @@ void GpsdSource::forgetDaemon() {
   epochs_.reset();
   receiver_.giveUp();
   compass_.giveUp();
-  version_.clear();
   devices_.reset();
   ticksSinceReport_ = 0;
 }
@@ -89,7 +88,6 @@ void GpsdSource::take(std::string_view line) {
 }
 
 void GpsdSource::takeNotice(const GpsdNotice& notice) {
-  if (notice.version) version_ = *notice.version;
   if (notice.devices) devices_ = *notice.devices;
   if (notice.device) {
     const GpsdDevice& changed = *notice.device;
@@ -162,7 +160,6 @@ void GpsdSource::update() {
     now.reason = link_.failure();
     now.nextAttempt = link_.nextAttempt();
   }
-  now.version = version_;
   now.device = shownDevice();
   now.heading = headingUser_ != nullptr && compass_.isFollowing();
   if (now == state_) return;
@@ -182,14 +179,14 @@ GpsdState::Kind GpsdSource::kind() const {
   return ticksSinceReport_ > kSilentTicks ? Kind::silent : Kind::noFix;
 }
 
-GpsdDevice GpsdSource::shownDevice() const {
+std::string GpsdSource::shownDevice() const {
   if (!devices_) return {};
   const auto followed =
       std::find_if(devices_->begin(), devices_->end(),
                    [this](const GpsdDevice& each) { return receiver_.isFollowed(each.path); });
-  if (followed != devices_->end()) return *followed;
+  if (followed != devices_->end()) return followed->path;
   const auto first = std::find_if(devices_->begin(), devices_->end(), isOpen);
-  return first == devices_->end() ? GpsdDevice() : *first;
+  return first == devices_->end() ? "" : first->path;
 }
 
 }  // namespace wayfell

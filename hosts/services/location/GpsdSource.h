@@ -44,8 +44,7 @@ struct GpsdState {
   Kind kind = Kind::stopped;
   std::string reason;  ///< of waiting: "Connection refused"
   std::chrono::steady_clock::time_point nextAttempt;
-  std::string version;   ///< gpsd's, "3.22"; empty until it has told
-  GpsdDevice device;     ///< the receiver followed, or else gpsd's first; empty without any
+  std::string device;    ///< the path of the receiver followed, or else of gpsd's first; or empty
   bool heading = false;  ///< whether a compass reports
 
   friend bool operator==(const GpsdState&, const GpsdState&) = default;
@@ -94,7 +93,7 @@ class GpsdSource : public LocationSource {
   void forgetDaemon();
   void update();
   GpsdState::Kind kind() const;
-  GpsdDevice shownDevice() const;
+  std::string shownDevice() const;
 
   IoRunLoop& loop_;
   const Clock& clock_;
@@ -104,7 +103,6 @@ class GpsdSource : public LocationSource {
   CLLocationManager* headingUser_ = nullptr;
 
   GpsdState state_;
-  std::string version_;
   std::optional<std::vector<GpsdDevice>> devices_;  // none until gpsd has told
   int ticksSinceReport_ = 0;
 

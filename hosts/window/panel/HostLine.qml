@@ -74,7 +74,9 @@ Rectangle {
         objectName: "hostWarning"
         anchors.right: parent.right
         anchors.rightMargin: line.gap
+        width: Math.min(implicitWidth, line.width - badge.width - state.width - 6 * line.gap)
         text: line.panel.warning
+        elide: Text.ElideRight
         color: line.look.mark
         font.bold: true
     }
