@@ -18,23 +18,33 @@ namespace wayfell {
 namespace {
 
 // Of the first fix, where the panel is printed once.
-constexpr double kLongestWait = 30;  // seconds
+constexpr double kLongestWait = 30;  // seconds, as is
+constexpr double kPatience = 1;      // before someone who waits is told what for
 
 // Brings the services' warnings to the user: on standard error, but while a scene is on the
 // terminal on the scene first, and on standard error when that is over.
 class Notices {
  public:
-  ~Notices() { sayAll(); }
+  // While it lives the scene, which must outlive it, is on the terminal.
+  class OnScreen {
+   public:
+    OnScreen(Notices& notices, LiveScene& scene) : notices_(notices) { notices.scene_ = &scene; }
+    ~OnScreen() {
+      notices_.scene_ = nullptr;
+      notices_.sayAll();
+    }
+    OnScreen(const OnScreen&) = delete;
+    OnScreen& operator=(const OnScreen&) = delete;
+
+   private:
+    Notices& notices_;
+  };
 
   void warn(const std::string& sentence) {
     last_ = sentence;
     if (!scene_) return complain(sentence);
     scene_->tell(sentence);
     kept_.push_back(sentence);
-  }
-  void takeTo(LiveScene* scene) {
-    scene_ = scene;
-    if (!scene) sayAll();
   }
   const std::optional<std::string>& last() const { return last_; }
 
@@ -50,17 +60,21 @@ class Notices {
 
 int printOnce(EventLoop& loop, LiveScene& scene) {
   const auto& fix = scene.controller().currentLocation;
+  const std::string seconds = std::to_string(static_cast<int>(kLongestWait)) + " seconds";
   loop.onTurnEnd([&] {
     scene.settle();
     if (fix) loop.stop();
+  });
+  loop.scheduleTimer(kPatience, false, [&] {
+    const Scene::Lines lines = scene.lines();
+    remark(lines.title + ": " + lines.warning + "; waiting up to " + seconds + " for a fix");
   });
   loop.scheduleTimer(kLongestWait, false, [&loop] { loop.stop(); });
   loop.run();
   const Scene::Lines lines = scene.lines();
   const int status = printPanel(scene.interface(), "", "Live: " + lines.title);
   if (fix) return status;
-  complain(lines.title + ": no fix in " + std::to_string(static_cast<int>(kLongestWait)) +
-           " seconds (" + lines.warning + ")");
+  complain(lines.title + ": no fix in " + seconds + " (" + lines.warning + ")");
   return kBadInput;
 }
 
@@ -74,9 +88,11 @@ int runTodayOnReceiver(const GpsdAddress& address) {
   LiveHost host(loop, source, [&notices](const std::string& sentence) { notices.warn(sentence); });
   LiveScene scene(host, statusOf(source, address));
   if (!Terminal::isThere()) return printOnce(loop, scene);
-  notices.takeTo(&scene);
-  const auto signal = showScene(loop, scene, notices.last());
-  notices.takeTo(nullptr);
+  std::optional<int> signal;
+  {
+    const Notices::OnScreen onScreen(notices, scene);
+    signal = showScene(loop, scene, notices.last());
+  }
   if (signal) std::raise(*signal);
   return kDone;
 }
