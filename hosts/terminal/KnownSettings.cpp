@@ -60,25 +60,6 @@ std::string readAs(Kind kind, const PropertyValue& value) {
   return "none";
 }
 
-bool suits(Kind kind, const PropertyValue& value) {
-  const PropertyValue::Storage& stored = value.storage();
-  const bool integer = std::holds_alternative<std::int64_t>(stored);
-  switch (kind) {
-    case Kind::boolean:
-      return integer || std::holds_alternative<bool>(stored);
-    case Kind::integer:
-      return integer;
-    case Kind::real:
-      return integer || std::holds_alternative<double>(stored);
-    case Kind::text:
-    case Kind::datum:
-      return std::holds_alternative<std::string>(stored);
-    case Kind::date:
-      break;
-  }
-  return std::holds_alternative<NSDate>(stored);
-}
-
 std::string rangeOf(const KnownSetting& setting) {
   std::string range;
   for (std::size_t i = 0; i < setting.numbers.size() && !setting.numbers[i].empty(); ++i) {
@@ -113,8 +94,27 @@ std::string meaningOf(const KnownSetting& setting, const PropertyValue& value) {
   return std::string(name.empty() ? setting.about : name);
 }
 
+bool hasFittingType(const KnownSetting& setting, const PropertyValue& value) {
+  const PropertyValue::Storage& stored = value.storage();
+  const bool integer = std::holds_alternative<std::int64_t>(stored);
+  switch (setting.kind) {
+    case Kind::boolean:
+      return integer || std::holds_alternative<bool>(stored);
+    case Kind::integer:
+      return integer;
+    case Kind::real:
+      return integer || std::holds_alternative<double>(stored);
+    case Kind::text:
+    case Kind::datum:
+      return std::holds_alternative<std::string>(stored);
+    case Kind::date:
+      break;
+  }
+  return std::holds_alternative<NSDate>(stored);
+}
+
 std::optional<std::string> misfitOf(const KnownSetting& setting, const PropertyValue& value) {
-  if (!suits(setting.kind, value)) {
+  if (!hasFittingType(setting, value)) {
     return "the widget reads this " + std::string(typeName(value)) + " as " +
            readAs(setting.kind, value);
   }

@@ -39,6 +39,9 @@ const KnownSetting* knownSetting(std::string_view key);
 /// What a value means, in a few words: "metric" for 1 under "units". May be empty.
 std::string meaningOf(const KnownSetting& setting, const PropertyValue& value);
 
+/// Whether the value is of a type that the widget reads as what it is.
+bool hasFittingType(const KnownSetting& setting, const PropertyValue& value);
+
 /// What to tell a user who stores a value that the widget makes little sense of: what is wrong with
 /// it, to be read after its key. None for the others.
 std::optional<std::string> misfitOf(const KnownSetting& setting, const PropertyValue& value);

@@ -135,6 +135,15 @@ PropertyValue valueOfCommand(const SettingsCommand& command) {
   return command.type ? typedValue(*command.type, command.value) : propertyOfText(command.value);
 }
 
+// Rather a slip than meant, unless the user names the type.
+bool isOfWrongType(const SettingsCommand& command, const PropertyValue& value) {
+  const KnownSetting* const setting = settingOf(command.store, command.key);
+  if (command.type || setting == nullptr || hasFittingType(*setting, value)) return false;
+  complain(command.key + ": " + misfitOf(*setting, value).value_or(""));
+  complainMore("nothing is saved; --type " + std::string(typeName(value)) + " would save it");
+  return true;
+}
+
 int set(const SettingsCommand& command) {
   if (command.key.empty()) {
     complain("a key cannot be empty");
@@ -147,6 +156,7 @@ int set(const SettingsCommand& command) {
     complain(command.key + ": " + error.what());
     return kBadInput;
   }
+  if (isOfWrongType(command, *value)) return kBadInput;
   SqliteStore store = openStore(command.store, Access::readWrite);
   const int status = save({{command.key, value}}, store);
   if (status == kDone) {

@@ -25,7 +25,8 @@ constexpr const char* kSettingsMore =
     "2 the command line is wrong.";
 
 constexpr const char* kSetMore =
-    "Without --type a JSON number, true or false keeps its type, all else is text.\n"
+    "Without --type a JSON number, true or false keeps its type, all else is text; a\n"
+    "type that the widget can make nothing of is refused.\n"
     "A boolean is true, yes, 1, false, no or 0; a date is in ISO 8601, or in seconds\n"
     "since 2001-01-01 00:00 UTC; data are in base64, lists and dictionaries in JSON.\n"
     "\n"
