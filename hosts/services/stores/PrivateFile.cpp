@@ -83,6 +83,12 @@ std::optional<FileMark> markOf(const fs::path& file) {
                   S_ISREG(status.st_mode)};
 }
 
+bool isStillAt(const fs::path& file, const FileMark& mark) {
+  struct stat status {};
+  return stat(file.c_str(), &status) == 0 && status.st_dev == mark.device &&
+         status.st_ino == mark.inode;
+}
+
 void createPrivateFile(const fs::path& file) {
   createFolders(file.parent_path());
   // Exclusively, since closing a descriptor of a database that is open gives up SQLite's locks.
@@ -100,8 +106,7 @@ std::optional<fs::path> setAside(const fs::path& file, const FileMark& damaged) 
   const Descriptor folder(open(file.parent_path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
   if (folder.get() >= 0) flock(folder.get(), LOCK_EX);
 
-  const auto present = markOf(file);
-  if (!present || !present->isSameFile(damaged)) return std::nullopt;
+  if (!isStillAt(file, damaged)) return std::nullopt;
   const fs::path name = freeNameFor(file);
   // The file itself goes last: a new one must not find another's log beside it.
   for (const char* suffix : {"-wal", "-shm", ""}) {

@@ -18,14 +18,14 @@ struct FileMark {
   off_t logSize = 0;          ///< of the write-ahead log beside it; 0 without one
   bool isFile = true;         ///< and not a folder, a pipe ...
 
-  bool isSameFile(const FileMark& other) const {
-    return device == other.device && inode == other.inode;
-  }
   friend bool operator==(const FileMark&, const FileMark&) = default;
 };
 
 /// None when there is no file, or none that can be seen.
 std::optional<FileMark> markOf(const std::filesystem::path& file);
+/// Whether the file that was marked still stands at the path, whatever its contents. Costs half as
+/// much.
+bool isStillAt(const std::filesystem::path& file, const FileMark& mark);
 
 /// Makes the file, empty, and the folders that it takes, for the user alone whatever the umask. A
 /// file and folders that are there stay as they are. Throws std::system_error.

@@ -18,9 +18,8 @@ namespace {
 
 using namespace std::chrono_literals;
 
-// Whoever writes holds the lock for milliseconds. Once it has been held for so long that a change
-// was put off, the next changes hardly wait, so that a stuck program does not hold up this one.
-constexpr auto kPatience = 2s;
+// Once a lock has been held for so long that a change was put off, the next changes hardly wait, so
+// that a stuck program does not hold up this one.
 constexpr auto kImpatience = 50ms;
 
 constexpr int kOpenAttempts = 3;  // each after another process has put the file aside
@@ -89,8 +88,13 @@ Turn turnOfEachRead() {
 
 class SqliteStore::Implementation {
  public:
-  Implementation(std::filesystem::path file, Access access, Turn turn, Warn warn)
-      : file_(std::move(file)), access_(access), turn_(std::move(turn)), warn_(std::move(warn)) {
+  Implementation(std::filesystem::path file, Access access, Turn turn, Warn warn,
+                 std::chrono::milliseconds patience)
+      : file_(std::move(file)),
+        access_(access),
+        turn_(std::move(turn)),
+        warn_(std::move(warn)),
+        patience_(patience) {
     open();
   }
 
@@ -108,7 +112,6 @@ class SqliteStore::Implementation {
  private:
   void refresh();
   bool isReplaced() const;
-  bool isAnother() const;
   void load();
 
   void open();
@@ -133,6 +136,7 @@ class SqliteStore::Implementation {
   const Access access_;
   const Turn turn_;
   const Warn warn_;
+  const std::chrono::milliseconds patience_;
 
   std::optional<SettingsTable> table_;
   State state_ = State::unreadable;
@@ -177,12 +181,7 @@ void SqliteStore::Implementation::refresh() {
 
 bool SqliteStore::Implementation::isReplaced() const {
   if (!table_ || sealed_) return markOf(file_) != mark_;
-  return isAnother();
-}
-
-bool SqliteStore::Implementation::isAnother() const {
-  const std::optional<FileMark> now = markOf(file_);
-  return !now || !now->isSameFile(*mark_);
+  return !isStillAt(file_, *mark_);
 }
 
 void SqliteStore::Implementation::load() {
@@ -241,7 +240,7 @@ bool SqliteStore::Implementation::openOnce() {
     table_.reset();
     state_ = State::unreadable;
     if (isDamage(error)) return !putAside(error);
-    if (isAnother()) return false;
+    if (!isStillAt(file_, *mark_)) return false;
     tell(opening_, "cannot be read: " + whyNotRead(error, file_) +
                        "; its settings count as missing, and changes last until the program ends");
   }
@@ -310,6 +309,7 @@ void SqliteStore::Implementation::startWriting(FileKind::Kind kind) {
     if (kind == FileKind::empty) makeSettings(database);
     writeAhead(database, kPatience);
     table_.emplace(std::move(database));
+    table_->waitForLocks(patience_);
     state_ = State::writable;
     sealed_ = false;
   } catch (const DatabaseError& error) {
@@ -395,7 +395,7 @@ bool SqliteStore::Implementation::save() {
 SqliteStore::Implementation::Outcome SqliteStore::Implementation::write() {
   try {
     table_->write(unsaved_);
-    table_->waitForLocks(kPatience);
+    table_->waitForLocks(patience_);
     return Outcome::written;
   } catch (const DatabaseError& error) {
     if (isDamage(error) && putAside(error)) {
@@ -411,9 +411,10 @@ SqliteStore::Implementation::Outcome SqliteStore::Implementation::write() {
 
 // ---- The store ----
 
-SqliteStore::SqliteStore(std::filesystem::path file, Access access, Turn turn, Warn warn)
+SqliteStore::SqliteStore(std::filesystem::path file, Access access, Turn turn, Warn warn,
+                         std::chrono::milliseconds patience)
     : implementation_(std::make_unique<Implementation>(std::move(file), access, std::move(turn),
-                                                       std::move(warn))) {}
+                                                       std::move(warn), patience)) {}
 
 SqliteStore::~SqliteStore() = default;
 

@@ -14,6 +14,7 @@
 // file of another program, or of a later version of this one, is never written to.
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <filesystem>
 #include <functional>
@@ -40,7 +41,12 @@ class SqliteStore : public KeyValueStore {
     readOnly,   ///< nothing is created; a missing file is one without settings until it is there
   };
 
-  SqliteStore(std::filesystem::path file, Access access, Turn turn, Warn warn);
+  /// How long an open store waits for another program's lock, unless stated otherwise, and how long
+  /// opening waits. Whoever writes holds it for milliseconds.
+  static constexpr std::chrono::milliseconds kPatience{2000};
+
+  SqliteStore(std::filesystem::path file, Access access, Turn turn, Warn warn,
+              std::chrono::milliseconds patience = kPatience);
   ~SqliteStore() override;
   SqliteStore(const SqliteStore&) = delete;
   SqliteStore& operator=(const SqliteStore&) = delete;

@@ -1,5 +1,6 @@
 #include "hosts/services/stores/Stores.h"
 
+#include <chrono>
 #include <exception>
 #include <utility>
 
@@ -11,6 +12,9 @@ namespace {
 // Names of stores that are no suites begin with what no suite's name may hold.
 constexpr std::string_view kLocal = "/local";
 constexpr std::string_view kCloud = "/cloud";
+
+// Short, since a panel waits with it: what is put off is tried again with the next change.
+constexpr std::chrono::milliseconds kPatience{200};
 
 }  // namespace
 
@@ -37,7 +41,7 @@ SqliteStore* Stores::opened(std::string_view name, SqliteStore::Access access,
   // One that has no place is known as null, so that it is warned about once.
   std::unique_ptr<SqliteStore>& store = stores_[std::string(name)];
   try {
-    store = std::make_unique<SqliteStore>(file(), access, turn_, warn_);
+    store = std::make_unique<SqliteStore>(file(), access, turn_, warn_, kPatience);
   } catch (const std::exception& error) {
     warn_("settings: " + std::string(error.what()) + "; they are not kept");
   }
