@@ -44,6 +44,13 @@ bool contains(const Ranges& ranges, char32_t codePoint) {
   return range != ranges.end() && codePoint >= range->first;
 }
 
+// Marks that turn the direction of writing, also of what stands after the text. UAX 9, section 2.
+bool isDirection(char32_t codePoint) {
+  return codePoint == 0x061C || codePoint == 0x200E || codePoint == 0x200F ||
+         (codePoint >= 0x202A && codePoint <= 0x202E) ||
+         (codePoint >= 0x2066 && codePoint <= 0x2069);
+}
+
 }  // namespace
 
 int columnsOf(char32_t codePoint) {
@@ -62,6 +69,7 @@ std::string printable(std::string_view text) {
   std::string result;
   while (!text.empty()) {
     const char32_t codePoint = takeCodePoint(text).value_or(U'\uFFFD');
+    if (isDirection(codePoint)) continue;
     const bool control = codePoint < 0x20 || (codePoint >= 0x7F && codePoint < 0xA0);
     appendCodePoint(result, control ? U' ' : codePoint);
   }

@@ -11,7 +11,7 @@ int columnsOf(char32_t codePoint);
 int columnsOf(std::string_view text);
 
 /// The text made fit for a terminal: control characters are blanks, bytes that are not UTF-8
-/// replacement characters.
+/// replacement characters; marks that turn the direction of writing are left out.
 std::string printable(std::string_view text);
 
 /// A printable text cut to the columns, with an ellipsis at the end if it is longer.
