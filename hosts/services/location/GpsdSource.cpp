@@ -1,12 +1,14 @@
 #include "hosts/services/location/GpsdSource.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <utility>
 
 namespace wayfell {
 namespace {
 
 constexpr int kSilentTicks = 2;
+constexpr std::size_t kMostDevices = 64;  // more than a gpsd has, unless it is faulty
 
 bool isOpen(const GpsdDevice& device) { return !device.closed; }
 
@@ -95,10 +97,10 @@ void GpsdSource::takeNotice(const GpsdNotice& notice) {
     const auto known =
         std::find_if(devices_->begin(), devices_->end(),
                      [&changed](const GpsdDevice& each) { return each.path == changed.path; });
-    if (known == devices_->end()) {
-      devices_->push_back(changed);
-    } else {
+    if (known != devices_->end()) {
       *known = changed;
+    } else if (devices_->size() < kMostDevices) {
+      devices_->push_back(changed);
     }
     if (changed.closed && receiver_.isFollowed(changed.path)) loseFix();
     if (changed.closed && compass_.isFollowed(changed.path)) compass_.giveUp();
