@@ -2,6 +2,7 @@
 
 #include <curl/curl.h>
 
+#include <array>
 #include <exception>
 #include <map>
 #include <new>
@@ -81,6 +82,8 @@ class HttpClient::Transfers {
   // NOLINTEND(cppcoreguidelines-pro-type-vararg)
 
   void prepare(const Request& request) {
+    problem_.front() = 0;
+    set(CURLOPT_ERRORBUFFER, problem_.data());
     set(CURLOPT_URL, request.url.c_str());
     set(CURLOPT_PROTOCOLS_STR, "http,https");
     set(CURLOPT_FOLLOWLOCATION, 0L);
@@ -160,8 +163,7 @@ class HttpClient::Transfers {
       const char* const redirection = info<const char*>(CURLINFO_REDIRECT_URL);
       if (redirection != nullptr) answer_.redirection = redirection;
     } else {
-      answer_.error =
-          result == CURLE_WRITE_ERROR ? "the answer is too long" : curl_easy_strerror(result);
+      answer_.error = whyNot(result);
     }
     const Completion completion = std::exchange(completion_, nullptr);
     const Answer answer = std::move(answer_);
@@ -169,7 +171,25 @@ class HttpClient::Transfers {
     completion(answer);
   }
 
+  // libcurl's own words for the first few mislead who knows nothing of it.
+  std::string whyNot(CURLcode result) const {
+    switch (result) {
+      case CURLE_OPERATION_TIMEDOUT:
+        return "no answer in time";
+      case CURLE_COULDNT_CONNECT:
+        return "no connection";
+      case CURLE_UNSUPPORTED_PROTOCOL:  // of the answer: requests have been looked at
+      case CURLE_WEIRD_SERVER_REPLY:
+        return "the answer is not HTTP";
+      case CURLE_WRITE_ERROR:
+        return "the answer is too long";
+      default:
+        return problem_.front() != 0 ? problem_.data() : curl_easy_strerror(result);
+    }
+  }
+
   IoRunLoop& loop_;
+  std::array<char, CURL_ERROR_SIZE> problem_ = {};  // in libcurl's words; of the last request
   std::unique_ptr<CURLM, Cleanup> multi_;
   std::unique_ptr<curl_slist, Cleanup> headers_;
   std::unique_ptr<CURL, CleanupEasy> easy_;  // of the request under way, or null
