@@ -14,6 +14,9 @@ constexpr long kOk = 200;
 constexpr long kTooManyRequests = 429;
 constexpr long kUnavailable = 503;
 
+// Of what all such servers have their addresses from, for one that does not say.
+constexpr const char* kUsualAttribution = "Data © OpenStreetMap contributors, ODbL 1.0";
+
 bool isPosition(const CLLocationCoordinate2D& position) {
   return std::abs(position.latitude) <= 90 && std::abs(position.longitude) <= 180;
 }
@@ -73,7 +76,9 @@ Nominatim::Places Nominatim::placesOf(const HttpClient::Answer& answer) {
       NominatimAnswer read = readNominatimAnswer(answer.body);
       warned_ = false;
       if (!read.licence.empty()) attribution_ = std::move(read.licence);
-      if (read.placemark) return std::vector{*read.placemark};
+      if (!read.placemark) return std::nullopt;
+      if (attribution_.empty()) attribution_ = kUsualAttribution;
+      return std::vector{*read.placemark};
     } catch (const InputError& error) {
       fail(std::string("answers with something else than an address (") + error.what() + ')');
     }

@@ -35,7 +35,7 @@ class Nominatim : public AttributedGeocoder {
   ~Nominatim() override;
 
   void reverseGeocode(const std::optional<CLLocation>& location, Completion completion) override;
-  /// In the words of the last answer.
+  /// In the words of the last answer; empty until one has come.
   std::string attribution() const override { return attribution_; }
 
  private:
@@ -59,7 +59,7 @@ class Nominatim : public AttributedGeocoder {
   std::optional<RunLoop::TimerId> rest_;   // until the next request may be sent
   std::optional<RunLoop::TimerId> pause_;  // while the server wants to be left alone
   bool warned_ = false;
-  std::string attribution_ = "Data © OpenStreetMap contributors, ODbL 1.0";
+  std::string attribution_;
 };
 
 }  // namespace wayfell
