@@ -12,6 +12,7 @@
 #include "hosts/services/stores/StoreFiles.h"
 #include "hosts/terminal/EventLoop.h"
 #include "hosts/terminal/Output.h"
+#include "hosts/terminal/TextWidth.h"
 #include "platform/NSString.h"
 
 namespace wayfell {
@@ -42,6 +43,9 @@ std::string text(const CNPostalAddress& address) {
          address.state.value_or(kMissing);
 }
 
+// Of texts of others, which are not to write all over a terminal.
+std::string shown(const std::string& text) { return outputIsTerminal() ? printable(text) : text; }
+
 // Complains, and remembers that.
 Warn warningTo(bool& warned) {
   return [&warned](const std::string& sentence) {
@@ -67,7 +71,7 @@ int findInBook(const CLLocationCoordinate2D& position, bool asJson) {
     line["longitude"] = found->position.longitude;
     output.line(line.dump());
   } else {
-    output.line(text(address));
+    output.line(shown(text(address)));
     output.line(fixedText(found->distance, 1) + " m away, at " + plainPosition(found->position));
   }
   return output.finish(kDone);
@@ -99,8 +103,8 @@ int findOnline(const CLLocationCoordinate2D& position, bool asJson) {
     return kBadInput;
   }
   Output output;
-  output.line(asJson ? json(*address).dump() : text(*address));
-  if (!asJson) output.line(geocoder->attribution());
+  output.line(asJson ? json(*address).dump() : shown(text(*address)));
+  if (!asJson) output.line(shown(geocoder->attribution()));
   return output.finish(kDone);
 }
 
