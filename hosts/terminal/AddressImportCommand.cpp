@@ -86,6 +86,11 @@ class Input {
   int descriptor_;
 };
 
+// "/home/jo" is somebody's, not Jordan's.
+bool isHome(const std::filesystem::path& folder) {
+  return folder.is_absolute() && folder.parent_path().filename() == "home";
+}
+
 // "us/ca/berkeley.csv" is of US: the folders that the files are published in begin with the
 // country.
 std::string countryOfPath(const std::string& file) {
@@ -93,7 +98,7 @@ std::string countryOfPath(const std::string& file) {
   int levels = 2;
   for (auto folder = std::filesystem::path(file).parent_path(); levels > 0; --levels) {
     const std::string name = folder.filename().string();
-    if (!isCountryCode(name) || name == upperCased(name)) break;
+    if (!isCountryCode(name) || name == upperCased(name) || isHome(folder)) break;
     country = upperCased(name);
     folder = folder.parent_path();
   }

@@ -61,10 +61,10 @@ class AddressesTest : public testing::Test {
 
 TEST_F(AddressesTest, ImportsAndFinds) {
   write("us/ca/a.csv", std::string(kHeader) + "-120,40,12,Elm,Ames,CA\n");
-  write("at/b.geojson",
+  write("home/us/at/b.geojson",
         R"({"type":"Feature","properties":{"number":"3","street":"Graben","city":"Wien"},)"
         R"("geometry":{"type":"Point","coordinates":[16.37,48.2]}})");
-  const Finished imported = wayfell({"import", file("us/ca/a.csv"), file("at/b.geojson")});
+  const Finished imported = wayfell({"import", file("us/ca/a.csv"), file("home/us/at/b.geojson")});
   EXPECT_EQ(imported.status, 0);
   EXPECT_THAT(imported.output, AllOf(StartsWith("2 addresses imported\n"), HasSubstr(book())));
   EXPECT_EQ(imported.errors, "");
