@@ -6,6 +6,8 @@
 #include <csignal>
 #include <cstdio>
 #include <exception>
+#include <string>
+#include <vector>
 
 #include "hosts/replay/Replay.h"
 #include "hosts/scene/Playback.h"
@@ -139,6 +141,17 @@ void refuseForReceivers(const CLI::App& today) {
   }
 }
 
+// Of a word that is none of the commands the library says only that a command is missing.
+int tellWhatIsMissing(const CLI::App& app, const CLI::RequiredError& error) {
+  const std::vector<std::string> unknown = app.remaining(true);
+  if (unknown.empty()) {
+    app.exit(error);
+  } else {
+    app.exit(CLI::ExtrasError(std::vector{unknown.front()}));
+  }
+  return wayfell::kBadUsage;
+}
+
 int run(int argc, char** argv) {
   CLI::App app("A widget for people outdoors: position, speed, heading, waypoint and track.",
                "wayfell");
@@ -160,6 +173,8 @@ int run(int argc, char** argv) {
     if (replayCommand->parsed() && !replay.recording.isChosen()) {
       throw CLI::RequiredError("FILE or --demo");
     }
+  } catch (const CLI::RequiredError& error) {
+    return tellWhatIsMissing(app, error);
   } catch (const CLI::ParseError& error) {
     return app.exit(error) == 0 ? wayfell::kDone : wayfell::kBadUsage;
   }

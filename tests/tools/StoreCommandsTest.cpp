@@ -175,6 +175,7 @@ TEST_F(StoreCommandsTest, RefusesAndChangesNothing) {
       {{"settings", "--cloud", "unset", "units"}, 2, "only read"},
       {{"settings", "--suite", "--local", "list"}, 2, "only one of"},
       {{"settings"}, 2, "subcommand"},
+      {{"settings", "frobnicate"}, 2, "not expected: frobnicate"},
       {{"waypoint", "set", "90.1", "0"}, 1, "latitude 90.1 is beyond 90"},
       {{"waypoint", "set", "0", "-181"}, 1, "longitude -181 is beyond -180"},
       {{"waypoint", "set", "1"}, 1, "a longitude is missing"},
