@@ -68,17 +68,6 @@ screen* openScreen(std::FILE* keyboard) {
   return opened;
 }
 
-// As much as there is room for.
-std::string_view cut(std::string_view text, int columns) {
-  std::string_view rest = text;
-  while (!rest.empty()) {
-    const std::size_t before = rest.size();
-    columns -= columnsOf(takeCodePoint(rest).value_or(U'\uFFFD'));
-    if (columns < 0) return text.substr(0, text.size() - before);
-  }
-  return text;
-}
-
 }  // namespace
 
 bool Terminal::isThere() { return isatty(STDOUT_FILENO) != 0 && Terminfo().canPlaceText(); }

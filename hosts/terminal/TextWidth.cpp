@@ -76,17 +76,32 @@ std::string printable(std::string_view text) {
   return result;
 }
 
+std::string_view cut(std::string_view text, int columns) {
+  std::string_view rest = text;
+  while (!rest.empty()) {
+    const std::size_t before = rest.size();
+    columns -= columnsOf(takeCodePoint(rest).value_or(U'\uFFFD'));
+    if (columns < 0) return text.substr(0, text.size() - before);
+  }
+  return text;
+}
+
 std::string fitted(std::string_view text, int columns) {
   if (columnsOf(text) <= columns) return std::string(text);
-  std::string result;
-  int left = columns - 1;  // for the ellipsis
-  while (!text.empty()) {
-    const std::string_view before = text;
-    left -= columnsOf(takeCodePoint(text).value_or(U'\uFFFD'));
-    if (left < 0) break;
-    result += before.substr(0, before.size() - text.size());
+  return std::string(cut(text, columns - 1)) + "…";
+}
+
+std::vector<std::string> wrapped(std::string_view text, int columns) {
+  std::vector<std::string> lines;
+  while (columnsOf(text) > columns) {
+    const std::size_t most = cut(text, std::max(2, columns)).size();
+    const std::size_t blank = text.substr(0, most + 1).rfind(' ');
+    const std::size_t end = blank == std::string_view::npos || blank == 0 ? most : blank;
+    lines.emplace_back(text.substr(0, end));
+    text.remove_prefix(std::min(text.find_first_not_of(' ', end), text.size()));
   }
-  return result + "…";
+  lines.emplace_back(text);
+  return lines;
 }
 
 std::string repeated(std::string_view text, int count) {

@@ -47,6 +47,11 @@ TerminalLook lookOf(PanelStyle style) {
 
 }  // namespace
 
+void TodayScreen::tell(std::string message) {
+  message_ = std::move(message);
+  if (!message_.empty()) lastMessage_ = message_;
+}
+
 bool TodayScreen::linesHaveChanged() const { return scene_.lines() != shownLines_; }
 
 void TodayScreen::draw() {
@@ -59,9 +64,7 @@ void TodayScreen::draw() {
   rows_.clear();
   int height = static_cast<int>(panel.rows.size());
   if (showsKeys_) {
-    const auto keys = allKeys(scene_);
-    height = std::min(static_cast<int>(keys.size()), *room.rows);
-    drawKeys(keys, height);
+    height = drawKeys(panel, *room.rows);
   } else if (scene_.onScreen()) {
     drawPanel(panel);
   } else {
@@ -81,12 +84,22 @@ void TodayScreen::drawPanel(const Panel& panel) {
   rows_ = panel.rows;
 }
 
-void TodayScreen::drawKeys(const std::vector<Scene::Key>& keys, int rows) const {
-  for (int row = 0; row < rows; ++row) {
-    const Scene::Key& key = keys[static_cast<std::size_t>(row)];
+// And below them what the line below the panel has no room for. Returns how many rows it takes.
+int TodayScreen::drawKeys(const Panel& panel, int mostRows) const {
+  int row = 0;
+  for (const Scene::Key& key : allKeys(scene_)) {
+    if (row == mostRows) return row;
     terminal_.put(row, left_ + 2, key.keys, {.bold = true});
-    terminal_.put(row, left_ + 2 + kKeyColumns, key.does);
+    terminal_.put(row++, left_ + 2 + kKeyColumns, key.does);
   }
+  const int columns = panel.columns - 4;
+  const std::string message = printable(lastMessage_);
+  if (columnsOf(message) <= columns) return row;
+  for (const std::string& line : wrapped(message, columns)) {
+    if (row == mostRows) return row;
+    terminal_.put(row++, left_ + 2, line, {.dim = true});
+  }
+  return row;
 }
 
 std::string TodayScreen::message(const Panel& panel, int columns) const {
@@ -117,8 +130,9 @@ void TodayScreen::drawLines(int row, const Panel& panel) const {
   const std::string badge = " " + shownLines_.badge + " ";
   const int title = first + columnsOf(badge) + 1;
   terminal_.put(row, first, badge, {.bold = true, .reverse = true});
-  terminal_.put(row, title,
-                fitted(printable(shownLines_.title), last - columnsOf(shownLines_.state) - 2 - title));
+  terminal_.put(
+      row, title,
+      fitted(printable(shownLines_.title), last - columnsOf(shownLines_.state) - 2 - title));
   putRight(row, shownLines_.state, {.bold = true});
 
   const std::string warning = fitted(printable(shownLines_.warning), last - first - 1);
@@ -127,7 +141,8 @@ void TodayScreen::drawLines(int row, const Panel& panel) const {
   terminal_.put(row + 1, first + 1, fitted(printable(message(panel, columns)), columns),
                 {.dim = true});
   putRight(row + 1, warning, {.bold = true, .color = TerminalColor::red});
-  terminal_.put(row + 2, first + 1, fitted(printable(shownLines_.credit), last - first - 1), {.dim = true});
+  terminal_.put(row + 2, first + 1, fitted(printable(shownLines_.credit), last - first - 1),
+                {.dim = true});
 }
 
 std::optional<Touch> TodayScreen::touchAt(Click click) const {

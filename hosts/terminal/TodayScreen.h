@@ -25,19 +25,20 @@ class TodayScreen {
   std::optional<Touch> touchAt(Click click) const;
 
   /// Something to tell until the next key.
-  void tell(std::string message) { message_ = std::move(message); }
+  void tell(std::string message);
   void toggleKeys() { showsKeys_ = !showsKeys_; }
   bool showsKeys() const { return showsKeys_; }
 
  private:
   std::string message(const Panel& panel, int columns) const;
   void drawPanel(const Panel& panel);
-  void drawKeys(const std::vector<Scene::Key>& keys, int rows) const;
+  int drawKeys(const Panel& panel, int mostRows) const;
   void drawLines(int row, const Panel& panel) const;
 
   Terminal& terminal_;
   const Scene& scene_;
   std::string message_;
+  std::string lastMessage_;
   bool showsKeys_ = false;
   Scene::Lines shownLines_;
   int left_ = 0;                // the panel's first column
