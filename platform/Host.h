@@ -75,7 +75,8 @@ class LocationSource {
 class ReverseGeocoder {
  public:
   /// Called once with the places found, best first and never an empty list, or with none when
-  /// the lookup failed, as it does without a location. It may be called before the request returns.
+  /// the lookup failed, as it does without a location. It may be called before the request returns,
+  /// and is not called any more once the geocoder is gone.
   using Completion = std::function<void(const std::optional<std::vector<CLPlacemark>>&)>;
 
   virtual ~ReverseGeocoder() = default;

@@ -22,8 +22,9 @@ LiveHost::LiveHost(IoRunLoop& loop, LocationSource& source, const Warn& warn)
 }
 
 LiveHost::~LiveHost() {
-  geocoder_.reset();        // fails a lookup under way, whose completion still needs the host
-  loop_.cancelAllTimers();  // the controller among what they own, which stops its updates
+  // Timers and the lookup under way own the controller, which needs its host to stop its updates.
+  loop_.cancelAllTimers();
+  geocoder_.reset();
   install(nullptr);
 }
 

@@ -131,12 +131,15 @@ void remarkOnPanel(const SettingsCommand& command) {
 }
 
 PropertyValue valueOfCommand(const SettingsCommand& command) {
-  if (command.key.empty()) throw BadValue("a key cannot be empty");
   if (!isUtf8(command.key) || !isUtf8(command.value)) throw BadValue("not UTF-8");
   return command.type ? typedValue(*command.type, command.value) : propertyOfText(command.value);
 }
 
 int set(const SettingsCommand& command) {
+  if (command.key.empty()) {
+    complain("a key cannot be empty");
+    return kBadInput;
+  }
   std::optional<PropertyValue> value;
   try {
     value = valueOfCommand(command);

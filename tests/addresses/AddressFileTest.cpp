@@ -102,6 +102,7 @@ TEST(AddressFileTest, RefusesFiles) {
       {"PK\x03\x04...", "compressed"},
       {"LON,LAT,STREET\n1,2,a\n3,4,\"b\n5,6,c\n", "line 3: a quotation mark is never closed"},
       {"LON,LAT\n1," + std::string(2000000, '2'), "line 2: longer than 1 MiB"},
+      {"LON,LAT\n1,2" + std::string(2000000, ','), "line 2: longer than 1 MiB"},
   };
   for (const Case& c : cases) {
     try {

@@ -3,6 +3,7 @@
 
 #include <functional>
 #include <memory>
+#include <ostream>
 
 #include "Book.h"
 #include "Folder.h"
@@ -27,6 +28,9 @@ struct Kind {
   bool finds;  // an address at 1 1
   std::function<std::unique_ptr<ReverseGeocoder>(World& world)> make;
 };
+
+// For the names of the tests, which would have the bytes of the parameter in them.
+void PrintTo(const Kind& kind, std::ostream* stream) { *stream << kind.name; }
 
 class GeocoderTest : public testing::TestWithParam<Kind> {
  protected:
@@ -96,12 +100,12 @@ TEST_P(GeocoderTest, AnswersEachOfSeveral) {
   EXPECT_EQ(last.has_value(), GetParam().finds);
 }
 
-TEST_P(GeocoderTest, AnswersBeforeItIsGone) {
+TEST_P(GeocoderTest, IsSilentOnceItIsGone) {
   geocoder->reverseGeocode(at(1, 1), completion());
+  const int before = completions;
   geocoder.reset();
-  EXPECT_EQ(completions, 1);
   goOnAWhile();
-  EXPECT_EQ(completions, 1);
+  EXPECT_EQ(completions, before);
 }
 
 TEST_P(GeocoderTest, MayBeDestroyedByItsCompletion) {

@@ -273,6 +273,47 @@ TEST(Failure, DoesNotReadPastALog) {
   chmod(copy.path().c_str(), 0755);
 }
 
+// Not even for the -shm file of the first one who reads.
+TEST(Failure, ReadsWhatIsOnAFullDisk) {
+  const Folder folder;
+  const auto file = folder / "suite.db";
+  makeSettings(file);
+  const std::string before = bytesOf(file);
+  const std::string answer = inChild([&file] {
+    signal(SIGXFSZ, SIG_IGN);
+    const rlimit limit{16 * 1024, 16 * 1024};
+    setrlimit(RLIMIT_FSIZE, &limit);
+    return report(file) + report(file, Access::readOnly);
+  });
+  EXPECT_THAT(answer, testing::StartsWith("1 1 there not saved 2: " + file.string() +
+                                          ": cannot be written to: the disk is full"));
+  EXPECT_THAT(answer, HasSubstr("1 1 there not saved 2: " + file.string() + ": is open for"));
+  EXPECT_TRUE(bytesOf(file) == before);
+}
+
+TEST(Failure, DoesNotWaitForTheOtherEndOfAPipe) {
+  const Folder folder;
+  ASSERT_EQ(mkfifo((folder / "suite.db").c_str(), 0600), 0);
+  WatchedStore opened(folder / "suite.db");
+  EXPECT_EQ(opened.store.state(), State::unreadable);
+  EXPECT_THAT(opened.warnings, ElementsAre(HasSubstr("cannot be read: it is not a file")));
+}
+
+// A file in rollback mode cannot be changed to the log while somebody reads it.
+TEST(Failure, DoesNotWaitForTheLogForLong) {
+  const Folder folder;
+  const auto file = folder / "suite.db";
+  makeSettings(file);
+  Database other(file, Database::Open::readWrite);
+  other.execute("PRAGMA journal_mode = DELETE; BEGIN; SELECT * FROM settings");
+  WatchedStore opened(file);
+  EXPECT_EQ(opened.store.state(), State::writable);
+  other.execute("COMMIT");
+  EXPECT_TRUE(opened.store.setAll({{"units", 2}}));
+  EXPECT_EQ(other.integer("SELECT value FROM settings WHERE key = 'units'"), 2);
+  EXPECT_THAT(opened.warnings, IsEmpty());
+}
+
 TEST(Failure, TriesAgainWhatTheDiskHadNoRoomFor) {
   const std::string answer = inChild([]() -> std::string {
     const Folder folder;

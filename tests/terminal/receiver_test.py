@@ -8,6 +8,8 @@ Values on the panel are those of the receiver's sentences, as they stand there.
 
 import contextlib
 import pathlib
+import shlex
+import socket
 import sqlite3
 import subprocess
 import sys
@@ -121,6 +123,20 @@ class OnAReceiver(unittest.TestCase):
             gpsd.receiver.state = THERE
             screen.keys("h")
             screen.wait_for_text(LATITUDE_THERE)
+
+    def test_it_ends_during_a_lookup(self):
+        self.home.wayfell("settings", "set", "widgetAddressString", "Elm St 1, Ames, Iowa")
+        with socket.create_server(("127.0.0.1", 0)) as server, Gpsd(Receiver(**HERE)) as gpsd:
+            url = f"http://127.0.0.1:{server.getsockname()[1]}"
+            self.home.wayfell("addresses", "use", "nominatim", "--url", url, "--yes")
+            command = f"{shlex.quote(PROGRAM)} today --gpsd {gpsd.address}; echo ended with $?; cat"
+            with Screen(["sh", "-c", command], **self.home.environment) as screen:
+                connection, _ = server.accept()  # and never an answer
+                with connection:
+                    screen.keys("q")
+                    screen.wait_for_text("ended with 0")
+        self.assertEqual(self.home.wayfell("settings", "get", "widgetAddressString"),
+                         "Elm St 1, Ames, Iowa\n")
 
     @staticmethod
     def connections(screen):

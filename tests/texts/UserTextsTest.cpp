@@ -20,6 +20,7 @@ TEST(UserTexts, LanguagesAreThoseOfTheEnvironment) {
     const char* lang;
     Names names;
   };
+  const std::string longName = "fr:de." + std::string(200'000, 'a');
   const Case cases[] = {
       {"", "", "", "", {}},
       {"", "", "", "de_AT.UTF-8", {"de_AT"}},
@@ -34,6 +35,7 @@ TEST(UserTexts, LanguagesAreThoseOfTheEnvironment) {
       {"es_419::de", "", "", "en", {"es_419", "de"}},
       {"fr:en_GB:de", "", "", "de_DE", {"fr", "en_GB"}},
       {"../../tmp/x:german:/tmp:de/..:a:fr", "", "", "de_DE", {"fr"}},
+      {longName.c_str(), "", "", "de_DE", {"fr"}},
   };
   for (const Case& c : cases) {
     const Variable language("LANGUAGE", c.language);

@@ -32,7 +32,8 @@ bool CsvRecords::readRecord() {
       }
     }
     input_.skip(bytes.size());
-    if (text_.size() > kLongestRecord) fail("longer than 1 MiB; is a quotation mark not closed?");
+    const std::size_t length = text_.size() + ends_.size();  // with the commas
+    if (length > kLongestRecord) fail("longer than 1 MiB; is a quotation mark not closed?");
   }
   if (state_ == State::quoted) fail("a quotation mark is never closed");
   if (any) endRecord();

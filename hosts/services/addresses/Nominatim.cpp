@@ -27,14 +27,12 @@ Nominatim::Nominatim(IoRunLoop& loop, ServerUrl server, std::string languages, W
       languages_(std::move(languages)),
       warn_(std::move(warn)),
       timeout_(timeout),
-      client_(std::make_unique<HttpClient>(loop)) {}
+      client_(loop) {}
 
 Nominatim::~Nominatim() {
   for (const auto& timer : {rest_, pause_}) {
     if (timer) loop_.cancelTimer(*timer);
   }
-  client_.reset();
-  complete(std::nullopt);
 }
 
 void Nominatim::reverseGeocode(const std::optional<CLLocation>& location, Completion completion) {
@@ -43,7 +41,7 @@ void Nominatim::reverseGeocode(const std::optional<CLLocation>& location, Comple
     return;
   }
   const Completion replaced = std::exchange(completion_, std::move(completion));
-  client_->cancel();
+  client_.cancel();
   position_ = location->coordinate;
   if (!rest_) send();
   if (replaced) replaced(std::nullopt);
@@ -52,10 +50,10 @@ void Nominatim::reverseGeocode(const std::optional<CLLocation>& location, Comple
 void Nominatim::send() {
   rest_ = loop_.scheduleTimer(kBetweenRequests, false, [this] {
     rest_.reset();
-    if (completion_ && !client_->isBusy()) send();
+    if (completion_ && !client_.isBusy()) send();
   });
-  client_->get({server_.requestFor(position_), "wayfell/" WAYFELL_VERSION, languages_, timeout_},
-               [this](const HttpClient::Answer& answer) { take(answer); });
+  client_.get({server_.requestFor(position_), "wayfell/" WAYFELL_VERSION, languages_, timeout_},
+              [this](const HttpClient::Answer& answer) { take(answer); });
 }
 
 void Nominatim::take(const HttpClient::Answer& answer) { complete(placesOf(answer)); }

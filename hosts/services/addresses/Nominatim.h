@@ -6,7 +6,6 @@
 // another waits or is under way replaces it, and the other fails.
 #pragma once
 
-#include <memory>
 #include <optional>
 #include <string>
 
@@ -33,7 +32,6 @@ class Nominatim : public AttributedGeocoder {
   /// Warns of failures, once until an answer comes again.
   Nominatim(IoRunLoop& loop, ServerUrl server, std::string languages, Warn warn,
             double timeout = kTimeout);
-  /// Fails what is under way.
   ~Nominatim() override;
 
   void reverseGeocode(const std::optional<CLLocation>& location, Completion completion) override;
@@ -55,7 +53,7 @@ class Nominatim : public AttributedGeocoder {
   std::string languages_;
   Warn warn_;
   double timeout_;
-  std::unique_ptr<HttpClient> client_;
+  HttpClient client_;
   Completion completion_;  // of the request that waits or is under way, or null
   CLLocationCoordinate2D position_;
   std::optional<RunLoop::TimerId> rest_;   // until the next request may be sent

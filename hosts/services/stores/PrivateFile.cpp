@@ -75,8 +75,12 @@ std::optional<FileMark> markOf(const fs::path& file) {
   struct stat log {};
   const bool hasLog = stat(beside(file, "-wal").c_str(), &log) == 0;
   const std::int64_t seconds = status.st_mtim.tv_sec;
-  return FileMark{status.st_dev, status.st_ino, status.st_size,
-                  seconds * 1'000'000'000 + status.st_mtim.tv_nsec, hasLog ? log.st_size : 0};
+  return FileMark{status.st_dev,
+                  status.st_ino,
+                  status.st_size,
+                  seconds * 1'000'000'000 + status.st_mtim.tv_nsec,
+                  hasLog ? log.st_size : 0,
+                  S_ISREG(status.st_mode)};
 }
 
 void createPrivateFile(const fs::path& file) {

@@ -16,6 +16,7 @@ struct FileMark {
   off_t size = 0;
   std::int64_t modified = 0;  ///< nanoseconds since 1970
   off_t logSize = 0;          ///< of the write-ahead log beside it; 0 without one
+  bool isFile = true;         ///< and not a folder, a pipe ...
 
   bool isSameFile(const FileMark& other) const {
     return device == other.device && inode == other.inode;

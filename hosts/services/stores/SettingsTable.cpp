@@ -60,7 +60,6 @@ std::string journalModeAfter(Database& database, const char* pragma) {
   return mode.step() ? std::string(mode.text(0)) : "";
 }
 
-constexpr int kModeAttempts = 1000;
 constexpr std::chrono::milliseconds kModePause(2);
 
 Column columnOf(const Statement& row, int column) {
@@ -126,21 +125,25 @@ void makeSettings(Database& database) {
   transaction.commit();
 }
 
-void writeAhead(Database& database) {
+void writeAhead(Database& database, std::chrono::milliseconds longest) {
   // With FULL, a commit is on the disk when it returns; with NORMAL, a loss of power would take the
   // last ones. Settings change a few times a minute, so that it costs nothing that anyone notices.
   database.execute("PRAGMA synchronous = FULL");
   if (journalModeAfter(database, "PRAGMA journal_mode") == "wal") return;
-  // The change of mode needs the file alone, and SQLite does not wait for that by itself.
-  for (int attempt = 1;; ++attempt) {
+  // The change of mode needs the file alone, for which SQLite waits in some cases and not in
+  // others.
+  using std::chrono::steady_clock;
+  database.waitForLocks(kModePause);
+  for (const auto end = steady_clock::now() + longest; steady_clock::now() < end;) {
     try {
       journalModeAfter(database, "PRAGMA journal_mode = WAL");
-      return;
+      break;
     } catch (const DatabaseError& error) {
-      if (error.primaryCode() != SQLITE_BUSY || attempt == kModeAttempts) throw;
+      if (error.primaryCode() != SQLITE_BUSY) throw;
     }
     std::this_thread::sleep_for(kModePause);
   }
+  database.waitForLocks(longest);
 }
 
 SettingsTable::SettingsTable(Database database)

@@ -30,8 +30,10 @@ struct FileKind {
 FileKind kindOf(Database& database);
 /// Gives an empty database the table. Any number of processes may do so at once.
 void makeSettings(Database& database);
-/// Prepares a connection that writes: commits go to a write-ahead log, and to the disk.
-void writeAhead(Database& database);
+/// Prepares a connection that writes, and waits as long for locks: commits go to a write-ahead log,
+/// and to the disk. A file that others have open for so long in another mode keeps that, in which
+/// readers and writers wait for each other and lose nothing.
+void writeAhead(Database& database, std::chrono::milliseconds longest);
 
 class SettingsTable {
  public:

@@ -33,6 +33,9 @@ bool isForWantOfAccess(const DatabaseError& error) {
   return error.primaryCode() == SQLITE_CANTOPEN || error.primaryCode() == SQLITE_READONLY;
 }
 
+// For the -shm file, which whoever comes first makes and gives its size.
+bool isForWantOfSpace(const DatabaseError& error) { return error.code() == SQLITE_IOERR_SHMSIZE; }
+
 bool isDenied(const std::filesystem::path& path, int access) {
   return ::access(path.c_str(), access) != 0;
 }
@@ -50,6 +53,7 @@ std::string whyNotWritten(const DatabaseError& error, const std::filesystem::pat
     if (isDenied(file, W_OK)) return "it is read-only";
     if (isDenied(file.parent_path(), W_OK)) return "its folder is read-only";
   }
+  if (isForWantOfSpace(error)) return "the disk is full";
   return error.what();
 }
 
@@ -104,6 +108,7 @@ class SqliteStore::Implementation {
  private:
   void refresh();
   bool isReplaced() const;
+  bool isAnother() const;
   void load();
 
   void open();
@@ -171,8 +176,12 @@ void SqliteStore::Implementation::refresh() {
 }
 
 bool SqliteStore::Implementation::isReplaced() const {
+  if (!table_ || sealed_) return markOf(file_) != mark_;
+  return isAnother();
+}
+
+bool SqliteStore::Implementation::isAnother() const {
   const std::optional<FileMark> now = markOf(file_);
-  if (!table_ || sealed_) return now != mark_;
   return !now || !now->isSameFile(*mark_);
 }
 
@@ -202,7 +211,7 @@ void SqliteStore::Implementation::open() {
   }
 }
 
-// False when the file was put aside, and another is to be opened.
+// False when the file was put aside, by this process or another, and a new one is to be opened.
 bool SqliteStore::Implementation::openOnce() {
   table_.reset();
   state_ = State::unreadable;
@@ -221,6 +230,8 @@ bool SqliteStore::Implementation::openOnce() {
       createPrivateFile(file_);
       mark_ = markOf(file_).value_or(FileMark{});
     }
+    // SQLite would wait for somebody at the other end of a pipe.
+    if (!mark_->isFile) throw DatabaseError(SQLITE_CANTOPEN, "it is not a file");
     connect();
     return true;
   } catch (const std::system_error& error) {
@@ -230,6 +241,7 @@ bool SqliteStore::Implementation::openOnce() {
     table_.reset();
     state_ = State::unreadable;
     if (isDamage(error)) return !putAside(error);
+    if (isAnother()) return false;
     tell(opening_, "cannot be read: " + whyNotRead(error, file_) +
                        "; its settings count as missing, and changes last until the program ends");
   }
@@ -268,11 +280,12 @@ FileKind SqliteStore::Implementation::startReading() {
   } catch (const DatabaseError& error) {
     // SQLite needs its files beside the database, and may not be able to make them in this folder.
     // It can do without as long as there is nothing in them that is not in the database itself.
-    if (!isForWantOfAccess(error) || isDenied(file_, R_OK)) throw;
+    const bool canDoWithout = isForWantOfAccess(error) || isForWantOfSpace(error);
+    if (!canDoWithout || isDenied(file_, R_OK)) throw;
     if (mark_->logSize > 0) {
-      throw DatabaseError(error.code(),
-                          "the latest changes are still in its -wal file, which its "
-                          "folder does not let be opened");
+      const std::string what = isForWantOfSpace(error) ? "the full disk" : "its folder";
+      throw DatabaseError(error.code(), "the latest changes are still in its -wal file, which " +
+                                            what + " does not let be opened");
     }
   }
   sealed_ = true;
@@ -295,7 +308,7 @@ void SqliteStore::Implementation::startWriting(FileKind::Kind kind) {
     database.waitForLocks(kPatience);
     if (!database.writable()) throw DatabaseError(SQLITE_READONLY, "it is read-only");
     if (kind == FileKind::empty) makeSettings(database);
-    writeAhead(database);
+    writeAhead(database, kPatience);
     table_.emplace(std::move(database));
     state_ = State::writable;
     sealed_ = false;

@@ -37,8 +37,9 @@ fs::path folder(const char* variable, const char* underHome) {
   return (base.empty() ? homeFolder() / underHome : base) / "wayfell";
 }
 
-// The one other file in the folder of the suites.
 constexpr std::string_view kCloud = "cloud";
+// The address book, which shares the folder with the suites.
+constexpr std::string_view kAddresses = "addresses";
 
 }  // namespace
 
@@ -49,7 +50,8 @@ fs::path configFolder() { return folder("XDG_CONFIG_HOME", ".config"); }
 fs::path sharedStoreFile(std::string_view suiteName) {
   using namespace std::string_view_literals;
   if (suiteName.empty()) throw std::invalid_argument("the name of a settings suite is empty");
-  if (suiteName == kCloud || suiteName.find_first_of("/\0"sv) != std::string_view::npos) {
+  if (suiteName == kCloud || suiteName == kAddresses ||
+      suiteName.find_first_of("/\0"sv) != std::string_view::npos) {
     throw std::invalid_argument('"' + std::string(suiteName) +
                                 "\" cannot be the name of a settings suite");
   }

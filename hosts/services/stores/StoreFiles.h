@@ -14,7 +14,8 @@ std::filesystem::path dataFolder();
 std::filesystem::path configFolder();
 
 /// The suite that programs share under the name: NAME.db in the data folder. Throws
-/// std::invalid_argument for a name that is empty, has a "/" or a NUL in it, or is "cloud".
+/// std::invalid_argument for a name that is empty, has a "/" or a NUL in it, or is "cloud" or
+/// "addresses", which name other files there.
 std::filesystem::path sharedStoreFile(std::string_view suiteName);
 /// The widget's own settings: widget.db in the configuration folder.
 std::filesystem::path localStoreFile();

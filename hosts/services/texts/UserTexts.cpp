@@ -8,6 +8,9 @@
 namespace wayfell {
 namespace {
 
+// std::regex takes stack for each character of what it matches.
+constexpr std::size_t kLongestName = 100;
+
 std::string environment(const char* name) {
   const char* value = std::getenv(name);
   return value == nullptr ? "" : value;
@@ -36,7 +39,7 @@ std::vector<std::string> userLanguages() {
        ++name) {
     const std::string text = *name;
     std::smatch parts;
-    if (!std::regex_match(text, parts, kName)) continue;
+    if (text.size() > kLongestName || !std::regex_match(text, parts, kName)) continue;
     languages.push_back(parts.str(1) + parts.str(2) + parts.str(4));
     if (parts.str(1) == "en") break;
   }
