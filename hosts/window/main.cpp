@@ -93,7 +93,8 @@ void addLook(CLI::App& app, wayfell::WidgetCommand& command) {
       ->type_name("NAME")
       ->check(oneOf(std::vector<std::string>(wayfell::kThemes.begin(), wayfell::kThemes.end())));
   app.add_flag("--opaque", command.window.opaque, "Let nothing shine through");
-  app.add_option("--font-scale", command.fontScale, "Size of the texts, 1 to 2")
+  app.add_option("--font-scale", command.fontScale,
+                 "Size of the texts, 1 to 2; the desktop's if none")
       ->type_name("N")
       ->check(CLI::Range(1.0, wayfell::PanelStyle::kGreatestFontScale).description(""));
   app.add_flag("--still", command.still, "Turn the compass without moving pictures");
