@@ -101,13 +101,13 @@ void addLook(CLI::App& app, wayfell::WidgetCommand& command) {
 }
 
 void addCopyFormat(CLI::App& app, wayfell::WidgetCommand& command) {
-  const auto& known = wayfell::kPositionFormats;
+  constexpr auto& known = wayfell::kPositionFormats;
   std::vector<std::string> formats(known.begin(), known.end());
   formats.emplace_back("shown");
   app.add_option_function<std::string>(
          "--copy-format",
-         [&command, &known](const std::string& name) {
-           const auto found = std::find(known.begin(), known.end(), name);
+         [&command](const std::string& name) {
+           const auto* const found = std::find(known.begin(), known.end(), name);
            if (found != known.end()) {
              command.copyFormat = static_cast<std::size_t>(found - known.begin());
            }
