@@ -109,7 +109,10 @@ void show(QtRunLoop& loop, Stage& stage, const WidgetCommand& command, WindowMem
     stage.scene().settle();
     panel.refresh();
   });
-  const Signals ending(loop, [&window](int) { window.close(); });
+  const Signals ending(loop, [&](int) {
+    window.close();
+    loop.stop();
+  });
   window.show();
   drawing.windowIsShown();
   loop.run();

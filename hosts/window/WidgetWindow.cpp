@@ -206,7 +206,7 @@ bool WidgetWindow::takesByItself(QEvent& event) {
   if (event.type() != QEvent::MouseButtonPress) return false;
   const auto& press = static_cast<const QMouseEvent&>(event);
   const Qt::Edges edges = edgesAt(press.position().toPoint());
-  if (edges == Qt::Edges()) return false;
+  if (edges == Qt::Edges() || press.button() != Qt::LeftButton) return false;
   grip_ = Grip{press.globalPosition().toPoint(), geometry(), edges};
   return true;
 }
