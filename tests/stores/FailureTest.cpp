@@ -281,7 +281,7 @@ TEST(Failure, ReadsWhatIsOnAFullDisk) {
   const std::string before = bytesOf(file);
   const std::string answer = inChild([&file] {
     signal(SIGXFSZ, SIG_IGN);
-    const rlimit limit{16 * 1024, 16 * 1024};
+    const rlimit limit{16'384, 16'384};
     setrlimit(RLIMIT_FSIZE, &limit);
     return report(file) + report(file, Access::readOnly);
   });
@@ -324,7 +324,7 @@ TEST(Failure, TriesAgainWhatTheDiskHadNoRoomFor) {
     rlimit limit{};
     getrlimit(RLIMIT_FSIZE, &limit);
     const rlim_t enough = limit.rlim_cur;
-    limit.rlim_cur = 64 * 1024;
+    limit.rlim_cur = 65'536;
     setrlimit(RLIMIT_FSIZE, &limit);
     const std::string large(100'000, 'a');
     std::string text = opened.store.setAll({{"large", large}}) ? "saved" : "full";
