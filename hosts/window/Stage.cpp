@@ -24,7 +24,7 @@ struct Opening {
   StageWishes& wishes;
   const Warn& warn;
 
-  std::unique_ptr<Stage> operator()(const source::Automatic&) const {
+  std::unique_ptr<Stage> operator()(const source::Automatic& /*choice*/) const {
     if (gpsdAnswers({})) return (*this)(source::Gpsd{});
     const std::string missing = "no gpsd at " + GpsdAddress().text();
     if (geoclueIsThere()) {
@@ -43,11 +43,11 @@ struct Opening {
     wishes.recording.file = replay.file;
     return std::make_unique<RecordedStage>(loop, wishes, warn);
   }
-  std::unique_ptr<Stage> operator()(const source::Demo&) const {
+  std::unique_ptr<Stage> operator()(const source::Demo& /*choice*/) const {
     wishes.recording.demo = true;
     return std::make_unique<RecordedStage>(loop, wishes, warn);
   }
-  std::unique_ptr<Stage> operator()(const source::Geoclue&) const {
+  std::unique_ptr<Stage> operator()(const source::Geoclue& /*choice*/) const {
     return onFeed(std::make_unique<GeoclueFeed>());
   }
   std::unique_ptr<Stage> operator()(const source::NmeaDevice& device) const {

@@ -1,10 +1,11 @@
 #include "hosts/window/WidgetCommand.h"
 
+#include <QFontInfo>
 #include <QGuiApplication>
-#include <QIcon>
 #include <QLocale>
+#include <QLoggingCategory>
 #include <cstdio>
-#include <exception>
+#include <utility>
 
 #include "hosts/replay/InputError.h"
 #include "hosts/services/PositionText.h"
@@ -17,13 +18,36 @@
 namespace wayfell {
 namespace {
 
-// It shows its first picture in a third of the time that a graphics driver takes, and in half of
-// the memory. Qt's own variables have the last word.
-void drawWithoutGraphicsDriver() {
-  for (const char* variable : {"QT_QUICK_BACKEND", "QMLSCENE_DEVICE", "QSG_RHI_BACKEND"}) {
-    if (qEnvironmentVariableIsSet(variable)) return;
+// Drawing without a graphics driver shows the first picture in a third of the time, and takes half
+// of the memory. Qt's own variables have the last word.
+class DrawingWithoutDriver {
+ public:
+  DrawingWithoutDriver() {
+    for (const char* variable : {"QT_QUICK_BACKEND", "QMLSCENE_DEVICE", "QSG_RHI_BACKEND"}) {
+      if (qEnvironmentVariableIsSet(variable)) return;
+    }
+    QQuickWindow::setSceneGraphBackend(QStringLiteral("software"));
+    // On Wayland Qt would load the driver all the same, and there is no other way to say so. It
+    // then warns that it finds none of that name.
+    if (qEnvironmentVariableIsSet(kWaylandDriver)) return;
+    qputenv(kWaylandDriver, "none");
+    QLoggingCategory::setFilterRules(QStringLiteral("qt.qpa.wayland.warning=false"));
+    isSet_ = true;
   }
-  QQuickWindow::setSceneGraphBackend(QStringLiteral("software"));
+  /// There is a window, and the programs that are started from now on are to choose for themselves.
+  void windowIsShown() {
+    if (std::exchange(isSet_, false)) qunsetenv(kWaylandDriver);
+  }
+
+ private:
+  static constexpr const char* kWaylandDriver = "QT_WAYLAND_CLIENT_BUFFER_INTEGRATION";
+  bool isSet_ = false;
+};
+
+// The desktop's letters, compared with what they usually are.
+double desktopFontScale() {
+  constexpr double kUsualPixels = 15;
+  return QFontInfo(QGuiApplication::font()).pixelSize() / kUsualPixels;
 }
 
 // As complaints begin that are about a recording.
@@ -66,7 +90,7 @@ class Notices {
 };
 
 void show(QtRunLoop& loop, Stage& stage, const WidgetCommand& command, WindowMemory& memory,
-          Notices& notices) {
+          Notices& notices, DrawingWithoutDriver& drawing) {
   PanelAdapter panel(stage.scene());
   if (command.copyFormat) {
     panel.setCopiedText([&stage, format = *command.copyFormat] {
@@ -75,7 +99,7 @@ void show(QtRunLoop& loop, Stage& stage, const WidgetCommand& command, WindowMem
     });
   }
   PanelStyle style;
-  style.setFontScale(command.fontScale);
+  style.setFontScale(command.fontScale.value_or(desktopFontScale()));
   style.setReducedMotion(command.still);
   style.setRightToLeft(readsRightToLeft());
   Theme theme(style, memory, command.theme);
@@ -85,8 +109,12 @@ void show(QtRunLoop& loop, Stage& stage, const WidgetCommand& command, WindowMem
     stage.scene().settle();
     panel.refresh();
   });
-  const Signals ending(loop, [&window](int) { window.close(); });
+  const Signals ending(loop, [&](int) {
+    window.close();
+    loop.stop();
+  });
   window.show();
+  drawing.windowIsShown();
   loop.run();
   loop.onTurnEnd(nullptr);
   notices.leave();
@@ -104,7 +132,7 @@ int runWidget(const WidgetCommand& command) {
     complain("no display answers; in a terminal, \"wayfell today\" shows the panel");
     return kBadInput;
   }
-  drawWithoutGraphicsDriver();
+  DrawingWithoutDriver drawing;
   int argumentCount = 1;
   std::string name = "wayfell-widget";
   char* arguments[] = {name.data(), nullptr};
@@ -119,7 +147,7 @@ int runWidget(const WidgetCommand& command) {
   WindowMemory memory(stores.standardDefaults());
   try {
     const auto stage = openStage(loop, command.stage, warn);
-    show(loop, *stage, command, memory, notices);
+    show(loop, *stage, command, memory, notices, drawing);
     if (const auto fault = stage->scene().fault()) throw InputError(*fault);
   } catch (const InputError& error) {
     complain(nameOf(command.stage.source) + error.what());

@@ -19,8 +19,8 @@ struct WidgetCommand {
   WindowWishes window;
   std::string theme;                      ///< one of kThemes, or empty for the one kept
   std::optional<std::size_t> copyFormat;  ///< see kPositionFormats; none for the text shown
-  double fontScale = 1;
-  bool still = false;  ///< nothing is to move
+  std::optional<double> fontScale;        ///< none for the desktop's
+  bool still = false;                     ///< nothing is to move
 };
 
 /// "wayfell-widget: " and the text, on standard error.

@@ -206,20 +206,21 @@ bool WidgetWindow::takesByItself(QEvent& event) {
   if (event.type() != QEvent::MouseButtonPress) return false;
   const auto& press = static_cast<const QMouseEvent&>(event);
   const Qt::Edges edges = edgesAt(press.position().toPoint());
-  if (edges) grip_ = Grip{press.globalPosition().toPoint(), geometry(), edges};
-  return bool(edges);
+  if (edges == Qt::Edges() || press.button() != Qt::LeftButton) return false;
+  grip_ = Grip{press.globalPosition().toPoint(), geometry(), edges};
+  return true;
 }
 
 // Items that take the pointer are buttons, but for what is large and only to be copied.
 void WidgetWindow::grip(const QMouseEvent& press) {
   const QObject* const taker = press.exclusiveGrabber(press.points().constFirst());
-  const bool isButton = taker && !taker->property("letsDrag").toBool();
+  const bool isButton = taker != nullptr && !taker->property("letsDrag").toBool();
   if (isButton || press.button() != Qt::LeftButton) return;
   grip_ = Grip{press.globalPosition().toPoint(), geometry(), {}};
 }
 
 void WidgetWindow::showEdge(const QMouseEvent& move) {
-  if (move.buttons() == Qt::NoButton && edgesAt(move.position().toPoint())) {
+  if (move.buttons() == Qt::NoButton && edgesAt(move.position().toPoint()) != Qt::Edges()) {
     setCursor(Qt::SizeHorCursor);
   } else if (cursor().shape() == Qt::SizeHorCursor) {
     unsetCursor();
@@ -229,16 +230,17 @@ void WidgetWindow::showEdge(const QMouseEvent& move) {
 // Where nobody manages windows, the window itself follows the pointer.
 void WidgetWindow::hold(QMouseEvent& move) {
   const QPoint way = move.globalPosition().toPoint() - grip_->start;
+  const bool movesWindow = grip_->edges == Qt::Edges();
   if (!grip_->held) {
     if (way.manhattanLength() < QGuiApplication::styleHints()->startDragDistance()) return;
     grip_->held = true;
     move.setExclusiveGrabber(move.points().constFirst(), nullptr);  // it will be no click
-    if (grip_->edges ? startSystemResize(grip_->edges) : startSystemMove()) {
+    if (movesWindow ? startSystemMove() : startSystemResize(grip_->edges)) {
       grip_.reset();
       return;
     }
   }
-  if (!grip_->edges) {
+  if (movesWindow) {
     setPosition(grip_->geometry.topLeft() + way);
     return;
   }

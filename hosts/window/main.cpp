@@ -93,20 +93,21 @@ void addLook(CLI::App& app, wayfell::WidgetCommand& command) {
       ->type_name("NAME")
       ->check(oneOf(std::vector<std::string>(wayfell::kThemes.begin(), wayfell::kThemes.end())));
   app.add_flag("--opaque", command.window.opaque, "Let nothing shine through");
-  app.add_option("--font-scale", command.fontScale, "Size of the texts, 1 to 2")
+  app.add_option("--font-scale", command.fontScale,
+                 "Size of the texts, 1 to 2; the desktop's if none")
       ->type_name("N")
       ->check(CLI::Range(1.0, wayfell::PanelStyle::kGreatestFontScale).description(""));
   app.add_flag("--still", command.still, "Turn the compass without moving pictures");
 }
 
 void addCopyFormat(CLI::App& app, wayfell::WidgetCommand& command) {
-  const auto& known = wayfell::kPositionFormats;
+  constexpr auto& known = wayfell::kPositionFormats;
   std::vector<std::string> formats(known.begin(), known.end());
   formats.emplace_back("shown");
   app.add_option_function<std::string>(
          "--copy-format",
-         [&command, &known](const std::string& name) {
-           const auto found = std::find(known.begin(), known.end(), name);
+         [&command](const std::string& name) {
+           const auto* const found = std::find(known.begin(), known.end(), name);
            if (found != known.end()) {
              command.copyFormat = static_cast<std::size_t>(found - known.begin());
            }

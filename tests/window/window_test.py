@@ -16,7 +16,11 @@ import unittest
 
 from x_display import Display, Window, wait_until
 
-WALK = pathlib.Path(__file__).resolve().parent.parent / "terminal" / "walk.jsonl"
+TERMINAL = pathlib.Path(__file__).resolve().parent.parent / "terminal"
+sys.path.append(str(TERMINAL))
+from receiver import Gpsd, Receiver  # pylint: disable=wrong-import-position
+
+WALK = TERMINAL / "walk.jsonl"
 START = 1000  # of the walk
 LAST = 18
 WIDGET = WAYFELL = ""
@@ -83,6 +87,22 @@ class Walker:
         done = subprocess.run([WAYFELL, "replay", "-"], text=True, capture_output=True, check=True,
                               input=text_of(events))
         return done.stdout.splitlines()[1:self.seconds + 1]
+
+
+class CountingReceiver(Receiver):
+    """Knows how many listen."""
+
+    listeners = 0
+
+    def _feed(self, connection):
+        self.listeners += 1
+        super()._feed(connection)
+        self.listeners -= 1
+
+
+def converted(form, *position):
+    return subprocess.run([WAYFELL, "convert", "--to", form, *position], text=True,
+                          capture_output=True, check=True).stdout.strip()
 
 
 class WindowTest(unittest.TestCase):
@@ -172,10 +192,44 @@ class WindowTest(unittest.TestCase):
         with walker.window as window:
             walker.step(2)
             window.keys("ctrl+c")
-            converted = subprocess.run(
-                [WAYFELL, "convert", "--to", "mgrs", "45.0000255", "7.0000359"], text=True,
-                capture_output=True, check=True).stdout.strip()
-            wait_until(lambda: self.display.clipboard() == converted, converted)
+            grid = converted("mgrs", "45.0000255", "7.0000359")
+            wait_until(lambda: self.display.clipboard() == grid, grid)
+
+    def wait_until_it_copies(self, window, text):
+        def copies():
+            window.keys("ctrl+c")
+            return self.display.clipboard() == text
+        wait_until(copies, text)
+
+    def test_it_follows_a_receiver(self):
+        # 46° 58.9648' N, 7° 56.3987' E
+        receiver = Receiver(latitude="4658.9648", longitude="00756.3987", altitude=905, knots=2,
+                            course=48)
+        gpsd = self.enterContext(Gpsd(receiver))
+        position = converted("dms", str(46 + 58.9648 / 60), str(7 + 56.3987 / 60))
+        for source in (f"gpsd={gpsd.address}", f"nmea=127.0.0.1:{receiver.port}"):
+            with self.subTest(source), Window(self.display, WIDGET, "--source", source,
+                                              "--copy-format", "dms") as window:
+                self.wait_until_it_copies(window, position)
+
+    def test_who_is_not_seen_does_not_listen(self):
+        receiver = CountingReceiver(latitude="4658.9648", longitude="00756.3987", altitude=905,
+                                    knots=2, course=48)
+        source = f"nmea=127.0.0.1:{receiver.port}"
+        with Window(self.display, WIDGET, "--source", source) as window:
+            for put_away, bring_back in (("windowunmap", "windowmap"), ("h", "h")):
+                wait_until(lambda: receiver.listeners == 1, "one who listens")
+                self.change(window, put_away)
+                wait_until(lambda: receiver.listeners == 0, "nobody who listens")
+                self.change(window, bring_back)
+            wait_until(lambda: receiver.listeners == 1, "one who listens again")
+
+    def change(self, window, how):
+        if how.startswith("window"):
+            self.display.xdotool(how, window.id)
+        else:
+            self.display.xdotool("windowfocus", "--sync", window.id)
+            window.keys(how)
 
     def test_it_ends_by_signals_and_keys(self):
         for end in (signal.SIGTERM, signal.SIGINT, "q", "ctrl+q"):

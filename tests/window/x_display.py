@@ -60,7 +60,9 @@ class Display:
         return self.run("xdotool", *map(str, arguments))
 
     def clipboard(self):
-        return self.run("xclip", "-selection", "clipboard", "-out")
+        """Empty while there is none."""
+        return subprocess.run(["xclip", "-selection", "clipboard", "-out"], env=self.environment,
+                              capture_output=True, text=True, check=False).stdout
 
 
 class Window:

@@ -17,6 +17,8 @@ QtPositionSource::QtPositionSource(IoRunLoop& loop, const Clock& clock,
   feed_->onPosition = [this](const QGeoPositionInfo& info) {
     perform([this, info] { takePosition(info); });
   };
+  QObject::connect(compass_.get(), &QSensor::readingChanged, compass_.get(),
+                   [this] { perform([this] { takeReading(); }); });
 }
 
 QtPositionSource::~QtPositionSource() { feed_->close(); }
@@ -28,18 +30,8 @@ void QtPositionSource::perform(std::function<void()> action) {
   });
 }
 
-QCompass& QtPositionSource::compass() const {
-  if (!compass_) {
-    compass_ = std::make_unique<QCompass>();
-    auto* self = const_cast<QtPositionSource*>(this);
-    QObject::connect(compass_.get(), &QSensor::readingChanged, compass_.get(),
-                     [self] { self->perform([self] { self->takeReading(); }); });
-  }
-  return *compass_;
-}
-
 bool QtPositionSource::headingAvailable() const {
-  return compass().isConnectedToBackend() || compass().connectToBackend();
+  return compass_->isConnectedToBackend() || compass_->connectToBackend();
 }
 
 bool QtPositionSource::deliversHeadings() const {
@@ -47,7 +39,7 @@ bool QtPositionSource::deliversHeadings() const {
 }
 
 void QtPositionSource::startUpdatingLocation(CLLocationManager& manager) {
-  if (!std::exchange(locationUser_, &manager)) feed_->open();
+  if (std::exchange(locationUser_, &manager) == nullptr) feed_->open();
 }
 
 void QtPositionSource::stopUpdatingLocation(CLLocationManager& manager) {
@@ -58,14 +50,14 @@ void QtPositionSource::stopUpdatingLocation(CLLocationManager& manager) {
 
 void QtPositionSource::startUpdatingHeading(CLLocationManager& manager) {
   headingUser_ = &manager;
-  if (headingAvailable()) compass().start();
+  if (headingAvailable()) compass_->start();
 }
 
 void QtPositionSource::stopUpdatingHeading(CLLocationManager& manager) {
   if (headingUser_ != &manager) return;
   headingUser_ = nullptr;
   lastHeading_.reset();
-  compass().stop();
+  compass_->stop();
 }
 
 void QtPositionSource::takePosition(const QGeoPositionInfo& info) {
@@ -79,7 +71,7 @@ void QtPositionSource::takePosition(const QGeoPositionInfo& info) {
 }
 
 void QtPositionSource::takeReading() {
-  const QCompassReading* const reading = compass().reading();
+  const QCompassReading* const reading = compass_->reading();
   if (!headingUser_ || !reading) return;
   const CLHeading heading = headingOf(reading->azimuth(), reading->calibrationLevel(), variation_);
   if (heading.headingAccuracy >= 0) lastHeading_ = std::chrono::steady_clock::now();

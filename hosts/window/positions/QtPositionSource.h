@@ -43,7 +43,6 @@ class QtPositionSource : public LocationSource {
   void stopUpdatingHeading(CLLocationManager& manager) override;
 
  private:
-  QCompass& compass() const;
   void takePosition(const QGeoPositionInfo& info);
   void takeReading();
   void perform(std::function<void()> action);
@@ -51,7 +50,7 @@ class QtPositionSource : public LocationSource {
   IoRunLoop& loop_;
   const Clock& clock_;
   std::unique_ptr<PositionFeed> feed_;
-  mutable std::unique_ptr<QCompass> compass_;  // made when it is first asked for
+  std::unique_ptr<QCompass> compass_ = std::make_unique<QCompass>();
   CLLocationManager* locationUser_ = nullptr;
   CLLocationManager* headingUser_ = nullptr;
   std::optional<double> variation_;  // degrees, east positive
