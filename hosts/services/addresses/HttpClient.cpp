@@ -178,6 +178,10 @@ class HttpClient::Transfers {
         return "no answer in time";
       case CURLE_COULDNT_CONNECT:
         return "no connection";
+      case CURLE_GOT_NOTHING:
+        return "no answer";
+      case CURLE_PARTIAL_FILE:
+        return "the answer is cut off";
       case CURLE_UNSUPPORTED_PROTOCOL:  // of the answer: requests have been looked at
       case CURLE_WEIRD_SERVER_REPLY:
         return "the answer is not HTTP";
