@@ -5,12 +5,13 @@
 namespace wayfell {
 namespace {
 
-// "no contact: Connection refused, again in 12 s". While it is being tried nothing is said of when.
+// "no contact, retry in 12 s: Connection refused", where a narrow line cuts off the reason first.
 std::string noContact(const GpsdState& state) {
-  const std::string text = "no contact: " + state.reason;
   const auto left =
       std::chrono::ceil<std::chrono::seconds>(state.nextAttempt - std::chrono::steady_clock::now());
-  return left.count() > 0 ? text + ", again in " + std::to_string(left.count()) + " s" : text;
+  const bool isTrying = left.count() <= 0;
+  const std::string when = isTrying ? "" : ", retry in " + std::to_string(left.count()) + " s";
+  return "no contact" + when + ": " + state.reason;
 }
 
 std::string troubleOf(const GpsdState& state) {

@@ -83,7 +83,7 @@ class OnAReceiver(unittest.TestCase):
             self.assertIn(f"gpsd at {gpsd.address}", lines[-2])
 
             gpsd.kill()
-            screen.wait_for_text("no contact: Connection refused, again in ")
+            screen.wait_for_text("no contact, retry in ")
             gpsd.receiver.state = THERE
             lines = screen.wait_for(lambda lines: any(" s old" in line for line in lines),
                                     "the age of the fix")
