@@ -186,6 +186,9 @@ class WindowTest(unittest.TestCase):
             window.click(*POSITION)
             shown = json.loads(walker.seen()[-1])["labels"]["userCoordinateLabel"]
             wait_until(lambda: self.display.clipboard() == shown, shown)
+            # It is told in a line of its own, which goes again.
+            window.wait_for_geometry("told", lambda x, y, w, height: height - 286 > 40)
+            self.wait_for_panel(window, "expanded")
 
     def test_the_position_is_copied_in_another_format(self):
         walker = Walker(self.display, "--copy-format", "mgrs")

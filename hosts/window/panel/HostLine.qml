@@ -13,7 +13,6 @@ Rectangle {
     readonly property real rowHeight: Math.ceil(pixelSize * 1.9)
 
     component Words: Text {
-        height: line.rowHeight
         color: line.look.caption
         font.pixelSize: line.pixelSize
         textFormat: Text.PlainText
@@ -24,9 +23,13 @@ Rectangle {
         Accessible.ignored: text === ""
     }
 
+    component InLine: Words {
+        height: line.rowHeight
+    }
+
     objectName: "hostLine"
     implicitWidth: 359
-    implicitHeight: rowHeight + message.height + credit.height
+    implicitHeight: rowHeight + message.room + credit.room
     height: implicitHeight
     radius: 4
     color: look.backing
@@ -41,7 +44,7 @@ Rectangle {
         color: line.look.plate
         visible: badge.text !== ""
     }
-    Words {
+    InLine {
         id: badge
         objectName: "hostBadge"
         anchors.left: parent.left
@@ -52,7 +55,7 @@ Rectangle {
         color: line.look.plateText
         font.bold: true
     }
-    Words {
+    InLine {
         objectName: "hostTitle"
         anchors.left: badge.right
         anchors.right: state.left
@@ -61,7 +64,7 @@ Rectangle {
         text: line.panel.title
         elide: Text.ElideRight
     }
-    Words {
+    InLine {
         id: state
         objectName: "hostState"
         anchors.right: warning.left
@@ -69,21 +72,23 @@ Rectangle {
         text: line.panel.state
         color: line.look.value
     }
-    Words {
+    InLine {
         id: warning
         objectName: "hostWarning"
         anchors.right: parent.right
         anchors.rightMargin: line.gap
-        width: Math.min(implicitWidth, line.width - badge.width - state.width - 6 * line.gap)
+        width: Math.min(implicitWidth, line.width - badge.width - state.width - 4 * line.gap)
         text: line.panel.warning
         elide: Text.ElideRight
         color: line.look.mark
         font.bold: true
     }
+    // As high as its text: a height that is bound to that would be a loop.
     component Paragraph: Words {
+        readonly property real room: text === "" ? 0 : height
         x: line.gap
         width: line.width - 2 * line.gap
-        height: visible ? implicitHeight + 4 : 0
+        bottomPadding: 4
         visible: text !== ""
         wrapMode: Text.Wrap
     }
@@ -97,7 +102,7 @@ Rectangle {
     Paragraph {
         id: credit
         objectName: "hostCredit"
-        y: line.rowHeight + message.height
+        y: line.rowHeight + message.room
         text: line.panel.credit
     }
 }

@@ -189,6 +189,7 @@ void PanelAdapter::copyPosition() {
   const QString text = QString::fromStdString(*position);
   QGuiApplication::clipboard()->setText(text);
   tell(QStringLiteral("Copied: ") + text);
+  emit copied();
 }
 
 void addPanelImports(QQmlEngine& engine) {

@@ -123,6 +123,8 @@ class PanelAdapter : public QObject, private UIViewObserver {
   void compassChanged();
   void segmentsChanged();
   void linesChanged();
+  /// The position is on the clipboard, and what is told says so.
+  void copied();
 
  private:
   struct Watched {
