@@ -8,9 +8,11 @@ Rectangle {
     required property QtObject panel
     required property QtObject look
     readonly property real gap: 8
-    // The badge, the state and a warning have room on one line at every size of letters.
+    // The badge and the state have room on one line at every size of letters. A warning that has none
+    // beside them stands below.
     readonly property real pixelSize: Math.round(Math.min(11.5 * look.fontScale, width / 25))
     readonly property real rowHeight: Math.ceil(pixelSize * 1.9)
+    readonly property bool tight: badge.width + state.width + warningMetrics.width + 5 * gap > width
 
     component Words: Text {
         color: line.look.caption
@@ -29,7 +31,7 @@ Rectangle {
 
     objectName: "hostLine"
     implicitWidth: 359
-    implicitHeight: rowHeight + message.room + credit.room
+    implicitHeight: rowHeight + warningBelow.room + message.room + credit.room
     height: implicitHeight
     radius: 4
     color: look.backing
@@ -62,6 +64,7 @@ Rectangle {
         anchors.leftMargin: line.gap
         anchors.rightMargin: line.gap
         text: line.panel.title
+        visible: width > 0
         elide: Text.ElideRight
     }
     InLine {
@@ -77,11 +80,14 @@ Rectangle {
         objectName: "hostWarning"
         anchors.right: parent.right
         anchors.rightMargin: line.gap
-        width: Math.min(implicitWidth, line.width - badge.width - state.width - 4 * line.gap)
-        text: line.panel.warning
-        elide: Text.ElideRight
+        text: line.tight ? "" : line.panel.warning
         color: line.look.mark
         font.bold: true
+    }
+    TextMetrics {
+        id: warningMetrics
+        font: warning.font
+        text: line.panel.warning
     }
     // As high as its text: a height that is bound to that would be a loop.
     component Paragraph: Words {
@@ -93,16 +99,24 @@ Rectangle {
         wrapMode: Text.Wrap
     }
     Paragraph {
+        id: warningBelow
+        objectName: "hostWarningBelow"
+        y: line.rowHeight
+        text: line.tight ? line.panel.warning : ""
+        color: line.look.mark
+        font.bold: true
+    }
+    Paragraph {
         id: message
         objectName: "hostMessage"
-        y: line.rowHeight
+        y: line.rowHeight + warningBelow.room
         text: line.panel.message
         color: line.panel.fault === "" ? line.look.value : line.look.mark
     }
     Paragraph {
         id: credit
         objectName: "hostCredit"
-        y: line.rowHeight + message.room
+        y: line.rowHeight + warningBelow.room + message.room
         text: line.panel.credit
     }
 }
