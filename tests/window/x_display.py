@@ -35,7 +35,8 @@ class Display:
         with os.fdopen(read_end) as told:
             number = told.readline().strip()
         assert number, "Xvfb does not start"
-        self.environment = {"PATH": os.environ["PATH"], "DISPLAY": f":{number}", "LC_ALL": "C.UTF-8",
+        kept = {name: os.environ[name] for name in ("PATH", "LSAN_OPTIONS") if name in os.environ}
+        self.environment = {**kept, "DISPLAY": f":{number}", "LC_ALL": "C.UTF-8",
                             "XDG_RUNTIME_DIR": self.folder.name, **self.homes()}
         return self
 
