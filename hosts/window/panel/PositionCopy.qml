@@ -1,4 +1,4 @@
-// The position is copied by a tap on it.
+// The position is copied by a tap on it, short or long.
 import QtQuick
 
 Item {
@@ -21,6 +21,7 @@ Item {
         // The window may be dragged by it.
         readonly property bool letsDrag: true
         onClicked: copy.panel.copyPosition()
+        onPressAndHold: copy.panel.copyPosition()
     }
     FocusRing { look: copy.look }
 }
