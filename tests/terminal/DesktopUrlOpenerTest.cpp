@@ -161,7 +161,7 @@ TEST_F(DesktopUrlOpenerTest, AHandlerThatHangsHoldsNothingUp) {
 
 // As in a sandbox that gives no descriptors for processes; here there is no number left for one.
 // Sanitizers need descriptors to look at memory with.
-#ifndef __SANITIZE_ADDRESS__
+#ifndef WAYFELL_SANITIZED
 TEST_F(DesktopUrlOpenerTest, WithoutADescriptorOfTheProcessATimerLooks) {
   install("exit 4");
   std::vector<int> fillers;
