@@ -101,15 +101,16 @@ void addLook(CLI::App& app, wayfell::WidgetCommand& command) {
 }
 
 void addCopyFormat(CLI::App& app, wayfell::WidgetCommand& command) {
-  constexpr auto& known = wayfell::kPositionFormats;
-  std::vector<std::string> formats(known.begin(), known.end());
+  using wayfell::kPositionFormats;
+  std::vector<std::string> formats(kPositionFormats.begin(), kPositionFormats.end());
   formats.emplace_back("shown");
   app.add_option_function<std::string>(
          "--copy-format",
          [&command](const std::string& name) {
-           const auto* const found = std::find(known.begin(), known.end(), name);
-           if (found != known.end()) {
-             command.copyFormat = static_cast<std::size_t>(found - known.begin());
+           const auto* const found =
+               std::find(kPositionFormats.begin(), kPositionFormats.end(), name);
+           if (found != kPositionFormats.end()) {
+             command.copyFormat = static_cast<std::size_t>(found - kPositionFormats.begin());
            }
          },
          "How the position is copied: dec, dm, dms, mgrs, utm or shown (if none)")
