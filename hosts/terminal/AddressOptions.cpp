@@ -1,8 +1,8 @@
 #include "hosts/terminal/AddressOptions.h"
 
 #include <CLI/CLI.hpp>
-#include <cstddef>
-#include <memory>
+
+#include "hosts/terminal/CommandHelp.h"
 
 namespace wayfell {
 namespace {
@@ -59,16 +59,6 @@ constexpr const char* kUseMore =
     "  wayfell addresses use nominatim --url http://localhost:8080 --yes\n"
     "Exit status: 0 done, 1 not agreed to or not saved, 2 the command line is wrong.";
 
-CLI::App* addCommand(CLI::App& app, const char* name, const char* help, const char* more) {
-  constexpr std::size_t kOptionColumns = 21;
-  CLI::App* const command = app.add_subcommand(name, help);
-  const auto formatter = std::make_shared<CLI::Formatter>();
-  formatter->column_width(kOptionColumns);
-  command->formatter(formatter);
-  command->footer(more);
-  return command;
-}
-
 }  // namespace
 
 AddressOptions::AddressOptions(CLI::App& app) {
@@ -112,7 +102,7 @@ void AddressOptions::addUse(CLI::App& addresses) {
   command->add_option("SERVICE", use_.service, "book, nominatim or none")
       ->type_name("")
       ->required()
-      ->check(CLI::IsMember({"book", "nominatim", "none"}).description(""));
+      ->check(oneOf<std::string>({"book", "nominatim", "none"}));
   command->add_option("--url", use_.url, "Another server than the public one")->type_name("URL");
   command->add_flag("--yes", use_.agreed, "Agree that positions are sent to the server");
 }

@@ -131,7 +131,7 @@ class Variables {
       {"XDG_CONFIG_HOME", valueOf("XDG_CONFIG_HOME")}};
 };
 
-// The XDG base directory specification's rules.
+// XDG's rules for base directories.
 TEST(Files, AreWhereTheUserHasThem) {
   const std::string listed = getpwuid(getuid())->pw_dir;
   struct Case {
