@@ -2,11 +2,12 @@
 #pragma once
 
 #include <QColor>
-#include <QQuickPaintedItem>
+
+#include "hosts/window/panel/PaintedItem.h"
 
 namespace wayfell {
 
-class ShapeItem : public QQuickPaintedItem {
+class ShapeItem : public PaintedItem {
   Q_OBJECT
   Q_PROPERTY(Shape shape MEMBER shape_ WRITE setShape)
   Q_PROPERTY(double turn MEMBER turn_ WRITE setTurn)
@@ -26,7 +27,7 @@ class ShapeItem : public QQuickPaintedItem {
   // NOLINTEND(readability-identifier-naming)
   Q_ENUM(Shape)
 
-  explicit ShapeItem(QQuickItem* parent = nullptr) : QQuickPaintedItem(parent) {}
+  explicit ShapeItem(QQuickItem* parent = nullptr) : PaintedItem(parent) {}
 
   void setShape(Shape shape) { change(shape_, shape); }
   /// Degrees, clockwise around the middle. Painted so, the edges stay smooth.
@@ -37,13 +38,6 @@ class ShapeItem : public QQuickPaintedItem {
   void paint(QPainter* painter) override;
 
  private:
-  template <class Value>
-  void change(Value& value, const Value& newValue) {
-    if (value == newValue) return;
-    value = newValue;
-    update();
-  }
-
   Shape shape_ = Mark;
   double turn_ = 0;
   QColor color_;

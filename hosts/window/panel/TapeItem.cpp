@@ -15,9 +15,7 @@ constexpr double kMiddle = 16;       // points, of the letters, below the tip of
 
 }  // namespace
 
-TapeItem::TapeItem(QQuickItem* parent) : QQuickPaintedItem(parent) {
-  setSize({kTapeWidth, kTapeHeight});
-}
+TapeItem::TapeItem(QQuickItem* parent) : PaintedItem(parent) { setSize({kTapeWidth, kTapeHeight}); }
 
 QFont TapeItem::fittingFont() const {
   QFont font;

@@ -3,12 +3,13 @@
 
 #include <QColor>
 #include <QFont>
-#include <QQuickPaintedItem>
 #include <QString>
+
+#include "hosts/window/panel/PaintedItem.h"
 
 namespace wayfell {
 
-class TapeItem : public QQuickPaintedItem {
+class TapeItem : public PaintedItem {
   Q_OBJECT
   Q_PROPERTY(QString text MEMBER text_ WRITE setText)
   Q_PROPERTY(double pixelSize MEMBER pixelSize_ WRITE setPixelSize)
@@ -27,12 +28,6 @@ class TapeItem : public QQuickPaintedItem {
   void paint(QPainter* painter) override;
 
  private:
-  template <class Value>
-  void change(Value& value, const Value& newValue) {
-    if (value == newValue) return;
-    value = newValue;
-    update();
-  }
   QFont fittingFont() const;
 
   QString text_;
