@@ -11,7 +11,7 @@
 
 #include "Allocations.h"
 #include "coordinates/ConvertCoordinates.h"
-#include "hosts/services/WidgetInterface.h"
+#include "hosts/panel/WidgetInterface.h"
 #include "platform/SimulatedHost.h"
 #include "widget/TodayViewController.h"
 

@@ -5,8 +5,8 @@
 #include <memory>
 
 #include "hosts/live/SystemClock.h"
+#include "hosts/loop/IoRunLoop.h"
 #include "hosts/services/DesktopUrlOpener.h"
-#include "hosts/services/IoRunLoop.h"
 #include "hosts/services/Warn.h"
 #include "hosts/services/addresses/AddressService.h"
 #include "hosts/services/stores/Stores.h"

@@ -8,8 +8,8 @@
 #include <string>
 
 #include "hosts/live/LiveHost.h"
+#include "hosts/panel/WidgetInterface.h"
 #include "hosts/scene/Scene.h"
-#include "hosts/services/WidgetInterface.h"
 #include "widget/TodayViewController.h"
 
 namespace wayfell {

@@ -2,7 +2,7 @@
 // data/make_demo.py.
 #pragma once
 
-#include "hosts/replay/InputBytes.h"
+#include "hosts/text/InputBytes.h"
 
 namespace wayfell {
 

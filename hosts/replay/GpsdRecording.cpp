@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "hosts/replay/InputError.h"
+#include "hosts/text/InputError.h"
 #include "platform/NSString.h"
 
 namespace wayfell {

@@ -7,10 +7,10 @@
 // of the report before. Each report of a fix counts, even where gpsd reports one several times.
 #pragma once
 
-#include "hosts/replay/JsonLine.h"
-#include "hosts/replay/LineReader.h"
 #include "hosts/replay/Recording.h"
 #include "hosts/services/location/GpsdReport.h"
+#include "hosts/text/JsonLine.h"
+#include "hosts/text/LineReader.h"
 
 namespace wayfell {
 

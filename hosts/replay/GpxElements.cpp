@@ -5,8 +5,8 @@
 #include <cmath>
 #include <cstddef>
 
-#include "hosts/replay/InputError.h"
-#include "hosts/services/Utf8.h"
+#include "hosts/text/InputError.h"
+#include "hosts/text/Utf8.h"
 #include "platform/NSString.h"
 
 namespace wayfell::gpx {

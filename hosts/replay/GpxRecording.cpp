@@ -4,8 +4,8 @@
 #include <string_view>
 
 #include "hosts/replay/GpxElements.h"
-#include "hosts/replay/InputError.h"
-#include "hosts/replay/IsoTime.h"
+#include "hosts/text/InputError.h"
+#include "hosts/text/IsoTime.h"
 #include "platform/NSString.h"
 
 namespace wayfell {

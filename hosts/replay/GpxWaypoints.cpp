@@ -1,7 +1,7 @@
 #include "hosts/replay/GpxWaypoints.h"
 
 #include "hosts/replay/GpxElements.h"
-#include "hosts/replay/InputError.h"
+#include "hosts/text/InputError.h"
 
 namespace wayfell {
 

@@ -2,9 +2,9 @@
 
 #include "hosts/replay/GpsdRecording.h"
 #include "hosts/replay/GpxRecording.h"
-#include "hosts/replay/InputError.h"
-#include "hosts/replay/LineReader.h"
 #include "hosts/replay/Scenario.h"
+#include "hosts/text/InputError.h"
+#include "hosts/text/LineReader.h"
 
 namespace wayfell {
 namespace {

@@ -6,7 +6,7 @@
 #include <string>
 
 #include "hosts/replay/Event.h"
-#include "hosts/replay/InputBytes.h"
+#include "hosts/text/InputBytes.h"
 
 namespace wayfell {
 

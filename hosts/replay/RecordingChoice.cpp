@@ -10,8 +10,8 @@
 #include <utility>
 
 #include "hosts/replay/Demo.h"
-#include "hosts/replay/InputError.h"
 #include "hosts/replay/Settings.h"
+#include "hosts/text/InputError.h"
 
 namespace wayfell {
 namespace {

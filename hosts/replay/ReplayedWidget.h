@@ -4,8 +4,8 @@
 
 #include <memory>
 
+#include "hosts/panel/WidgetInterface.h"
 #include "hosts/replay/Event.h"
-#include "hosts/services/WidgetInterface.h"
 #include "platform/SimulatedHost.h"
 #include "widget/TodayViewController.h"
 

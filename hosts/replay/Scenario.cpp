@@ -2,9 +2,9 @@
 
 #include <limits>
 
-#include "hosts/replay/InputError.h"
-#include "hosts/replay/JsonFields.h"
 #include "hosts/replay/Settings.h"
+#include "hosts/text/InputError.h"
+#include "hosts/text/JsonFields.h"
 #include "platform/NSString.h"
 
 namespace wayfell {

@@ -2,9 +2,9 @@
 // docs/replay.md says what events there are. It is read line by line as the replay goes on.
 #pragma once
 
-#include "hosts/replay/JsonLine.h"
-#include "hosts/replay/LineReader.h"
 #include "hosts/replay/Recording.h"
+#include "hosts/text/JsonLine.h"
+#include "hosts/text/LineReader.h"
 
 namespace wayfell {
 

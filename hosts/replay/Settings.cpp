@@ -1,7 +1,7 @@
 #include "hosts/replay/Settings.h"
 
-#include "hosts/replay/InputError.h"
-#include "hosts/services/Utf8.h"
+#include "hosts/text/InputError.h"
+#include "hosts/text/Utf8.h"
 
 namespace wayfell {
 namespace {

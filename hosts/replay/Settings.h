@@ -6,7 +6,7 @@
 #include <utility>
 
 #include "hosts/replay/Event.h"
-#include "hosts/replay/JsonFields.h"
+#include "hosts/text/JsonFields.h"
 
 namespace wayfell {
 

@@ -3,9 +3,9 @@
 #include <chrono>
 #include <utility>
 
-#include "hosts/scene/Elapsed.h"
+#include "hosts/panel/Keys.h"
 #include "hosts/scene/FixAge.h"
-#include "hosts/scene/Keys.h"
+#include "hosts/text/ElapsedText.h"
 #include "platform/NSString.h"
 
 namespace wayfell {

@@ -5,10 +5,10 @@
 #include <optional>
 #include <string>
 
+#include "hosts/loop/IoRunLoop.h"
 #include "hosts/scene/Playback.h"
 #include "hosts/scene/Player.h"
 #include "hosts/scene/Scene.h"
-#include "hosts/services/IoRunLoop.h"
 
 namespace wayfell {
 

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "hosts/replay/InputError.h"
+#include "hosts/text/InputError.h"
 
 namespace wayfell {
 

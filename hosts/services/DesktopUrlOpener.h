@@ -5,7 +5,7 @@
 
 #include <list>
 
-#include "hosts/services/IoRunLoop.h"
+#include "hosts/loop/IoRunLoop.h"
 #include "hosts/services/Warn.h"
 
 namespace wayfell {

@@ -4,15 +4,15 @@
 #include <optional>
 #include <stdexcept>
 
-#include "hosts/services/PositionText.h"
+#include "hosts/loop/uv/EventLoop.h"
+#include "hosts/places/PositionText.h"
 #include "hosts/services/addresses/AddressBook.h"
 #include "hosts/services/addresses/AddressService.h"
 #include "hosts/services/addresses/BookFile.h"
 #include "hosts/services/stores/SqliteStore.h"
-#include "hosts/services/stores/StoreFiles.h"
-#include "hosts/terminal/EventLoop.h"
+#include "hosts/services/stores/StorePaths.h"
 #include "hosts/terminal/Output.h"
-#include "hosts/terminal/TextWidth.h"
+#include "hosts/text/TextWidth.h"
 #include "platform/NSString.h"
 
 namespace wayfell {

@@ -14,13 +14,13 @@
 #include <filesystem>
 #include <stdexcept>
 
-#include "hosts/replay/InputError.h"
-#include "hosts/services/TextScanner.h"
 #include "hosts/services/addresses/AddressFile.h"
 #include "hosts/services/addresses/BookImport.h"
 #include "hosts/services/addresses/StreetText.h"
 #include "hosts/terminal/Output.h"
 #include "hosts/terminal/Progress.h"
+#include "hosts/text/InputError.h"
+#include "hosts/text/TextScanner.h"
 
 namespace wayfell {
 namespace {

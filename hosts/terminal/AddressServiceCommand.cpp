@@ -12,7 +12,7 @@
 #include "hosts/services/addresses/BookFile.h"
 #include "hosts/services/addresses/Nominatim.h"
 #include "hosts/services/stores/SqliteStore.h"
-#include "hosts/services/stores/StoreFiles.h"
+#include "hosts/services/stores/StorePaths.h"
 #include "hosts/terminal/Output.h"
 #include "platform/NSString.h"
 

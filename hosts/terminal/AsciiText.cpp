@@ -2,8 +2,8 @@
 
 #include <array>
 
-#include "hosts/services/Utf8.h"
-#include "hosts/terminal/TextWidth.h"
+#include "hosts/text/TextWidth.h"
+#include "hosts/text/Utf8.h"
 
 namespace wayfell {
 namespace {

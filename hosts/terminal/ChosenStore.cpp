@@ -3,7 +3,7 @@
 #include <filesystem>
 #include <utility>
 
-#include "hosts/services/stores/StoreFiles.h"
+#include "hosts/services/stores/StorePaths.h"
 #include "hosts/terminal/Output.h"
 #include "widget/TodayViewController.h"
 

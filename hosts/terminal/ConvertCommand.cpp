@@ -7,16 +7,16 @@
 #include <nlohmann/json.hpp>
 #include <stdexcept>
 
-#include "hosts/replay/InputBytes.h"
-#include "hosts/replay/InputError.h"
-#include "hosts/replay/LineReader.h"
-#include "hosts/services/PositionText.h"
-#include "hosts/services/ReferenceText.h"
-#include "hosts/services/TextScanner.h"
+#include "hosts/places/PositionText.h"
+#include "hosts/places/ReferenceText.h"
 #include "hosts/terminal/DatumChoice.h"
 #include "hosts/terminal/Output.h"
 #include "hosts/terminal/Progress.h"
-#include "hosts/terminal/TextWidth.h"
+#include "hosts/text/InputBytes.h"
+#include "hosts/text/InputError.h"
+#include "hosts/text/LineReader.h"
+#include "hosts/text/TextScanner.h"
+#include "hosts/text/TextWidth.h"
 #include "platform/SimulatedHost.h"
 
 namespace wayfell {

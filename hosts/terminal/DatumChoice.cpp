@@ -4,9 +4,9 @@
 #include <vector>
 
 #include "datums/DatumManager.h"
-#include "hosts/services/DatumSearch.h"
-#include "hosts/services/TextScanner.h"
+#include "hosts/places/DatumSearch.h"
 #include "hosts/terminal/Output.h"
+#include "hosts/text/TextScanner.h"
 
 namespace wayfell {
 namespace {

@@ -8,10 +8,10 @@
 
 #include "datums/Catalogue.h"
 #include "datums/DatumManager.h"
-#include "hosts/services/DatumSearch.h"
-#include "hosts/services/TextScanner.h"
+#include "hosts/places/DatumSearch.h"
 #include "hosts/terminal/Output.h"
-#include "hosts/terminal/TextWidth.h"
+#include "hosts/text/TextScanner.h"
+#include "hosts/text/TextWidth.h"
 #include "platform/NSString.h"
 #include "platform/SimulatedHost.h"
 

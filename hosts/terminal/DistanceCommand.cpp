@@ -4,9 +4,9 @@
 #include <stdexcept>
 
 #include "coordinates/CoordinateDistance.h"
-#include "hosts/services/PositionText.h"
-#include "hosts/services/TextScanner.h"
+#include "hosts/places/PositionText.h"
 #include "hosts/terminal/Output.h"
+#include "hosts/text/TextScanner.h"
 #include "platform/SimulatedHost.h"
 
 namespace wayfell {

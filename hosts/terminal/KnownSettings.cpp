@@ -7,8 +7,8 @@
 #include <variant>
 
 #include "datums/Catalogue.h"
-#include "hosts/services/TextScanner.h"
 #include "hosts/services/stores/StoredValue.h"
+#include "hosts/text/TextScanner.h"
 #include "platform/NSString.h"
 
 namespace wayfell {

@@ -4,7 +4,7 @@
 #include <utility>
 #include <variant>
 
-#include "hosts/scene/Keys.h"
+#include "hosts/panel/Keys.h"
 
 namespace wayfell {
 

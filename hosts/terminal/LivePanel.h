@@ -4,8 +4,8 @@
 #include <optional>
 #include <string>
 
+#include "hosts/loop/uv/EventLoop.h"
 #include "hosts/scene/Scene.h"
-#include "hosts/terminal/EventLoop.h"
 #include "hosts/terminal/Terminal.h"
 #include "hosts/terminal/TodayScreen.h"
 #include "hosts/terminal/ViewWatch.h"

@@ -9,7 +9,7 @@
 #include <limits>
 #include <string>
 
-#include "hosts/terminal/TextWidth.h"
+#include "hosts/text/TextWidth.h"
 
 namespace wayfell {
 

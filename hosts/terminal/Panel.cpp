@@ -5,9 +5,9 @@
 #include <cmath>
 #include <utility>
 
-#include "hosts/services/Utf8.h"
 #include "hosts/terminal/LargeText.h"
-#include "hosts/terminal/TextWidth.h"
+#include "hosts/text/TextWidth.h"
+#include "hosts/text/Utf8.h"
 
 namespace wayfell {
 namespace {

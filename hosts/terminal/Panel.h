@@ -21,7 +21,7 @@
 #include <string_view>
 #include <vector>
 
-#include "hosts/services/WidgetInterface.h"
+#include "hosts/panel/WidgetInterface.h"
 
 namespace wayfell {
 

@@ -1,6 +1,6 @@
 #include "hosts/terminal/PanelText.h"
 
-#include "hosts/terminal/TextWidth.h"
+#include "hosts/text/TextWidth.h"
 
 namespace wayfell {
 

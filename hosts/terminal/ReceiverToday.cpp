@@ -9,7 +9,7 @@
 #include "hosts/live/GpsdStatus.h"
 #include "hosts/live/LiveHost.h"
 #include "hosts/live/LiveScene.h"
-#include "hosts/terminal/EventLoop.h"
+#include "hosts/loop/uv/EventLoop.h"
 #include "hosts/terminal/Output.h"
 #include "hosts/terminal/ShowScene.h"
 #include "hosts/terminal/Terminal.h"

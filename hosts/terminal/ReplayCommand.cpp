@@ -2,14 +2,14 @@
 
 #include <exception>
 
-#include "hosts/replay/InputError.h"
 #include "hosts/replay/Recording.h"
 #include "hosts/replay/Replay.h"
 #include "hosts/replay/Snapshot.h"
-#include "hosts/scene/Elapsed.h"
 #include "hosts/terminal/Output.h"
 #include "hosts/terminal/PanelText.h"
 #include "hosts/terminal/Progress.h"
+#include "hosts/text/ElapsedText.h"
+#include "hosts/text/InputError.h"
 
 namespace wayfell {
 namespace {

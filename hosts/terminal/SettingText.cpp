@@ -3,9 +3,9 @@
 #include <nlohmann/json.hpp>
 #include <optional>
 
-#include "hosts/replay/IsoTime.h"
-#include "hosts/services/TextScanner.h"
 #include "hosts/services/stores/StoredValue.h"
+#include "hosts/text/IsoTime.h"
+#include "hosts/text/TextScanner.h"
 
 namespace wayfell {
 namespace {

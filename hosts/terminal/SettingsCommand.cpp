@@ -6,15 +6,15 @@
 #include <nlohmann/json.hpp>
 #include <vector>
 
-#include "hosts/replay/IsoTime.h"
 #include "hosts/replay/Settings.h"
-#include "hosts/services/TextScanner.h"
-#include "hosts/services/Utf8.h"
 #include "hosts/services/stores/StoredValue.h"
 #include "hosts/terminal/KnownSettings.h"
 #include "hosts/terminal/Output.h"
 #include "hosts/terminal/SettingText.h"
-#include "hosts/terminal/TextWidth.h"
+#include "hosts/text/IsoTime.h"
+#include "hosts/text/TextScanner.h"
+#include "hosts/text/TextWidth.h"
+#include "hosts/text/Utf8.h"
 
 namespace wayfell {
 namespace {

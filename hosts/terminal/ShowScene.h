@@ -4,8 +4,8 @@
 #include <optional>
 #include <string>
 
+#include "hosts/loop/uv/EventLoop.h"
 #include "hosts/scene/Scene.h"
-#include "hosts/terminal/EventLoop.h"
 
 namespace wayfell {
 

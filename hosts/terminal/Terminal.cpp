@@ -11,11 +11,11 @@
 #include <stdexcept>
 #include <utility>
 
-#include "hosts/scene/Keys.h"
-#include "hosts/services/Utf8.h"
+#include "hosts/panel/Keys.h"
 #include "hosts/terminal/AsciiText.h"
 #include "hosts/terminal/Terminfo.h"
-#include "hosts/terminal/TextWidth.h"
+#include "hosts/text/TextWidth.h"
+#include "hosts/text/Utf8.h"
 
 #define NCURSES_NOMACROS
 #include <curses.h>

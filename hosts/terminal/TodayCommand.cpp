@@ -7,19 +7,19 @@
 #include <optional>
 #include <string>
 
-#include "hosts/replay/InputError.h"
-#include "hosts/scene/Elapsed.h"
+#include "hosts/loop/uv/EventLoop.h"
 #include "hosts/scene/PlayedScene.h"
 #include "hosts/scene/Player.h"
 #include "hosts/services/location/GpsdProbe.h"
 #include "hosts/services/texts/GettextTable.h"
 #include "hosts/services/texts/UserTexts.h"
-#include "hosts/terminal/EventLoop.h"
 #include "hosts/terminal/Output.h"
 #include "hosts/terminal/ReceiverToday.h"
 #include "hosts/terminal/ShowScene.h"
 #include "hosts/terminal/Terminal.h"
-#include "hosts/terminal/TextWidth.h"
+#include "hosts/text/ElapsedText.h"
+#include "hosts/text/InputError.h"
+#include "hosts/text/TextWidth.h"
 
 namespace wayfell {
 namespace {

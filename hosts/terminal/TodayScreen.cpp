@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <string_view>
 
-#include "hosts/terminal/TextWidth.h"
+#include "hosts/text/TextWidth.h"
 
 namespace wayfell {
 namespace {

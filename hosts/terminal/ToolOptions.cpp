@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "hosts/services/PositionText.h"
+#include "hosts/places/PositionText.h"
 #include "hosts/terminal/CommandHelp.h"
 
 namespace wayfell {

@@ -3,9 +3,9 @@
 #include <stdexcept>
 #include <utility>
 
-#include "hosts/services/TextScanner.h"
 #include "hosts/terminal/ChosenStore.h"
 #include "hosts/terminal/Output.h"
+#include "hosts/text/TextScanner.h"
 
 namespace wayfell {
 namespace {

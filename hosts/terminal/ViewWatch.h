@@ -3,7 +3,7 @@
 
 #include <utility>
 
-#include "hosts/services/WidgetInterface.h"
+#include "hosts/panel/WidgetInterface.h"
 
 namespace wayfell {
 

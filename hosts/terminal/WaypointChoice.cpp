@@ -6,14 +6,14 @@
 #include <utility>
 #include <vector>
 
+#include "hosts/places/DatumSearch.h"
+#include "hosts/places/PositionText.h"
 #include "hosts/replay/GpxRecording.h"
-#include "hosts/replay/InputBytes.h"
-#include "hosts/replay/InputError.h"
 #include "hosts/replay/RecordingChoice.h"
-#include "hosts/services/DatumSearch.h"
-#include "hosts/services/PositionText.h"
-#include "hosts/services/TextScanner.h"
 #include "hosts/terminal/Output.h"
+#include "hosts/text/InputBytes.h"
+#include "hosts/text/InputError.h"
+#include "hosts/text/TextScanner.h"
 
 namespace wayfell {
 namespace {

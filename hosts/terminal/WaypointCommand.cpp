@@ -3,11 +3,11 @@
 #include <nlohmann/json.hpp>
 #include <stdexcept>
 
-#include "hosts/services/PositionText.h"
-#include "hosts/services/TextScanner.h"
+#include "hosts/places/PositionText.h"
 #include "hosts/terminal/ChosenStore.h"
 #include "hosts/terminal/Output.h"
 #include "hosts/terminal/WaypointChoice.h"
+#include "hosts/text/TextScanner.h"
 #include "platform/SimulatedHost.h"
 
 namespace wayfell {

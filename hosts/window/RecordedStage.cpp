@@ -4,9 +4,9 @@
 #include <cstring>
 #include <filesystem>
 
-#include "hosts/replay/InputError.h"
 #include "hosts/replay/Snapshot.h"
 #include "hosts/services/texts/UserTexts.h"
+#include "hosts/text/InputError.h"
 
 namespace wayfell {
 namespace {

@@ -3,7 +3,7 @@
 
 #include <functional>
 
-#include "hosts/services/IoRunLoop.h"
+#include "hosts/loop/IoRunLoop.h"
 
 namespace wayfell {
 

@@ -5,10 +5,10 @@
 #include <optional>
 #include <string>
 
+#include "hosts/loop/qt/QtRunLoop.h"
 #include "hosts/replay/RecordingChoice.h"
 #include "hosts/scene/Scene.h"
 #include "hosts/services/Warn.h"
-#include "hosts/window/QtRunLoop.h"
 #include "hosts/window/SourceChoice.h"
 #include "platform/CLLocation.h"
 

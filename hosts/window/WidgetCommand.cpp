@@ -7,11 +7,11 @@
 #include <cstdio>
 #include <utility>
 
-#include "hosts/replay/InputError.h"
-#include "hosts/services/PositionText.h"
-#include "hosts/services/stores/StoreFiles.h"
+#include "hosts/places/PositionText.h"
+#include "hosts/services/stores/StorePaths.h"
 #include "hosts/services/stores/Stores.h"
 #include "hosts/services/texts/UserTexts.h"
+#include "hosts/text/InputError.h"
 #include "hosts/window/Display.h"
 #include "hosts/window/Signals.h"
 

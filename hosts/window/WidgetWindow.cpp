@@ -12,7 +12,7 @@
 #include <stdexcept>
 #include <utility>
 
-#include "hosts/scene/Keys.h"
+#include "hosts/panel/Keys.h"
 #include "hosts/window/Compositor.h"
 
 namespace wayfell {

@@ -10,8 +10,8 @@
 #include <optional>
 #include <string>
 
+#include "hosts/loop/qt/QtRunLoop.h"
 #include "hosts/scene/Scene.h"
-#include "hosts/window/QtRunLoop.h"
 #include "hosts/window/Theme.h"
 #include "hosts/window/WindowMemory.h"
 #include "hosts/window/panel/PanelAdapter.h"

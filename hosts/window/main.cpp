@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
+#include "hosts/places/PositionText.h"
 #include "hosts/scene/Playback.h"
-#include "hosts/services/PositionText.h"
 #include "hosts/window/Display.h"
 #include "hosts/window/WidgetCommand.h"
 

@@ -19,7 +19,7 @@
 #include <thread>
 #include <vector>
 
-#include "hosts/services/IoRunLoop.h"
+#include "hosts/loop/IoRunLoop.h"
 
 namespace wayfell {
 

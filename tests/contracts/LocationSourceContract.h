@@ -7,7 +7,7 @@
 #include <thread>
 #include <vector>
 
-#include "contracts/Loopback.h"
+#include "support/Loopback.h"
 
 namespace wayfell {
 

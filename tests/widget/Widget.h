@@ -5,7 +5,7 @@
 #include <optional>
 #include <string>
 
-#include "hosts/services/WidgetInterface.h"
+#include "hosts/panel/WidgetInterface.h"
 #include "platform/SimulatedHost.h"
 #include "widget/TodayViewController.h"
 

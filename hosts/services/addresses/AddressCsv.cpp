@@ -3,9 +3,9 @@
 #include <stdexcept>
 #include <string>
 
-#include "hosts/replay/InputError.h"
-#include "hosts/services/TextScanner.h"
 #include "hosts/services/addresses/RowParts.h"
+#include "hosts/text/InputError.h"
+#include "hosts/text/TextScanner.h"
 
 namespace wayfell {
 namespace {

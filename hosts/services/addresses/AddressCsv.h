@@ -7,7 +7,7 @@
 #include <string_view>
 
 #include "hosts/services/addresses/AddressFile.h"
-#include "hosts/services/addresses/CsvRecords.h"
+#include "hosts/text/CsvRecords.h"
 
 namespace wayfell {
 

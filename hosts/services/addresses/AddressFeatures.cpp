@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "hosts/replay/InputError.h"
 #include "hosts/services/addresses/RowParts.h"
+#include "hosts/text/InputError.h"
 #include "platform/NSString.h"
 
 namespace wayfell {

@@ -2,9 +2,9 @@
 // district and region; others are passed over.
 #pragma once
 
-#include "hosts/replay/JsonLine.h"
-#include "hosts/replay/LineReader.h"
 #include "hosts/services/addresses/AddressFile.h"
+#include "hosts/text/JsonLine.h"
+#include "hosts/text/LineReader.h"
 
 namespace wayfell {
 

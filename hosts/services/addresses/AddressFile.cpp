@@ -2,9 +2,9 @@
 
 #include <string_view>
 
-#include "hosts/replay/InputError.h"
 #include "hosts/services/addresses/AddressCsv.h"
 #include "hosts/services/addresses/AddressFeatures.h"
+#include "hosts/text/InputError.h"
 
 namespace wayfell {
 namespace {

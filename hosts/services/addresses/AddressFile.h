@@ -5,8 +5,8 @@
 #include <cstddef>
 #include <memory>
 
-#include "hosts/replay/InputBytes.h"
 #include "hosts/services/addresses/AddressRow.h"
+#include "hosts/text/InputBytes.h"
 
 namespace wayfell {
 

@@ -2,11 +2,11 @@
 
 #include <stdexcept>
 
-#include "hosts/services/TextScanner.h"
 #include "hosts/services/addresses/AcceptLanguage.h"
 #include "hosts/services/addresses/AddressBook.h"
 #include "hosts/services/addresses/BookFile.h"
 #include "hosts/services/addresses/Nominatim.h"
+#include "hosts/text/TextScanner.h"
 
 namespace wayfell {
 namespace {

@@ -5,7 +5,7 @@
 #include <optional>
 #include <string>
 
-#include "hosts/services/IoRunLoop.h"
+#include "hosts/loop/IoRunLoop.h"
 #include "hosts/services/Warn.h"
 #include "hosts/services/addresses/AttributedGeocoder.h"
 

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "hosts/services/stores/StoreFiles.h"
+#include "hosts/services/stores/StorePaths.h"
 
 namespace wayfell {
 namespace {

@@ -4,8 +4,8 @@
 #include <cmath>
 #include <utility>
 
-#include "hosts/replay/InputError.h"
 #include "hosts/services/addresses/NominatimAnswer.h"
+#include "hosts/text/InputError.h"
 
 namespace wayfell {
 namespace {

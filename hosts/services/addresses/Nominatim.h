@@ -9,7 +9,7 @@
 #include <optional>
 #include <string>
 
-#include "hosts/services/IoRunLoop.h"
+#include "hosts/loop/IoRunLoop.h"
 #include "hosts/services/Warn.h"
 #include "hosts/services/addresses/AttributedGeocoder.h"
 #include "hosts/services/addresses/HttpClient.h"

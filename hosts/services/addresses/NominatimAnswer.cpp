@@ -3,10 +3,10 @@
 #include <initializer_list>
 #include <stdexcept>
 
-#include "hosts/replay/InputError.h"
-#include "hosts/replay/JsonLine.h"
 #include "hosts/services/addresses/RowParts.h"
 #include "hosts/services/addresses/StreetText.h"
+#include "hosts/text/InputError.h"
+#include "hosts/text/JsonLine.h"
 
 namespace wayfell {
 namespace {

@@ -3,7 +3,7 @@
 #include <cmath>
 #include <stdexcept>
 
-#include "hosts/services/Utf8.h"
+#include "hosts/text/Utf8.h"
 #include "platform/NSString.h"
 
 namespace wayfell {

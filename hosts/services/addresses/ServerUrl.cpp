@@ -6,7 +6,7 @@
 #include <stdexcept>
 #include <string_view>
 
-#include "hosts/services/TextScanner.h"
+#include "hosts/text/TextScanner.h"
 #include "platform/NSString.h"
 
 namespace wayfell {

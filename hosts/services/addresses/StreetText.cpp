@@ -1,6 +1,6 @@
 #include "hosts/services/addresses/StreetText.h"
 
-#include "hosts/services/TextScanner.h"
+#include "hosts/text/TextScanner.h"
 
 namespace wayfell {
 namespace {

@@ -16,10 +16,10 @@
 #include <string_view>
 #include <vector>
 
-#include "hosts/services/IoRunLoop.h"
+#include "hosts/loop/IoRunLoop.h"
 #include "hosts/services/location/GpsdAddress.h"
-#include "hosts/services/location/LineBuffer.h"
 #include "hosts/services/location/NameLookup.h"
+#include "hosts/text/LineBuffer.h"
 
 namespace wayfell {
 

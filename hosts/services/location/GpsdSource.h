@@ -19,7 +19,7 @@
 #include <string_view>
 #include <vector>
 
-#include "hosts/services/IoRunLoop.h"
+#include "hosts/loop/IoRunLoop.h"
 #include "hosts/services/location/FixEpochs.h"
 #include "hosts/services/location/FollowedDevice.h"
 #include "hosts/services/location/GpsdLink.h"

@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "hosts/services/IoRunLoop.h"
+#include "hosts/loop/IoRunLoop.h"
 #include "hosts/services/location/GpsdAddress.h"
 
 namespace wayfell {

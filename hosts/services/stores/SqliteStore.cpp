@@ -10,7 +10,7 @@
 #include <utility>
 
 #include "hosts/services/stores/PrivateFile.h"
-#include "hosts/services/stores/SettingsTable.h"
+#include "hosts/services/stores/StoreSchema.h"
 #include "hosts/services/stores/StoredValue.h"
 
 namespace wayfell {

@@ -11,9 +11,9 @@
 #include <optional>
 #include <utility>
 
-#include "hosts/services/TextScanner.h"
-#include "hosts/services/Utf8.h"
-#include "hosts/services/stores/Base64.h"
+#include "hosts/text/Base64.h"
+#include "hosts/text/TextScanner.h"
+#include "hosts/text/Utf8.h"
 
 namespace wayfell {
 namespace {

@@ -4,7 +4,7 @@
 #include <exception>
 #include <utility>
 
-#include "hosts/services/stores/StoreFiles.h"
+#include "hosts/services/stores/StorePaths.h"
 
 namespace wayfell {
 namespace {

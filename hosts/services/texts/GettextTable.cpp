@@ -13,9 +13,9 @@
 #include <utility>
 
 #include "datums/Catalogue.h"
-#include "hosts/services/TextScanner.h"
-#include "hosts/services/Utf8.h"
 #include "hosts/services/texts/CatalogueFile.h"
+#include "hosts/text/TextScanner.h"
+#include "hosts/text/Utf8.h"
 #include "platform/NSString.h"
 
 // How gettext is told that the language has changed; its manual gives this declaration.

@@ -7,7 +7,7 @@
 #include <cmath>
 #include <utility>
 
-#include "hosts/services/Spoken.h"
+#include "hosts/panel/Spoken.h"
 #include "hosts/window/panel/CanvasPainter.h"
 #include "hosts/window/panel/DrawnView.h"
 #include "hosts/window/panel/ShapeItem.h"

@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-#include "hosts/services/Spoken.h"
+#include "hosts/panel/Spoken.h"
 #include "hosts/window/panel/CanvasPainter.h"
 
 namespace wayfell {

@@ -6,7 +6,7 @@
 #include <QString>
 #include <string_view>
 
-#include "hosts/services/WidgetInterface.h"
+#include "hosts/panel/WidgetInterface.h"
 
 namespace wayfell {
 

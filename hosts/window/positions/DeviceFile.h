@@ -11,7 +11,7 @@
 #include <optional>
 #include <string>
 
-#include "hosts/services/IoRunLoop.h"
+#include "hosts/loop/IoRunLoop.h"
 
 namespace wayfell {
 

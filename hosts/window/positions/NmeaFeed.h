@@ -12,7 +12,7 @@
 #include <optional>
 #include <string>
 
-#include "hosts/services/IoRunLoop.h"
+#include "hosts/loop/IoRunLoop.h"
 #include "hosts/window/positions/PositionFeed.h"
 
 namespace wayfell {

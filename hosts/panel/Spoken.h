@@ -1,0 +1,26 @@
+// The panel in full words, for those who hear it.
+//
+//   "speed 5.2 kilometres per hour", "heading 90 degrees, true",
+//   "position latitude 46 degrees 58.9648 minutes north, longitude 7 degrees 56.3987 minutes east"
+//
+// The words are looked up in the string table like every other text. A value that no format of the
+// widget has printed is said as it stands.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "hosts/panel/WidgetInterface.h"
+
+namespace wayfell {
+
+/// What a view says; empty for what another one says, such as captions.
+std::string spokenText(const WidgetInterface& interface, std::string_view outlet);
+
+/// What a format of the position is called in full; "none" for a number that no segment has.
+std::string spokenFormat(int segment);
+
+/// What a tap on the position does.
+std::string spokenCopy();
+
+}  // namespace wayfell

@@ -1,0 +1,209 @@
+#include "hosts/places/DatumSearch.h"
+
+#include <algorithm>
+#include <numeric>
+#include <utility>
+
+#include "datums/DatumManager.h"
+#include "hosts/text/Utf8.h"
+
+namespace wayfell {
+namespace {
+
+bool isDigit(char c) { return c >= '0' && c <= '9'; }
+
+// The letter or digit that a code point is taken for; none for all others. From U+00C0 on these
+// are the letters of western Europe. The degree sign is an o as well, because the catalogue writes
+// it as one.
+std::optional<char> foldedCharacter(char32_t codePoint) {
+  constexpr std::string_view kFolded =
+      "aaaaaaaceeeeiiiidnooooo ouuuuyts"
+      "aaaaaaaceeeeiiiidnooooo ouuuuyty";
+  if (codePoint >= U'a' && codePoint <= U'z') return static_cast<char>(codePoint);
+  if (codePoint >= U'A' && codePoint <= U'Z') return static_cast<char>(codePoint - U'A' + U'a');
+  if (codePoint >= U'0' && codePoint <= U'9') return static_cast<char>(codePoint);
+  if (codePoint == U'\u00B0') return 'o';
+  if (codePoint < 0xC0 || codePoint > 0xFF) return std::nullopt;
+  const char letter = kFolded[codePoint - 0xC0];
+  return letter == ' ' ? std::nullopt : std::optional(letter);
+}
+
+bool isCombining(char32_t codePoint) { return codePoint >= 0x0300 && codePoint <= 0x036F; }
+
+std::vector<std::string_view> splitAt(std::string_view separators, std::string_view text) {
+  std::vector<std::string_view> words;
+  for (std::size_t start = text.find_first_not_of(separators); start != std::string_view::npos;
+       start = text.find_first_not_of(separators, start)) {
+    const std::size_t end = std::min(text.find_first_of(separators, start), text.size());
+    words.push_back(text.substr(start, end - start));
+    start = end;
+  }
+  return words;
+}
+
+// How many letters have to be put in, taken out or changed (Levenshtein).
+std::size_t editDistance(std::string_view one, std::string_view other) {
+  std::vector<std::size_t> row(other.size() + 1);
+  std::iota(row.begin(), row.end(), std::size_t{0});
+  for (std::size_t i = 0; i < one.size(); ++i) {
+    std::size_t diagonal = std::exchange(row[0], i + 1);
+    for (std::size_t j = 0; j < other.size(); ++j) {
+      const std::size_t changed = diagonal + (one[i] == other[j] ? 0 : 1);
+      diagonal = row[j + 1];
+      row[j + 1] = std::min({row[j] + 1, row[j + 1] + 1, changed});
+    }
+  }
+  return row.back();
+}
+
+}  // namespace
+
+std::string foldedText(std::string_view text) {
+  std::string folded;
+  while (!text.empty()) {
+    if (const auto codePoint = takeCodePoint(text)) {
+      if (const auto letter = foldedCharacter(*codePoint)) folded += *letter;
+    }
+  }
+  return folded;
+}
+
+DatumSearch::DatumSearch() {
+  const DatumManager& manager = DatumManager::sharedInstance();
+  for (const std::string& name : manager.datumAndRegions()) {
+    Entry entry;
+    addText(entry, name);
+    entry.name = entry.text;
+    addText(entry, manager.getEllipsoidFromDatum(name).value_or(""));
+    entries_.push_back(std::move(entry));
+  }
+  std::sort(words_.begin(), words_.end(),
+            [](const Word& a, const Word& b) { return a.folded < b.folded; });
+  const auto same = [](const Word& a, const Word& b) { return a.folded == b.folded; };
+  words_.erase(std::unique(words_.begin(), words_.end(), same), words_.end());
+}
+
+void DatumSearch::addText(Entry& entry, std::string_view text) {
+  Word word;
+  const auto endWord = [this, &word] {
+    if (!word.folded.empty()) words_.push_back(std::exchange(word, {}));
+  };
+  while (!text.empty()) {
+    const std::string_view before = text;
+    const auto codePoint = takeCodePoint(text);
+    if (!codePoint || isCombining(*codePoint)) continue;
+    const auto letter = foldedCharacter(*codePoint);
+    if (!letter) {
+      endWord();
+      continue;
+    }
+    const bool begins = word.folded.empty() || isDigit(word.folded.back()) != isDigit(*letter);
+    entry.text += *letter;
+    entry.starts.push_back(begins);
+    word.folded += *letter;
+    word.shown += before.substr(0, before.size() - text.size());
+  }
+  endWord();
+}
+
+std::optional<std::size_t> DatumSearch::named(std::string_view name) const {
+  const auto& names = DatumManager::sharedInstance().datumAndRegions();
+  const auto exact = std::find(names.begin(), names.end(), name);
+  if (exact != names.end()) return static_cast<std::size_t>(exact - names.begin());
+  const auto found =
+      std::find_if(entries_.begin(), entries_.end(),
+                   [folded = foldedText(name)](const Entry& e) { return e.name == folded; });
+  if (found == entries_.end()) return std::nullopt;
+  return static_cast<std::size_t>(found - entries_.begin());
+}
+
+bool DatumSearch::Entry::has(std::string_view folded) const {
+  if (folded.empty()) return false;
+  for (std::size_t at = text.find(folded); at < text.size(); at = text.find(folded, at + 1)) {
+    if (starts[at]) return true;
+  }
+  return false;
+}
+
+bool DatumSearch::known(std::string_view folded) const {
+  return std::any_of(entries_.begin(), entries_.end(),
+                     [folded](const Entry& entry) { return entry.has(folded); });
+}
+
+// A word with marks in it is several, unless it is found as one.
+std::vector<std::string_view> DatumSearch::wordsOf(std::string_view text) const {
+  constexpr std::string_view kMarks = "-_;,./()&'+\"";
+  std::vector<std::string_view> words;
+  for (const std::string_view word : splitAt(" \t\r\n", text)) {
+    if (known(foldedText(word))) {
+      words.push_back(word);
+    } else {
+      const auto pieces = splitAt(kMarks, word);
+      words.insert(words.end(), pieces.begin(), pieces.end());
+    }
+  }
+  return words;
+}
+
+std::vector<std::size_t> DatumSearch::find(std::string_view text) const {
+  std::vector<std::string> words;
+  for (const std::string_view word : wordsOf(text)) words.push_back(foldedText(word));
+  std::vector<std::size_t> found;
+  for (std::size_t i = 0; i < entries_.size(); ++i) {
+    const auto isThere = [&entry = entries_[i]](const std::string& w) { return entry.has(w); };
+    if (std::all_of(words.begin(), words.end(), isThere)) found.push_back(i);
+  }
+  return found;
+}
+
+std::vector<const DatumSearch::Word*> DatumSearch::nearWords(std::string_view folded) const {
+  constexpr std::size_t kMost = 3;
+  std::size_t nearest = std::max<std::size_t>(1, folded.size() / 3);
+  std::vector<const Word*> near;
+  for (const Word& word : words_) {
+    const std::size_t distance = editDistance(folded, word.folded);
+    if (distance > nearest || distance >= folded.size()) continue;
+    if (distance < nearest) near.clear();
+    nearest = distance;
+    near.push_back(&word);
+  }
+  near.resize(std::min(near.size(), kMost));
+  return near;
+}
+
+std::vector<DatumSearch::Hint> DatumSearch::hints(std::string_view text) const {
+  std::vector<Hint> hints;
+  for (const std::string_view word : wordsOf(text)) {
+    const std::string folded = foldedText(word);
+    if (known(folded)) continue;
+    Hint hint{std::string(word), {}};
+    for (const Word* near : nearWords(folded)) hint.near.push_back(near->shown);
+    hints.push_back(std::move(hint));
+  }
+  return hints;
+}
+
+std::vector<std::size_t> DatumSearch::near(std::string_view text) const {
+  std::vector<std::vector<std::string>> meanings;  // of each word that has any
+  for (const std::string_view word : wordsOf(text)) {
+    const std::string folded = foldedText(word);
+    std::vector<std::string> meaning;
+    if (known(folded)) {
+      meaning.push_back(folded);
+    } else {
+      for (const Word* near : nearWords(folded)) meaning.push_back(near->folded);
+    }
+    if (!meaning.empty()) meanings.push_back(std::move(meaning));
+  }
+  std::vector<std::size_t> found;
+  for (std::size_t i = 0; i < entries_.size() && !meanings.empty(); ++i) {
+    const auto isThere = [&entry = entries_[i]](const std::vector<std::string>& meaning) {
+      return std::any_of(meaning.begin(), meaning.end(),
+                         [&entry](const std::string& word) { return entry.has(word); });
+    };
+    if (std::all_of(meanings.begin(), meanings.end(), isThere)) found.push_back(i);
+  }
+  return found;
+}
+
+}  // namespace wayfell

@@ -1,0 +1,33 @@
+// Positions as people write them: decimal degrees read and checked, and the texts of all formats.
+//
+// Latitudes and longitudes are decimal degrees on WGS 84, north and east positive.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "hosts/text/TextScanner.h"
+#include "platform/CLLocation.h"
+
+namespace wayfell {
+
+/// Short names of the formats, each at the system's index of it.
+inline constexpr std::array<std::string_view, 5> kPositionFormats = {"dec", "dm", "dms", "mgrs",
+                                                                     "utm"};
+
+/// Takes a latitude and a longitude: "48.2082 16.3738", "33.9S,18.4E", "48.2082°N, 16.3738°E".
+/// Throws std::invalid_argument, whose text says what is wrong, for anything else.
+CLLocationCoordinate2D takePosition(TextScanner& scanner);
+
+/// The system's text in a format, on the selected datum. None where it would show no position:
+/// beyond the last latitude band there is no MGRS reference, nor a UTM one with band letters, and
+/// at the poles a datum shift leads nowhere.
+std::optional<std::string> positionText(const CLLocationCoordinate2D& position, std::size_t format);
+
+/// "48.20820000 16.37380000": the system's fields of decimal degrees, which takePosition reads.
+std::string plainPosition(const CLLocationCoordinate2D& position);
+
+}  // namespace wayfell

@@ -1,0 +1,216 @@
+// What the three kinds of recording are read as.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "Replayed.h"
+#include "hosts/replay/Recording.h"
+#include "hosts/replay/Settings.h"
+#include "hosts/text/InputError.h"
+#include "hosts/text/IsoTime.h"
+#include "hosts/text/LineReader.h"
+
+namespace wayfell {
+namespace {
+
+using testing::ElementsAre;
+
+TEST(LineReader, GivesTheSameLinesHoweverTheBytesArrive) {
+  const std::string longest(LineReader::kLongestLine, 'x');
+  const std::string text = "one\r\n\n \t\n" + longest + "\nlast";
+  for (const std::size_t chunk : {std::size_t{1}, std::size_t{7}, text.size()}) {
+    const auto source = [rest = std::string_view(text), chunk](char* buffer,
+                                                               std::size_t size) mutable {
+      const std::size_t count = rest.copy(buffer, std::min(size, chunk));
+      rest.remove_prefix(count);
+      return count;
+    };
+    LineReader lines{InputBytes(source)};
+    EXPECT_EQ(lines.next(), "one");
+    EXPECT_EQ(lines.number(), 1U);
+    lines.putBack();
+    EXPECT_EQ(lines.next(), "one");
+    EXPECT_EQ(lines.next(), longest);
+    EXPECT_EQ(lines.number(), 4U);
+    EXPECT_EQ(lines.next(), "last");
+    EXPECT_EQ(lines.next(), std::nullopt);
+  }
+}
+
+// Seconds since 2001-01-01: by GNU date, `date -d TIME +%s` less 978307200.
+TEST(IsoTime, CountsFromTheReferenceDate) {
+  struct Case {
+    const char* text;
+    std::optional<double> seconds;
+  };
+  const Case cases[] = {
+      {"2001-01-01T00:00:00Z", 0},
+      {"2000-12-31T23:59:59.25Z", -0.75},
+      {"2010-10-04T05:13:19Z", 307861999},
+      {"2010-10-04T05:13:19", 307861999},
+      {"2010-10-04T07:13:19+02:00", 307861999},
+      {"2010-10-03T22:43:19-06:30", 307861999},
+      {"2024-02-29T12:00:00.001Z", 730900800.001},
+      {"2016-12-31T23:59:60Z", 504921600},
+      {"2023-02-29T12:00:00Z", std::nullopt},
+      {"2024-13-01T12:00:00Z", std::nullopt},
+      {"2024-02-29T24:00:00Z", std::nullopt},
+      {"2024-02-29T12:00:00z", std::nullopt},
+      {"2024-02-29T12:00:00.Z", std::nullopt},
+      {"2024-02-29T12:00:00+0200", std::nullopt},
+      {"2024-02-29 12:00:00", std::nullopt},
+      {"2024-02-29", std::nullopt},
+      {"", std::nullopt},
+  };
+  for (const Case& each : cases) {
+    const auto date = dateOfIsoTime(each.text);
+    EXPECT_EQ(date ? std::optional(date->timeIntervalSinceReferenceDate) : std::nullopt,
+              each.seconds)
+        << each.text;
+  }
+}
+
+TEST(Settings, OfTheCommandLineKeepTheTypesOfNumbersAndBooleans) {
+  const std::pair<const char*, PropertyValue> cases[] = {
+      {"k=1", 1},       {"k=-7", -7},       {"k=1.0", 1.0},           {"k=1e3", 1000.0},
+      {"k=true", true}, {"k=false", false}, {"k=null", "null"},       {"k=", ""},
+      {"k= 1", " 1"},   {"k=01", "01"},     {"k=\"1\"", "\"1\""},     {"k=a=b", "a=b"},
+      {"k=[1]", "[1]"}, {"k=nan", "nan"},   {"k=Adindan", "Adindan"},
+  };
+  for (const auto& [text, value] : cases) {
+    const event::Settings settings = settingOfText(text);
+    EXPECT_EQ(settings.at("k"), value) << text;
+  }
+  EXPECT_THROW(settingOfText("units"), InputError);
+  EXPECT_THROW(settingOfText("=1"), InputError);
+  EXPECT_THROW(settingOfText("k=\xFF"), InputError);
+}
+
+TEST(Scenario, FillsInWhatAFixAndAHeadingLack) {
+  const auto events = eventsOf(
+      "\xEF\xBB\xBF\n"
+      R"({"fix":{"latitude":1,"longitude":-2},"t":3.5})"
+      "\r\n"
+      R"({"t":4,"heading":{"trueHeading":20}})"
+      "\n"
+      R"({"t":4,"heading":{"magneticHeading":21,"headingAccuracy":-1}})");
+  ASSERT_EQ(events.size(), 3U);
+  EXPECT_EQ(events[0].t, 3.5);
+  EXPECT_THAT(std::get<event::Locate>(events[0].action).fixes,
+              ElementsAre(CLLocation{{1, -2}, 0, 5, 5, -1, -1, {3.5}}));
+  EXPECT_EQ(std::get<event::Turn>(events[1].action).heading, (CLHeading{20, 20, 5}));
+  EXPECT_EQ(std::get<event::Turn>(events[2].action).heading, (CLHeading{-1, 21, -1}));
+}
+
+TEST(Gpx, TakesAccuraciesSpeedAndCourseAsGiven) {
+  // 1.0 has speed and course of its own; another file's prefix changes nothing.
+  EXPECT_THAT(fixesOf(R"(<?xml version="1.0"?>
+    <gpx version="1.0" xmlns="http://www.topografix.com/GPX/1/0">
+      <wpt lat="5" lon="5"/><rte><rtept lat="5" lon="5"/></rte>
+      <trk><trkseg/><trkseg>
+        <trkpt lat="45.5" lon=" 14.25 "><ele>733.5</ele><time>2001-01-01T00:01:00.5Z</time>
+          <course>270.5</course><speed>+1.25</speed><hdop>1.5</hdop><vdop>2</vdop></trkpt>
+      </trkseg></trk></gpx>)"),
+              ElementsAre(CLLocation{{45.5, 14.25}, 733.5, 7.5, 10, 1.25, 270.5, {60.5}}));
+  EXPECT_THAT(fixesOf(R"(<g:gpx version="1.1" xmlns:g="http://www.topografix.com/GPX/1/1">
+      <g:trk><g:trkseg>
+        <g:trkpt lat="1" lon="2"><g:ele>3</g:ele><g:time>2001-01-01T00:00:00Z</g:time>
+          <g:extensions><x:TrackPointExtension><x:speed>4</x:speed><x:course>5</x:course>
+          </x:TrackPointExtension></g:extensions></g:trkpt>
+      </g:trkseg></g:trk>
+      <g:trk><g:trkseg>
+        <g:trkpt lat="1" lon="2"><g:vdop>2</g:vdop><g:time>2001-01-01T00:00:00Z</g:time></g:trkpt>
+      </g:trkseg></g:trk></g:gpx>)"),
+              ElementsAre(CLLocation{{1, 2}, 3, 5, 5, 4, 5, {0}},
+                          CLLocation{{1, 2}, 0, 5, 10, -1, -1, {0}}));
+}
+
+TEST(Gpx, WithoutTimesGoesASecondAPointAndSaysSo) {
+  const std::string track = R"(<trk><trkseg><trkpt lat="1" lon="2"/></trkseg>
+      <trkseg><trkpt lat="3" lon="4"/></trkseg></trk>)";
+  const std::string timed = R"(<trk><trkseg><trkpt lat="5" lon="6">
+      <time>2001-01-01T01:00:00Z</time></trkpt></trkseg></trk>)";
+  const auto open = [](const std::string& tracks) {
+    // The text is read when it is opened.
+    return openRecording(InputBytes(bytesOfText("<gpx>" + tracks + "</gpx>")));
+  };
+  const auto untimed = open(track);
+  EXPECT_EQ(untimed->note(), "the track has no times: its points are taken one second apart");
+  EXPECT_EQ(untimed->next()->t, 0);
+  EXPECT_EQ(untimed->next()->t, 1);
+  // Tracks without times are passed over beside others that have them, before or after.
+  for (const std::string& both : {track + timed, timed + track}) {
+    const auto mixed = open(both);
+    EXPECT_EQ(mixed->note(), "2 track points are passed over, as their tracks have no times");
+    EXPECT_EQ(mixed->next()->t, 3600);
+    EXPECT_FALSE(mixed->next());
+  }
+  EXPECT_FALSE(open(timed)->note());
+}
+
+CLLocation withoutAccuracies(CLLocation fix) {
+  fix.horizontalAccuracy = fix.verticalAccuracy = 0;
+  return fix;
+}
+
+// Reports as gpsd 3.22 writes them, with values of our own. 2021-01-02T03:04:05Z is 631249445 s
+// after the reference date (GNU date).
+TEST(Gpsd, ReadsPositionsAndHeadings) {
+  const auto events = eventsOf(
+      R"({"class":"VERSION","release":"3.22","proto_major":3,"proto_minor":14}
+{"class":"DEVICES","devices":[{"class":"DEVICE","path":"/dev/ttyUSB0"}]}
+{"class":"TPV","mode":1}
+{"class":"ATT","heading":10}
+{"class":"TPV","mode":3,"lat":47.5,"lon":8.5}
+{"class":"TPV","mode":3,"time":"2021-01-02T03:04:05.250Z","lat":47.5,"lon":8.5,"altHAE":450.5,"altMSL":403.25,"eph":7.5,"epv":9,"track":12.5,"speed":1.5,"magvar":2.5,"magtrack":99}
+{"class":"SKY","satellites":[{"PRN":1,"el":2,"az":3,"ss":4,"used":true}]}
+{"class":"ATT","heading":1,"mag_st":"N"}
+{"class":"ATT","time":"2021-01-02T03:04:06.000Z","heading":359}
+{"class":"TPV","mode":2,"time":"2021-01-02T03:04:05.750Z","lat":-47.5,"lon":-8.5,"epx":3,"epy":4}
+{"class":"TPV","mode":3,"time":"2021-01-02T03:04:05.500Z","lat":1,"lon":2,"altHAE":450.5}
+{"class":"TPV","mode":3,"lat":1,"lon":2}
+)");
+  ASSERT_EQ(events.size(), 6U);
+  const auto fix = [&events](std::size_t index) {
+    return std::get<event::Locate>(events[index].action).fixes.at(0);
+  };
+  const auto heading = [&events](std::size_t index) {
+    return std::get<event::Turn>(events[index].action).heading;
+  };
+  EXPECT_EQ(events[0].t, 631249445.25);
+  // Errors of 95 % become accuracies of 68 %: 7.5 times 0.61673, 9 times 0.50739.
+  EXPECT_NEAR(fix(0).horizontalAccuracy, 4.62548, 1e-5);
+  EXPECT_NEAR(fix(0).verticalAccuracy, 4.56651, 1e-5);
+  EXPECT_EQ(withoutAccuracies(fix(0)),
+            (CLLocation{{47.5, 8.5}, 403.25, 0, 0, 1.5, 12.5, {631249445.25}}));
+  EXPECT_EQ(events[1].t, 631249445.25);
+  EXPECT_EQ(heading(1), (CLHeading{1, 358.5, 5}));  // 1 - 2.5, within the circle
+  EXPECT_EQ(events[2].t, 631249446);
+  EXPECT_EQ(heading(2), (CLHeading{359, 356.5, 5}));
+  // The fix is older than the heading, by another clock: it keeps its time, and comes now.
+  EXPECT_EQ(events[3].t, 631249446);
+  EXPECT_NEAR(fix(3).horizontalAccuracy, 2.72315, 1e-5);  // 0.54463 times 5
+  EXPECT_EQ(fix(3).verticalAccuracy, -1);
+  EXPECT_EQ(withoutAccuracies(fix(3)),
+            (CLLocation{{-47.5, -8.5}, 0, 0, 0, -1, -1, {631249445.75}}));
+  // A receiver that sets its clock back by less than a second; a height above the ellipsoid only.
+  EXPECT_EQ(fix(4), (CLLocation{{1, 2}, 450.5, 5, -1, -1, -1, {631249445.5}}));
+  EXPECT_EQ(fix(5), (CLLocation{{1, 2}, 0, 5, -1, -1, -1, {631249445.5}}));
+}
+
+TEST(Gpsd, PassesOverWhatItsLibraryCannotRead) {
+  const std::string fix =
+      R"({"class":"TPV","mode":2,"time":"2021-01-02T03:04:05.5Z","lat":1,"lon":2})"
+      "\n";
+  for (const char* odd :
+       {R"({"class":"TPV","mode":2,"devices":[{"class":"DEVICE","path":"x"}]})",
+        R"({"mood":[1],"class":"TPV","mode":2,"lat":3,"lon":4})",
+        R"({"class":"TPV","mode":2,"lat":"3","lon":4})", R"({"class":"TPV"})",
+        R"({"class":"ATT","heading":"north"})", R"({"class":["TPV"]})", R"({"class":"IMU"})"}) {
+    EXPECT_EQ(fixesOf(fix + odd + "\n" + fix).size(), 2U) << odd;
+  }
+}
+
+}  // namespace
+}  // namespace wayfell

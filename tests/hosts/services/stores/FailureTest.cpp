@@ -1,0 +1,385 @@
+// What becomes of files that are not as they should be, and of changes that cannot be saved.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+
+#include <csignal>
+
+#include "Child.h"
+#include "WatchedStore.h"
+#include "hosts/services/sqlite/Database.h"
+#include "support/Folder.h"
+
+namespace wayfell {
+namespace {
+
+using Access = SqliteStore::Access;
+using State = SqliteStore::State;
+using testing::ElementsAre;
+using testing::EndsWith;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+// A file with "units" 1, and nothing of it in a log.
+void makeSettings(const std::filesystem::path& file) { WatchedStore(file).store.set("units", 1); }
+
+void execute(const std::filesystem::path& file, const char* sql) {
+  Database(file, Database::Open::readWrite).execute(sql);
+}
+
+std::int64_t unitsIn(const SqliteStore& store) {
+  const PropertyValue* const units = store.find("units");
+  return units != nullptr ? units->integerValue() : 0;
+}
+
+// The names of the damaged files that have been put aside, without what lay beside them.
+std::vector<std::string> keptIn(const Folder& folder) {
+  std::vector<std::string> names;
+  for (const auto& entry : std::filesystem::directory_iterator(folder.path())) {
+    const std::string name = entry.path().filename();
+    const bool isBeside = name.ends_with("-wal") || name.ends_with("-shm");
+    if (name.find(".corrupt-") != std::string::npos && !isBeside) names.push_back(name);
+  }
+  return names;
+}
+
+// Another program's and later files are read, if at all, and stay as they are to the last byte.
+TEST(Failure, LeavesFilesThatAreNotOursAlone) {
+  struct Case {
+    const char* sql;
+    State state;
+    std::int64_t units;
+    const char* warning;
+  };
+  const Case cases[] = {
+      {"CREATE TABLE settings (key, type, value); INSERT INTO settings VALUES "
+       "('units', 'integer', 1)",
+       State::unreadable, 0, "application_id is 0"},
+      {"PRAGMA application_id = 77; CREATE TABLE other (a)", State::unreadable, 0,
+       "application_id is 77"},
+      {"PRAGMA application_id = 77; PRAGMA journal_mode = WAL", State::unreadable, 0,
+       "application_id is 77"},
+      {"PRAGMA application_id = 1464226644; PRAGMA user_version = 1; CREATE TABLE other (a)",
+       State::unreadable, 0, "another program"},
+      {"PRAGMA application_id = 1464226644; PRAGMA user_version = 2; "
+       "CREATE TABLE settings (key, type, value, more); INSERT INTO settings VALUES "
+       "('units', 'integer', 1, 0)",
+       State::readable, 1, "user_version is 2"},
+      {"PRAGMA application_id = 1464226644; PRAGMA user_version = 2; "
+       "CREATE TABLE settings (name, value)",
+       State::unreadable, 0, "no such column: key"},
+  };
+  for (const Case& c : cases) {
+    const Folder folder;
+    const auto file = folder / "suite.db";
+    execute(file, c.sql);
+    const std::string before = bytesOf(file);
+    {
+      WatchedStore opened(file);
+      EXPECT_EQ(opened.store.state(), c.state) << c.sql;
+      EXPECT_EQ(unitsIn(opened.store), c.units);
+      ASSERT_FALSE(opened.warnings.empty());
+      EXPECT_THAT(opened.warnings.back(), HasSubstr(c.warning));
+      EXPECT_THAT(opened.warnings.back(), testing::StartsWith(file.string() + ": "));
+      const std::size_t warnings = opened.warnings.size();
+      EXPECT_FALSE(opened.store.setAll({{"units", 5}}));
+      EXPECT_FALSE(opened.store.setAll({{"speed", 2}}));
+      EXPECT_EQ(unitsIn(opened.store), 5);  // for the time being
+      EXPECT_EQ(opened.warnings.size(), warnings);
+    }
+    EXPECT_TRUE(bytesOf(file) == before) << c.sql;
+  }
+}
+
+// Each is kept under a new name with its bytes, and a new file begun.
+TEST(Failure, PutsDamagedFilesAside) {
+  struct Case {
+    const char* name;
+    std::string (*damage)(std::string file);
+  };
+  const Case cases[] = {
+      {"garbage in front",
+       [](std::string file) { return file.replace(0, 16, "no database this"); }},
+      {"no database at all", [](std::string) { return std::string("units = 1\n"); }},
+      {"cut short", [](std::string file) { return file.substr(0, 5000); }},
+      {"cut very short", [](std::string file) { return file.substr(0, 300); }},
+      {"a page overwritten", [](std::string file) { return file.replace(4096, 4096, 4096, 'x'); }},
+  };
+  for (const Case& c : cases) {
+    const Folder folder;
+    const auto file = folder / "suite.db";
+    makeSettings(file);
+    const std::string damaged = c.damage(bytesOf(file));
+    putBytes(file, damaged);
+    WatchedStore opened(file);
+    EXPECT_EQ(opened.store.state(), State::writable) << c.name;
+    EXPECT_EQ(unitsIn(opened.store), 0);
+    ASSERT_THAT(opened.warnings, ElementsAre(HasSubstr("is damaged"))) << c.name;
+    EXPECT_TRUE(opened.store.setAll({{"units", 2}}));
+
+    ASSERT_EQ(keptIn(folder).size(), 1U) << c.name;
+    const std::string name = keptIn(folder).front();
+    EXPECT_THAT(name, testing::MatchesRegex("suite.db.corrupt-[0-9]+T[0-9]+Z"));
+    EXPECT_THAT(opened.warnings[0], HasSubstr(name));
+    EXPECT_TRUE(bytesOf(folder / name) == damaged) << c.name;
+    EXPECT_EQ(unitsIn(WatchedStore(file).store), 2);
+
+    // What is only to be read is not renamed.
+    putBytes(folder / "cloud.db", damaged);
+    WatchedStore read(folder / "cloud.db", Access::readOnly);
+    EXPECT_EQ(read.store.state(), State::unreadable);
+    EXPECT_THAT(read.warnings, ElementsAre(HasSubstr("is damaged")));
+    EXPECT_TRUE(bytesOf(folder / "cloud.db") == damaged);
+  }
+}
+
+// Pages go bad under a program that has long been reading.
+TEST(Failure, FindsDamageLater) {
+  const Folder folder;
+  const auto file = folder / "suite.db";
+  WatchedStore opened(file);
+  ASSERT_TRUE(opened.store.setAll({{"units", 1}}));
+  execute(file, "PRAGMA wal_checkpoint(TRUNCATE)");
+  std::fstream(file).seekp(4096) << std::string(4096, 'x');
+  // Somebody's write makes it look, and then write into the new file.
+  execute(file, "PRAGMA user_version = 1");
+  EXPECT_EQ(unitsIn(opened.store), 0);
+  EXPECT_TRUE(opened.store.setAll({{"units", 2}}));
+  EXPECT_THAT(opened.warnings, ElementsAre(HasSubstr("is damaged")));
+  EXPECT_EQ(unitsIn(WatchedStore(file).store), 2);
+}
+
+// Two damaged files within a second do not overwrite each other.
+TEST(Failure, KeepsEachDamagedFile) {
+  const Folder folder;
+  const auto file = folder / "suite.db";
+  for (const char* bytes : {"first", "second", "third"}) {
+    putBytes(file, bytes);
+    WatchedStore{file};
+    std::filesystem::remove(file);
+  }
+  std::vector<std::string> kept;
+  for (const auto& name : keptIn(folder)) kept.push_back(bytesOf(folder / name));
+  EXPECT_THAT(kept, testing::UnorderedElementsAre("first", "second", "third"));
+}
+
+TEST(Failure, PassesOverBadRows) {
+  const Folder folder;
+  const auto file = folder / "suite.db";
+  makeSettings(file);
+  execute(file,
+          "PRAGMA ignore_check_constraints = 1; INSERT INTO settings VALUES "
+          "('a', 'url', 'x'), ('b', 'integer', 'x'), ('c', 'list', '[1'), (x'64', 'integer', 1)");
+  WatchedStore opened(file);
+  EXPECT_EQ(opened.store.values(), (PropertyValue::Dictionary{{"units", 1}}));
+  EXPECT_THAT(opened.warnings,
+              ElementsAre(file.string() +
+                          ": the row of \"a\" holds no value: \"url\" is no type (and 3 more like "
+                          "it); it is left there and counts as missing"));
+  // They stay, but for those that are written or removed.
+  EXPECT_TRUE(opened.store.setAll({{"a", 1}, {"b", std::nullopt}, {"e", 1}}));
+  Database rows(file, Database::Open::readOnly);
+  EXPECT_EQ(rows.integer("SELECT count(*) FROM settings"), 5);
+  EXPECT_EQ(rows.integer("SELECT value FROM settings WHERE key = 'a'"), 1);
+  // The schema itself keeps such rows out.
+  for (const char* row :
+       {"'f', 'url', 'x'", "'f', 'integer', 'x'", "'f', 'boolean', 2", "'f', 'text', 1",
+        "'f', 'data', 'x'", "'f', 'integer', NULL", "'f', NULL, 1", "NULL, 'integer', 1"}) {
+    const std::string sql = std::string("INSERT INTO settings VALUES (") + row + ")";
+    EXPECT_THROW(execute(file, sql.c_str()), DatabaseError) << row;
+  }
+}
+
+// The rest go on as a user who may not do everything.
+std::string asSomebody(const std::function<std::string()>& action) {
+  return inChild([&action] {
+    if (geteuid() == 0 && (setgid(65534) != 0 || setuid(65534) != 0)) return std::string("is root");
+    return action();
+  });
+}
+
+// "STATE UNITS SAVED UNITS: warnings"
+std::string report(const std::filesystem::path& file, Access access = Access::readWrite) {
+  WatchedStore opened(file, access);
+  std::string text = std::to_string(static_cast<int>(opened.store.state()));
+  text += ' ' + std::to_string(unitsIn(opened.store));
+  text += opened.store.setAll({{"units", 1}}) ? " there" : " not there";
+  text += opened.store.setAll({{"units", 2}}) ? " saved " : " not saved ";
+  text += std::to_string(unitsIn(opened.store)) + ':';
+  for (const std::string& warning : opened.warnings) text += ' ' + warning;
+  return text;
+}
+
+TEST(Failure, GoesOnWithWhatMayBeRead) {
+  enum : mode_t { kOpen = 0777, kNoWriting = 0555, kNothing = 0000 };
+  struct Case {
+    const char* name;
+    mode_t folder;
+    mode_t file;
+    bool hasFile;
+    Access access;
+    const char* start;
+    const char* warning;
+  };
+  const Case cases[] = {
+      {"writable", kOpen, 0666, true, Access::readWrite, "0 1 there saved 2:", ""},
+      {"read-only file", kOpen, 0444, true, Access::readWrite, "1 1 there not saved 2:",
+       "cannot be written to: it is read-only; changes last until the program ends"},
+      {"read-only folder", kNoWriting, 0666, true, Access::readWrite,
+       "1 1 there not saved 2:", "cannot be written to: its folder is read-only"},
+      {"both read-only", kNoWriting, 0444, true, Access::readWrite,
+       "1 1 there not saved 2:", "cannot be written to: "},
+      {"for reading, both read-only", kNoWriting, 0444, true, Access::readOnly,
+       "1 1 there not saved 2:", "is open for reading only"},
+      {"secret", kOpen, kNothing, true, Access::readWrite,
+       "3 0 not there not saved 2:", "cannot be read: Permission denied"},
+      {"no place for a new file", kNoWriting, 0, false, Access::readWrite,
+       "3 0 not there not saved 2:", "cannot be created: Permission denied"},
+      {"for reading, missing", kNoWriting, 0, false, Access::readOnly,
+       "2 0 not there not saved 2:", "is open for reading only"},
+  };
+  for (const Case& c : cases) {
+    const Folder folder;
+    const auto file = folder / "suite.db";
+    if (c.hasFile) {
+      makeSettings(file);
+      chmod(file.c_str(), c.file);
+    }
+    chmod(folder.path().c_str(), c.folder);
+    const std::string answer = asSomebody([&] { return report(file, c.access); });
+    EXPECT_THAT(answer, testing::StartsWith(c.start)) << c.name;
+    EXPECT_THAT(answer, HasSubstr(c.warning)) << c.name;
+    chmod(folder.path().c_str(), 0755);
+  }
+}
+
+// While somebody else keeps the log open, it can be read, or it is said why not.
+TEST(Failure, DoesNotReadPastALog) {
+  const Folder folder;
+  const auto file = folder / "suite.db";
+  WatchedStore writer(file);
+  writer.store.set("units", 1);
+  // A copy of the database and its log, without what is shared by those who have it open.
+  const Folder copy;
+  for (const char* name : {"suite.db", "suite.db-wal"}) {
+    std::filesystem::copy_file(folder / name, copy / name);
+    chmod((copy / name).c_str(), 0444);
+  }
+  chmod(copy.path().c_str(), 0555);
+  EXPECT_THAT(asSomebody([&] { return report(copy / "suite.db", Access::readOnly); }),
+              testing::StartsWith("3 0 not there not saved 2: " + (copy / "suite.db").string() +
+                                  ": cannot be read: the latest changes are still in its -wal "
+                                  "file, which its folder does not let be opened"));
+  chmod(copy.path().c_str(), 0755);
+}
+
+// Not even for the -shm file of the first one who reads.
+TEST(Failure, ReadsWhatIsOnAFullDisk) {
+  const Folder folder;
+  const auto file = folder / "suite.db";
+  makeSettings(file);
+  const std::string before = bytesOf(file);
+  const std::string answer = inChild([&file] {
+    signal(SIGXFSZ, SIG_IGN);
+    const rlimit limit{16'384, 16'384};
+    setrlimit(RLIMIT_FSIZE, &limit);
+    return report(file) + report(file, Access::readOnly);
+  });
+  EXPECT_THAT(answer, testing::StartsWith("1 1 there not saved 2: " + file.string() +
+                                          ": cannot be written to: the disk is full"));
+  EXPECT_THAT(answer, HasSubstr("1 1 there not saved 2: " + file.string() + ": is open for"));
+  EXPECT_TRUE(bytesOf(file) == before);
+}
+
+TEST(Failure, DoesNotWaitForTheOtherEndOfAPipe) {
+  const Folder folder;
+  ASSERT_EQ(mkfifo((folder / "suite.db").c_str(), 0600), 0);
+  WatchedStore opened(folder / "suite.db");
+  EXPECT_EQ(opened.store.state(), State::unreadable);
+  EXPECT_THAT(opened.warnings, ElementsAre(HasSubstr("cannot be read: it is not a file")));
+}
+
+// A file in rollback mode cannot be changed to the log while somebody reads it.
+TEST(Failure, DoesNotWaitForTheLogForLong) {
+  const Folder folder;
+  const auto file = folder / "suite.db";
+  makeSettings(file);
+  Database other(file, Database::Open::readWrite);
+  other.execute("PRAGMA journal_mode = DELETE; BEGIN; SELECT * FROM settings");
+  WatchedStore opened(file);
+  EXPECT_EQ(opened.store.state(), State::writable);
+  other.execute("COMMIT");
+  EXPECT_TRUE(opened.store.setAll({{"units", 2}}));
+  EXPECT_EQ(other.integer("SELECT value FROM settings WHERE key = 'units'"), 2);
+  EXPECT_THAT(opened.warnings, IsEmpty());
+}
+
+TEST(Failure, TriesAgainWhatTheDiskHadNoRoomFor) {
+  const std::string answer = inChild([]() -> std::string {
+    const Folder folder;
+    const auto file = folder / "suite.db";
+    WatchedStore opened(file);
+    opened.store.set("units", 1);
+    signal(SIGXFSZ, SIG_IGN);
+    rlimit limit{};
+    getrlimit(RLIMIT_FSIZE, &limit);
+    const rlim_t enough = limit.rlim_cur;
+    limit.rlim_cur = 65'536;
+    setrlimit(RLIMIT_FSIZE, &limit);
+    const std::string large(100'000, 'a');
+    std::string text = opened.store.setAll({{"large", large}}) ? "saved" : "full";
+    text += opened.store.setAll({{"units", 2}}) ? ", saved" : ", full";
+    text += opened.store.find("large") != nullptr ? ", seen" : ", lost";
+    text += WatchedStore(file).store.find("large") == nullptr ? ", not there" : ", there";
+    text += ", units " + std::to_string(unitsIn(WatchedStore(file).store));
+
+    limit.rlim_cur = enough;
+    setrlimit(RLIMIT_FSIZE, &limit);
+    text += opened.store.setAll({{"speed", 1}}) ? ", saved" : ", full";
+    WatchedStore other(file);
+    text += ", units " + std::to_string(unitsIn(other.store));
+    text += *other.store.find("large") == PropertyValue(large) ? ", there" : ", lost";
+    return text + ", " + std::to_string(opened.warnings.size()) + " warning";
+  });
+  EXPECT_EQ(answer, "full, full, seen, not there, units 1, saved, units 2, there, 1 warning");
+}
+
+TEST(Failure, PutsOffWhatIsLockedForLong) {
+  const Folder folder;
+  const auto file = folder / "suite.db";
+  WatchedStore opened(file);
+  opened.store.set("units", 1);
+  {
+    Database other(file, Database::Open::readWrite);
+    const Transaction stuck(other);
+    EXPECT_FALSE(opened.store.setAll({{"units", 2}}));
+    EXPECT_EQ(unitsIn(opened.store), 2);
+    EXPECT_FALSE(opened.store.setAll({{"speed", 2}}));
+    EXPECT_THAT(opened.warnings, ElementsAre(HasSubstr("database is locked")));
+  }
+  EXPECT_TRUE(opened.store.setAll({{"speed", 1}}));
+  EXPECT_EQ(WatchedStore(file).store.values(),
+            (PropertyValue::Dictionary{{"speed", 1}, {"units", 2}}));
+}
+
+TEST(Failure, FollowsAFileThatIsReplacedOrDeleted) {
+  const Folder folder;
+  const auto file = folder / "suite.db";
+  WatchedStore opened(file);
+  opened.store.set("units", 1);
+  makeSettings(folder / "other.db");
+  WatchedStore(folder / "other.db").store.set("units", 7);
+  for (const char* suffix : {"-wal", "-shm"}) std::filesystem::remove(file.string() + suffix);
+  std::filesystem::rename(folder / "other.db", file);
+  EXPECT_EQ(unitsIn(opened.store), 7);
+  for (const char* suffix : {"", "-wal", "-shm"}) std::filesystem::remove(file.string() + suffix);
+  EXPECT_EQ(unitsIn(opened.store), 0);
+  for (const char* suffix : {"", "-wal", "-shm"}) std::filesystem::remove(file.string() + suffix);
+  opened.store.set("units", 8);
+  EXPECT_EQ(unitsIn(WatchedStore(file).store), 8);
+  EXPECT_THAT(opened.warnings, IsEmpty());
+}
+
+}  // namespace
+}  // namespace wayfell

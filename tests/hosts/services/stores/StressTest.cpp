@@ -1,0 +1,173 @@
+// Several processes at one file, and processes killed while they write.
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <csignal>
+#include <filesystem>
+#include <random>
+#include <set>
+
+#include "Child.h"
+#include "WatchedStore.h"
+#include "support/Folder.h"
+
+namespace wayfell {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+// In memory where there is such a place: none of this is about a loss of power, and tens of
+// thousands of writes wait long for a disk.
+std::filesystem::path quickPlace() {
+  const std::filesystem::path memory = "/dev/shm";
+  return access(memory.c_str(), W_OK) == 0 ? memory : std::filesystem::temp_directory_path();
+}
+
+std::int64_t integerIn(const SqliteStore& store, const std::string& key) {
+  const PropertyValue* const value = store.find(key);
+  return value != nullptr ? value->integerValue() : 0;
+}
+
+TEST(Stress, TwoWritersLoseNothingAndNoPairIsTorn) {
+  constexpr int kWrites = 10'000;
+  const std::string names[] = {"app", "widget"};
+  const Folder folder(quickPlace());
+  const auto file = folder / "suite.db";
+  std::set<pid_t> writers;
+  for (const std::string& name : names) {
+    writers.insert(startWorker({"--write-pairs", file, name, std::to_string(kWrites)}));
+  }
+
+  std::uint64_t turn = 0;
+  WatchedStore seen(file, SqliteStore::Access::readOnly, [&turn] { return turn; });
+  std::set<std::int64_t> states;
+  std::map<std::string, std::int64_t> before;
+  while (!writers.empty()) {
+    ++turn;
+    for (const std::string& name : names) {
+      const std::int64_t a = integerIn(seen.store, name + ".a");
+      ASSERT_EQ(a, integerIn(seen.store, name + ".b"));
+      ASSERT_GE(a, before[name]);
+      before[name] = a;
+      states.insert(a);
+    }
+    int status = 0;
+    const pid_t ended = waitpid(-1, &status, WNOHANG);
+    if (ended > 0) {
+      EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << status;
+      writers.erase(ended);
+    }
+  }
+  EXPECT_GT(states.size(), 100U) << "the reader did not read while others wrote";
+
+  ++turn;
+  for (const std::string& name : names) {
+    EXPECT_EQ(integerIn(seen.store, name + ".a"), kWrites);
+    for (int i = 0; i < 100; ++i) {
+      const std::int64_t last = i == 0 ? kWrites : kWrites - 100 + i;
+      EXPECT_EQ(integerIn(seen.store, name + "." + std::to_string(i)), last);
+    }
+  }
+  EXPECT_TRUE(seen.warnings.empty()) << seen.warnings.front();
+}
+
+// The last number of which the whole line has been printed.
+std::int64_t lastOf(const std::string& lines) {
+  const std::size_t end = lines.rfind('\n');
+  if (end == std::string::npos) return 0;
+  const std::size_t begin = end == 0 ? std::string::npos : lines.rfind('\n', end - 1);
+  return std::stoll(lines.substr(begin == std::string::npos ? 0 : begin + 1));
+}
+
+void spin(std::chrono::microseconds time) {
+  for (const auto end = Clock::now() + time; Clock::now() < end;) {
+  }
+}
+
+TEST(Stress, EveryAcknowledgedWriteOutlivesAKill) {
+  const Folder folder(quickPlace());
+  const auto file = folder / "suite.db";
+  std::mt19937 random(1);
+  std::int64_t saved = 0;
+  int killedAtWork = 0;
+  for (int round = 0; round < 200; ++round) {
+    int ends[2];
+    ASSERT_EQ(pipe(ends), 0);
+    const pid_t writer = startWorker({"--count", file}, ends[1]);
+    close(ends[1]);
+    std::string printed;
+    // Every other one is let begin; the others may be killed while they open the file.
+    if (round % 2 == 0) {
+      char buffer[64];
+      const ssize_t count = read(ends[0], buffer, sizeof buffer);
+      ASSERT_GT(count, 0);
+      printed.assign(buffer, static_cast<std::size_t>(count));
+      spin(std::chrono::microseconds(random() % 1000));
+    } else {
+      spin(std::chrono::microseconds(random() % 20'000));
+    }
+    kill(writer, SIGKILL);
+    ASSERT_EQ(statusOf(writer), -1);
+    printed += restOf(ends[0]);
+    const std::int64_t acknowledged = std::max(saved, lastOf(printed));
+    killedAtWork += acknowledged > saved ? 1 : 0;
+
+    WatchedStore found(file);
+    const std::int64_t n = integerIn(found.store, "n");
+    ASSERT_GE(n, acknowledged);
+    ASSERT_LE(n, acknowledged + 1);  // saved, and killed before it was said
+    ASSERT_EQ(n, integerIn(found.store, "n.again"));
+    ASSERT_TRUE(found.warnings.empty()) << found.warnings.front();
+    saved = n;
+  }
+  EXPECT_GE(killedAtWork, 100);
+}
+
+// All at once make the file and its folders, and each finds what all have written.
+TEST(Stress, ManyBeginOneFile) {
+  for (int round = 0; round < 5; ++round) {
+    const Folder folder(quickPlace());
+    const auto file = folder.path() / "new" / "folder" / "suite.db";
+    std::vector<pid_t> writers;
+    for (int i = 0; i < 8; ++i) {
+      writers.push_back(startWorker({"--write-pairs", file, std::to_string(i), "1"}));
+    }
+    for (const pid_t writer : writers) EXPECT_EQ(statusOf(writer), 0);
+    WatchedStore found(file);
+    for (int i = 0; i < 8; ++i) EXPECT_EQ(integerIn(found.store, std::to_string(i) + ".a"), 1);
+  }
+}
+
+// The damaged file is kept once, and nobody's new file is taken for it.
+TEST(Stress, ManyFindOneDamagedFile) {
+  const std::string damaged = "This is no database, whatever its name says.";
+  for (int round = 0; round < 5; ++round) {
+    const Folder folder(quickPlace());
+    const auto file = folder / "suite.db";
+    putBytes(file, damaged);
+    std::vector<pid_t> writers;
+    for (int i = 0; i < 8; ++i) {
+      writers.push_back(startWorker({"--write-pairs", file, std::to_string(i), "1"}));
+    }
+    int warned = 0;
+    for (const pid_t writer : writers) {
+      const int status = statusOf(writer);
+      EXPECT_TRUE(status == 0 || status == 2) << status;
+      warned += status == 2 ? 1 : 0;
+    }
+    EXPECT_EQ(warned, 1);
+    WatchedStore found(file);
+    for (int i = 0; i < 8; ++i) EXPECT_EQ(integerIn(found.store, std::to_string(i) + ".a"), 1);
+    int kept = 0;
+    for (const auto& entry : std::filesystem::directory_iterator(folder.path())) {
+      if (entry.path().filename().string().starts_with("suite.db.corrupt-")) {
+        ++kept;
+        EXPECT_EQ(bytesOf(entry.path()), damaged);
+      }
+    }
+    EXPECT_EQ(kept, 1);
+  }
+}
+
+}  // namespace
+}  // namespace wayfell

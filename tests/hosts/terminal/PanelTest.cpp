@@ -1,0 +1,189 @@
+// How the panel is composed of characters. Whole panels are compared in live_test.py.
+#include "hosts/terminal/Panel.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <map>
+
+#include "hosts/replay/ReplayedWidget.h"
+#include "hosts/terminal/AsciiText.h"
+#include "hosts/terminal/LargeText.h"
+#include "hosts/terminal/PanelText.h"
+#include "hosts/text/TextWidth.h"
+
+namespace wayfell {
+namespace {
+
+CLHeading heading(double degrees) {
+  CLHeading heading;
+  heading.trueHeading = degrees;
+  heading.headingAccuracy = 5;
+  return heading;
+}
+
+event::Settings mils() { return {{"useMils", PropertyValue(true)}}; }
+
+// What stands under the mark, and beside it for labels that have their middle between two columns.
+std::string underMark(const WidgetInterface& interface, const PanelRoom& room) {
+  const Panel panel = composePanel(interface, room, "");
+  const PanelRow& marks = panel.rows.at(1);
+  const PanelRow& tape = panel.rows.at(2);
+  for (std::size_t i = 0; i < tape.size(); ++i) {
+    if (tape[i].style != PanelStyle::mark) continue;
+    EXPECT_EQ(marks.at(1).text, "▼");
+    EXPECT_EQ(marks.at(1).column, tape[i].column);
+    const bool labelGoesOn = tape[i - 1].style == PanelStyle::value;
+    return (labelGoesOn ? tape[i - 1].text : "") + tape[i].text +
+           (tape[i + 1].style == PanelStyle::value ? tape[i + 1].text : "");
+  }
+  return "no mark";
+}
+
+// The labels of the tapes, by the degrees and mils that they stand for.
+TEST(Panel, TheMarkIsOnTheHeading) {
+  const std::map<double, std::pair<std::string, std::string>> labels = {
+      {0, {"N", "0"}},        {45, {"45", "800"}},    {90, {"E", "1600"}},
+      {135, {"135", "2400"}}, {180, {"S", "3200"}},   {225, {"225", "4000"}},
+      {270, {"W", "4800"}},   {315, {"315", "5600"}}, {359.9, {"N", "0"}},
+  };
+  for (const bool useMils : {false, true}) {
+    ReplayedWidget widget;
+    if (useMils) widget.apply(event::WriteSuite{mils()});
+    for (const auto& [degrees, label] : labels) {
+      widget.apply(event::Turn{heading(degrees)});
+      for (const PanelRoom room : {PanelRoom{}, PanelRoom{80, 24}, PanelRoom{55, 16}}) {
+        EXPECT_EQ(underMark(widget.interface(), room), useMils ? label.second : label.first)
+            << degrees << " in " << room.columns << " columns";
+      }
+    }
+  }
+}
+
+// Farther on by one column in each of 45 / 9 = 5 degrees, give or take a label's middle.
+TEST(Panel, TheTapeSlidesEvenly) {
+  ReplayedWidget widget;
+  for (double degrees = 0; degrees < 45; degrees += 1) {
+    widget.apply(event::Turn{heading(degrees)});
+    const PanelRow tape = composePanel(widget.interface(), {}, "").rows.at(2);
+    const auto north = std::find_if(tape.begin(), tape.end(),
+                                    [](const PanelSpan& span) { return span.text == "N"; });
+    ASSERT_NE(north, tape.end());
+    EXPECT_NEAR(14 - north->column, degrees / 5, 0.6 + degrees / 90) << degrees;
+  }
+}
+
+// Every row fills its width and its texts do not overlap, however long the values and, in other
+// languages, the captions are.
+TEST(Panel, RowsFillTheirWidth) {
+  for (const bool translated : {false, true}) {
+    ReplayedWidget widget;
+    if (translated) {
+      for (const char* key : {"Altitude", "Speed", "Pace", "Distance", "ETA", "Time", "Open", "Dm",
+                              "Latitude\nLongitude"}) {
+        widget.host().strings.translations[key] = "a long word in another language";
+      }
+    }
+    widget.apply(event::WriteSuite{{{"widgetAddressString", PropertyValue(std::string(200, 'x'))},
+                                    {"hasWaypoint", PropertyValue(true)},
+                                    {"distance", PropertyValue(1e12)},
+                                    {"time", PropertyValue(1e9)}}});
+    widget.apply(event::Turn{heading(1e30)});
+    CLLocation far;
+    far.coordinate = {-89.123456789, -179.123456789};
+    far.altitude = -12345678;
+    far.horizontalAccuracy = 1;
+    widget.apply(event::Locate{{far}});
+    for (const int columns : {1, 40, 41, 59, 60, 64, 500}) {
+      for (const std::optional<int> rows : {std::optional<int>(), std::optional<int>(22)}) {
+        const Panel panel = composePanel(widget.interface(), {columns, rows}, "0:00:00");
+        EXPECT_EQ(panel.columns, std::min(64, std::max(40, columns)));
+        for (const PanelRow& row : panel.rows) {
+          int end = 0;
+          for (const PanelSpan& span : row) {
+            EXPECT_GE(span.column, end) << span.text << " in " << columns;
+            end = span.column + columnsOf(span.text);
+          }
+          EXPECT_EQ(end, panel.columns) << row.at(1).text;
+        }
+      }
+    }
+  }
+}
+
+TEST(Panel, GivesUpTheLeastTellingRows) {
+  ReplayedWidget widget;
+  widget.apply(event::WriteSuite{{{"hasWaypoint", PropertyValue(true)}}});
+  widget.start();
+  const auto kept = [&](int rows) {
+    const Panel panel = composePanel(widget.interface(), {40, rows}, "");
+    EXPECT_LE(std::ssize(panel.rows), rows);
+    EXPECT_EQ(std::ssize(panel.rows) + panel.missingRows, 14);
+    std::string captions;
+    for (const PanelRow& row : panel.rows) {
+      if (row.at(1).style == PanelStyle::caption) captions += row.at(1).text + ' ';
+    }
+    return captions;
+  };
+  const std::string all = " Wayfell  Latitude Longitude Altitude  Waypoint  Distance  Track  Time ";
+  EXPECT_EQ(kept(14), all);
+  EXPECT_EQ(kept(13), all);  // without the address
+  EXPECT_EQ(kept(11), " Wayfell  Latitude Longitude Altitude  Waypoint  Distance ");
+  EXPECT_EQ(kept(9), "Latitude Longitude Altitude  Waypoint  Distance ");
+  EXPECT_EQ(kept(5), "Latitude Longitude Altitude ");
+  EXPECT_EQ(kept(2), "Latitude Longitude ");
+  EXPECT_EQ(kept(0), "");
+}
+
+TEST(Panel, TellsWhatCanBeTouched) {
+  ReplayedWidget widget;
+  widget.start();
+  const auto touches = [&] {
+    std::string all;
+    for (const PanelRow& row : composePanel(widget.interface(), {}, "").rows) {
+      for (const PanelSpan& span : row) {
+        if (!span.touch) continue;
+        all += span.text + "=" + std::string(span.touch->view) +
+               std::to_string(span.touch->segment) + " ";
+      }
+    }
+    return all;
+  };
+  const std::string formats =
+      "‹Dec›=coordinateControl0  Dm =coordinateControl1  DMs =coordinateControl2 "
+      " MGRS =coordinateControl3  UTM =coordinateControl4 ";
+  EXPECT_EQ(touches(), formats + "[Open]=openLabel0 ▾=toggleViewButton0 ");
+  widget.apply(event::Tap{"toggleViewButton"});
+  EXPECT_EQ(touches(), formats + "[Open]=openMiniLabel0 ▸=toggleViewButton0 ");
+}
+
+TEST(Panel, LargeNumbersKeepTheirUnitsSmall) {
+  const LargeText text = largeText("1:20 km");
+  EXPECT_EQ(text.columns, 3 + 1 + 1 + 1 + 3 + 1 + 3 + 3);
+  EXPECT_THAT(text.rows,
+              testing::ElementsAre("▄▄    ▄▄▄ ▄▄▄   ", " █  ▀ ▄▄█ █ █   ", "▄█▄ ▀ █▄▄ █▄█ km"));
+}
+
+TEST(TextWidth, WrapsAtBlanksAndWithinLongWords) {
+  EXPECT_THAT(wrapped("a file/of/many/folders is damaged", 10),
+              testing::ElementsAre("a", "file/of/ma", "ny/folders", "is damaged"));
+  EXPECT_THAT(wrapped("東京 東京 a", 5), testing::ElementsAre("東京", "東京", "a"));
+}
+
+TEST(TextWidth, LeavesOutWhatTurnsTheDirection) {
+  EXPECT_EQ(printable("12 \u202EtS\u2066 mlE\u200F\n\x1b"), "12 tS mlE  ");
+}
+
+TEST(AsciiText, KeepsTheWidth) {
+  for (const auto& [text, ascii] : std::map<std::string, std::string>{
+           {"46° 58.9' N", "46d 58.9' N"},
+           {"╭─ Höhenweg – … ─╮", "+- Hohenweg - ~ -+"},
+           {"東京 \u0301a\xFF", "???? a?"},
+       }) {
+    EXPECT_EQ(asciiText(text), ascii);
+    EXPECT_EQ(columnsOf(ascii), columnsOf(text)) << text;
+  }
+}
+
+}  // namespace
+}  // namespace wayfell

@@ -1,0 +1,201 @@
+// The program as its users run it. Degrees, minutes and seconds were worked out by hand, metres
+// with Krüger's series (see ReferenceTextTest.cpp).
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "support/Program.h"
+
+namespace wayfell {
+namespace {
+
+using testing::HasSubstr;
+
+Finished wayfell(std::vector<std::string> arguments, const std::string& input = "") {
+  arguments.insert(arguments.begin(), WAYFELL_PROGRAM);
+  return run(arguments, input);
+}
+
+TEST(ConvertTest, PrintsWhatIsAskedFor) {
+  struct Case {
+    std::vector<std::string> arguments;
+    std::string output;
+  };
+  const Case cases[] = {
+      {{"48.2082", "16.3738"},
+       "dec   48.20820°N, 16.37380°E\n"
+       "dm    48° 12.4920' N, 16° 22.4280' E\n"
+       "dms   48° 12' 29.52'' N, 16° 22' 25.68'' E\n"
+       "mgrs  33U XP 02065 40354\n"
+       "utm   33 N 602065.2mE 5340353.7mN\n"},
+      {{"--to", "mgrs", "-33.9", "18.4"}, "34H BH 59583 45888\n"},
+      {{"-33.9,18.4", "--to=dec", "48.2082N", "16.3738E"},
+       "33.90000°S, 18.40000°E\n48.20820°N, 16.37380°E\n"},
+      // On the equator a larger ellipsoid moves nothing.
+      {{"--to", "dec", "--datum", "cgcs2000 china", "0", "90"}, "0.00000°S, 90.00000°E\n"},
+      {{"--to", "utm", "--utm-type", "1", "0", "15"}, "33 N 500000.0mE 0.0mN\n"},
+      {{"--to", "utm", "0", "15"}, "33 S 500000.0mE 0.0mN\n"},
+      {{"--from", "utm", "--to", "mgrs", "33", "N", "520000.0mE", "4649776.0mN"},
+       "33T WG 20000 49776\n"},
+      {{"--json", "--to", "dm", "-0.5", "1"},
+       "{\"latitude\":-0.5,\"longitude\":1.0,\"dm\":\"0° 30.0000' S, 1° 0.0000' E\"}\n"},
+  };
+  for (const Case& c : cases) {
+    std::vector<std::string> arguments = {"convert"};
+    arguments.insert(arguments.end(), c.arguments.begin(), c.arguments.end());
+    const Finished finished = wayfell(arguments);
+    EXPECT_EQ(finished.output, c.output);
+    EXPECT_EQ(finished.errors, "");
+    EXPECT_EQ(finished.status, 0);
+  }
+}
+
+TEST(ConvertTest, ComplainsOfBadLinesAndGoesOn) {
+  struct Case {
+    std::string line;
+    std::string complaint;  // empty: the line converts or is passed over
+  };
+  const Case cases[] = {
+      {"\xEF\xBB\xBF# positions", ""},
+      {"  1 , 2  # a comment\r", ""},
+      {"", ""},
+      {"95.2 0", "latitude 95.2 is beyond 90"},
+      {"-95.2 0", "latitude -95.2 is beyond -90"},
+      {"0 -180.5", "longitude -180.5 is beyond -180"},
+      {"12", "a longitude is missing"},
+      {"north 12", "\"north\" is not a latitude"},
+      {"1 2 3", "\"3\" is too much"},
+      {"48.2.3 1", "\"48.2.3\" is not a latitude"},
+      {"nan 1", "\"nan\" is not a latitude"},
+      {"1 1e999", "\"1e999\" is not a longitude"},
+      {"10E 20N", "\"E\" after a latitude"},
+      {"-10S 20", "a latitude with both a sign and a letter"},
+      {"90 0", "90.00000000 0.00000000 has no mgrs text"},
+      {std::string("1\0002 3", 5), "is not a longitude"},
+      {"\x1b[31m", "\" [31m\" is not a latitude"},
+      {"1 2", ""},
+  };
+  std::string input;
+  for (const Case& c : cases) input += c.line + '\n';
+  const Finished finished = wayfell({"convert", "--to", "mgrs"}, input);
+  EXPECT_EQ(finished.status, 1);
+  EXPECT_EQ(finished.output, "31N CB 88736 10547\n31N CB 88736 10547\n");
+  std::size_t number = 0;
+  std::size_t complaints = 0;
+  for (const Case& c : cases) {
+    ++number;
+    if (c.complaint.empty()) continue;
+    ++complaints;
+    EXPECT_THAT(finished.errors,
+                testing::ContainsRegex("wayfell: line " + std::to_string(number) + ": [^\n]*"))
+        << c.line;
+    EXPECT_THAT(finished.errors, HasSubstr(c.complaint));
+  }
+  EXPECT_EQ(std::count(finished.errors.begin(), finished.errors.end(), '\n'), complaints);
+}
+
+TEST(ConvertTest, AnswersALineBeforeTheNextOne) {
+  int toProgram[2];
+  int fromProgram[2];
+  ASSERT_EQ(pipe(toProgram), 0);
+  ASSERT_EQ(pipe(fromProgram), 0);
+  const pid_t child = fork();
+  if (child == 0) {
+    dup2(toProgram[0], STDIN_FILENO);
+    dup2(fromProgram[1], STDOUT_FILENO);
+    close(toProgram[1]);
+    become({WAYFELL_PROGRAM, "convert", "--to", "dec"});
+  }
+  for (const char* line : {"1 2\n", "3 4\n"}) {
+    ASSERT_EQ(write(toProgram[1], line, 4), 4);
+    char answer[64];
+    EXPECT_GT(read(fromProgram[0], answer, sizeof answer), 20);  // waits for ever if there is none
+  }
+  close(toProgram[1]);
+  int status = -1;
+  waitpid(child, &status, 0);
+  EXPECT_EQ(status, 0);
+  for (const int end : {toProgram[0], fromProgram[0], fromProgram[1]}) close(end);
+}
+
+TEST(ConvertTest, RefusesDatums) {
+  const Finished unknown = wayfell({"convert", "--datum", "Tokio", "1", "2"});
+  EXPECT_EQ(unknown.status, 2);
+  EXPECT_THAT(unknown.errors, HasSubstr("no datum \"Tokio\""));
+  EXPECT_THAT(unknown.errors, HasSubstr("\n    Tokyo---Japan\n"));
+  const Finished unusable = wayfell({"convert", "--datum", "Herat North---Afghanistan", "1", "2"});
+  EXPECT_EQ(unusable.status, 2);
+  EXPECT_EQ(unusable.output, "");
+  EXPECT_THAT(unusable.errors, HasSubstr("cannot be used"));
+}
+
+// One degree of a great circle of radius 6378137 m is 111319.49 m, 60.107 nautical miles or 69.17
+// miles.
+TEST(DistanceTest, MeasuresAndGoes) {
+  struct Case {
+    std::vector<std::string> arguments;
+    std::string output;
+  };
+  const Case cases[] = {
+      {{"0", "0", "0", "1"}, "distance  111.32 km\nbearing   90.0°\n"},
+      {{"--units", "nautical", "--mils", "0", "0", "0", "-1"},
+       "distance  60.11 nm\nbearing   4800 mils\n"},
+      {{"--units", "imperial", "1", "0", "0", "0"}, "distance  69.17 miles\nbearing   180.0°\n"},
+      {{"1", "2", "1", "2"}, "distance  0.00 km (0.00 m)\nbearing   0.0°\n"},
+      {{"--bearing", "90", "--distance", "111319.49079327", "0", "179.5"},
+       "0.00000000 -179.50000000\n"},
+  };
+  for (const Case& c : cases) {
+    std::vector<std::string> arguments = {"distance"};
+    arguments.insert(arguments.end(), c.arguments.begin(), c.arguments.end());
+    const Finished finished = wayfell(arguments);
+    EXPECT_EQ(finished.output, c.output);
+    EXPECT_EQ(finished.status, 0) << finished.errors;
+  }
+}
+
+TEST(DatumsTest, SaysWhatIsApplied) {
+  EXPECT_EQ(wayfell({"datums", "adindan", "mali"}).output,
+            "Adindan---Mali\n"
+            "  Clarke 1880, a 6378249.145 m, 1/f 293.465\n"
+            "  shift dx -123 m, dy -20 m (dz 220 m is never applied)\n");
+  EXPECT_THAT(wayfell({"datums", "herat"}).output, HasSubstr("nothing converts"));
+  EXPECT_EQ(wayfell({"datums", "--json", "herat"}).output,
+            "{\"name\":\"Herat North---Afghanistan\",\"ellipsoid\":\"+International 1924\","
+            "\"axis\":null,\"inverseFlattening\":null,"
+            "\"listedShift\":{\"dx\":-333.0,\"dy\":-222.0,\"dz\":114.0},"
+            "\"appliedShift\":{\"dx\":-333.0,\"dy\":-222.0,\"dz\":0.0}}\n");
+  EXPECT_THAT(wayfell({"datums", "cgcs2000"}).output, HasSubstr("Krassovsky 1940"));
+  const Finished none = wayfell({"datums", "tokio"});
+  EXPECT_EQ(none.status, 1);
+  EXPECT_EQ(none.errors, "wayfell: no datum has \"tokio\"; did you mean Tokyo?\n");
+}
+
+TEST(ToolsTest, RefuseWrongCommandLines) {
+  const std::vector<std::string> wrong[] = {
+      {"convert", "--to", "feet", "1", "2"},
+      {"convert", "--utm-type", "2", "1", "2"},
+      {"distance", "1", "2"},
+      {"distance", "--bearing", "5", "1", "2"},
+      {"datums", "--names", "--json", "wgs"},
+      {"convert", "--every", "2"},
+  };
+  for (const auto& arguments : wrong) {
+    const Finished finished = wayfell(arguments);
+    EXPECT_EQ(finished.status, 2) << arguments[0] << ' ' << arguments[1];
+    EXPECT_EQ(finished.output, "");
+    EXPECT_NE(finished.errors, "");
+  }
+  EXPECT_EQ(wayfell({"convert", "1"}).status, 1);
+}
+
+TEST(ToolsTest, HaveHelpWithExamplesAndAVersion) {
+  for (const char* command : {"convert", "distance", "datums"}) {
+    const Finished help = wayfell({command, "--help"});
+    EXPECT_EQ(help.status, 0);
+    EXPECT_THAT(help.output, HasSubstr(std::string("Examples:\n  wayfell ") + command));
+    EXPECT_THAT(wayfell({command, "--version"}).output, testing::StartsWith("wayfell "));
+  }
+}
+
+}  // namespace
+}  // namespace wayfell

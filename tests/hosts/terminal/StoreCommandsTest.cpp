@@ -1,0 +1,332 @@
+// settings, waypoint and track as their users run them, each on folders of its own. What they have
+// saved is read by Python, which knows nothing of how they did it.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <fstream>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+
+#include "support/Program.h"
+
+namespace wayfell {
+namespace {
+
+using testing::HasSubstr;
+
+constexpr const char* kSuite = "data/wayfell/group.org.wayfell.Wayfell.db";
+constexpr const char* kLocal = "config/wayfell/widget.db";
+
+class StoreCommandsTest : public testing::Test {
+ protected:
+  StoreCommandsTest() {
+    std::string pattern = testing::TempDir() + "wayfell-XXXXXX";
+    folder_ = mkdtemp(pattern.data());
+  }
+  ~StoreCommandsTest() override { std::filesystem::remove_all(folder_); }
+
+  std::string path(const std::string& file) const { return folder_ / file; }
+
+  Finished wayfell(const std::vector<std::string>& arguments, const std::string& input = "") const {
+    std::vector<std::string> command = {"env", "XDG_DATA_HOME=" + path("data"),
+                                        "XDG_CONFIG_HOME=" + path("config"), WAYFELL_PROGRAM};
+    command.insert(command.end(), arguments.begin(), arguments.end());
+    return run(command, input);
+  }
+
+  /// Runs what must go well without a word.
+  void done(const std::vector<std::string>& arguments) const {
+    const Finished finished = wayfell(arguments);
+    EXPECT_EQ(finished.status, 0) << arguments[0] << ' ' << arguments[1];
+    EXPECT_EQ(finished.output + finished.errors, "");
+  }
+
+  /// What the database holds, a line for each key in order.
+  std::string saved(const char* file) const {
+    return run({"python3", "-c",
+                "import sqlite3, sys\n"
+                "for row in sqlite3.connect(sys.argv[1]).execute('SELECT key, type, value FROM "
+                "settings ORDER BY key'): print(*row)",
+                path(file)})
+        .output;
+  }
+
+  void write(const std::string& file, const std::string& text) const {
+    std::ofstream(path(file)) << text;
+  }
+
+ private:
+  std::filesystem::path folder_;
+};
+
+TEST_F(StoreCommandsTest, SavesValuesOfEveryType) {
+  done({"settings", "set", "speed", "2"});
+  done({"settings", "set", "--type", "boolean", "useMils", "YES"});
+  done({"settings", "set", "rotateMap", "false"});
+  done({"settings", "set", "real", "2.5"});
+  done({"settings", "set", "--type=text", "text", "12"});
+  // 2001-01-01 is the reference date; 2001-01-02 01:00 in Paris is a day later, 86400 s.
+  done({"settings", "set", "--type", "date", "date1", "2001-01-02T01:00:00+01:00"});
+  done({"settings", "set", "--type", "date", "date2", "2001-01-02"});
+  done({"settings", "set", "--type", "date", "date3", "-0.5"});
+  EXPECT_EQ(saved(kSuite),
+            "date1 date 86400.0\n"
+            "date2 date 86400.0\n"
+            "date3 date -0.5\n"
+            "real real 2.5\n"
+            "rotateMap boolean 0\n"
+            "speed integer 2\n"
+            "text text 12\n"
+            "useMils boolean 1\n");
+  done({"settings", "unset", "text"});
+  EXPECT_THAT(saved(kSuite), testing::Not(HasSubstr("text")));
+}
+
+TEST_F(StoreCommandsTest, ShowsWhatIsThere) {
+  done({"settings", "set", "units", "1"});
+  done({"settings", "set", "note", "two words"});
+  done({"settings", "--local", "set", "--type", "date", "addressDate", "2026-05-01T12:30:00.25Z"});
+  EXPECT_EQ(wayfell({"settings", "list"}).output,
+            "note   text     two words\n"
+            "units  integer  1          metric\n");
+  EXPECT_EQ(wayfell({"settings", "list", "--json"}).output,
+            "{\"key\":\"note\",\"type\":\"text\",\"value\":\"two words\"}\n"
+            "{\"key\":\"units\",\"type\":\"integer\",\"value\":1}\n");
+  EXPECT_EQ(wayfell({"settings", "get", "note"}).output, "two words\n");
+  EXPECT_EQ(wayfell({"settings", "get", "units", "--json"}).output,
+            "{\"key\":\"units\",\"type\":\"integer\",\"value\":1}\n");
+  // 9251 days from 2001 to May 2026, and 12 hours and a half.
+  EXPECT_EQ(wayfell({"settings", "list", "--local"}).output,
+            "addressDate  date  799331400.25  2026-05-01T12:30:00.25Z\n");
+}
+
+TEST_F(StoreCommandsTest, ListsHaveNothingToSayOfFreshFolders) {
+  for (const char* store : {"--suite", "--local", "--cloud"}) {
+    done({"settings", store, "list"});
+  }
+  const Finished missing = wayfell({"settings", "get", "units"});
+  EXPECT_EQ(missing.status, 1);
+  EXPECT_EQ(missing.output, "");
+  EXPECT_THAT(missing.errors, HasSubstr("have no \"units\" (" + path(kSuite)));
+  EXPECT_EQ(wayfell({"waypoint", "show"}).status, 1);
+  EXPECT_FALSE(std::filesystem::exists(path("data")));
+  EXPECT_EQ(wayfell({"settings", "unset", "units"}).status, 1);
+}
+
+TEST_F(StoreCommandsTest, SavesWhatTheWidgetCannotUseAndSaysSo) {
+  struct Case {
+    std::vector<std::string> arguments;  // of settings
+    std::string note;
+  };
+  const Case cases[] = {
+      {{"set", "units", "7"}, "units: set, but the widget knows only 0 imperial, 1 metric"},
+      {{"set", "coordinateUnits", "-1"}, "knows only 0 Dec, 1 Dm, 2 DMs, 3 MGRS, 4 UTM"},
+      {{"set", "--type", "text", "speed", "fast"}, "reads this text as 0"},
+      {{"set", "--type", "text", "hasWaypoint", "yes"}, "reads this text as true"},
+      {{"set", "waypointLatitude", "90.5"}, "knows only -90 to 90"},
+      {{"set", "--type", "real", "waypointLongitude", "nan"}, "knows only -180 to 180"},
+      {{"set", "time", "-1"}, "knows only 0 and more"},
+      {{"set", "utmType", "1"}, "reads it from the widget's own settings"},
+      {{"--local", "set", "distance", "5"}, "reads it from the shared settings"},
+      {{"--local", "set", "units", "1"}, "until a panel that appears copies"},
+      {{"--local", "set", "selectedDatum", "Adindan"}, "lists no such name"},
+      {{"--local", "set", "--type", "integer", "addressDate", "5"}, "reads this integer as none"},
+      {{"set", "units", "2"}, ""},
+      {{"set", "useMils", "1"}, ""},
+      {{"set", "compassHeading", "5"}, ""},
+      {{"set", "waypointLatitude", "-90"}, ""},
+      {{"set", "keyOfTheApp", "7"}, ""},
+      {{"--local", "set", "selectedDatum", "Adindan---Sudan"}, ""},
+  };
+  for (const Case& c : cases) {
+    std::vector<std::string> arguments = {"settings"};
+    arguments.insert(arguments.end(), c.arguments.begin(), c.arguments.end());
+    const Finished finished = wayfell(arguments);
+    SCOPED_TRACE(c.note);
+    EXPECT_EQ(finished.status, 0) << finished.errors;
+    EXPECT_THAT(finished.errors, HasSubstr(c.note));
+    EXPECT_EQ(finished.errors.empty(), c.note.empty()) << finished.errors;
+  }
+  EXPECT_THAT(saved(kSuite), HasSubstr("speed text fast\n"));
+  EXPECT_THAT(saved(kLocal), HasSubstr("units integer 1\n"));
+}
+
+TEST_F(StoreCommandsTest, RefusesAndChangesNothing) {
+  done({"settings", "set", "units", "1"});
+  done({"track", "publish", "10", "20"});
+  const std::string before = saved(kSuite);
+  struct Case {
+    std::vector<std::string> arguments;
+    int status;
+    std::string complaint;
+  };
+  const Case cases[] = {
+      {{"settings", "set", "--type", "integer", "units", "1.5"}, 1, "units: "},
+      {{"settings", "set", "--type", "boolean", "units", "perhaps"}, 1, "units: "},
+      {{"settings", "set", "--type", "date", "d", "2026-13-01"}, 1, "no date"},
+      {{"settings", "set", "--type", "list", "l", "{}"}, 1, "l: "},
+      {{"settings", "set", "units", "one"}, 1, "units: the widget reads this text as 0"},
+      {{"settings", "set", "units", "1.5"}, 1, "--type real would save it"},
+      {{"settings", "set", "units", ""}, 1, "nothing is saved"},
+      {{"settings", "set", "--type", "colour", "units", "1"}, 2, "colour"},
+      {{"settings", "set", "", "1"}, 1, "empty"},
+      {{"settings", "set", "bytes", "\xff"}, 1, "not UTF-8"},
+      {{"settings", "set", "units"}, 2, "VALUE"},
+      {{"settings", "--cloud", "set", "units", "1"}, 2, "only read"},
+      {{"settings", "--cloud", "unset", "units"}, 2, "only read"},
+      {{"settings", "--suite", "--local", "list"}, 2, "only one of"},
+      {{"settings"}, 2, "subcommand"},
+      {{"settings", "frobnicate"}, 2, "not expected: frobnicate"},
+      {{"waypoint", "set", "90.1", "0"}, 1, "latitude 90.1 is beyond 90"},
+      {{"waypoint", "set", "0", "-181"}, 1, "longitude -181 is beyond -180"},
+      {{"waypoint", "set", "1"}, 1, "a longitude is missing"},
+      {{"waypoint", "set", "1", "2", "3"}, 1, "\"3\" is too much"},
+      {{"waypoint", "set"}, 2, "missing"},
+      {{"waypoint", "set", "--gpx", "a.gpx", "1", "2"}, 2, "excludes"},
+      {{"waypoint", "set", "--gpx", path("none.gpx")}, 1, "none.gpx: cannot be opened"},
+      {{"track", "publish", "-1", "20"}, 1, "\"-1\" is not a distance"},
+      {{"track", "publish", "5 furlongs", "20"}, 1, "\"5 furlongs\" is not a distance"},
+      {{"track", "publish", "11", "1:60"}, 1, "\"1:60\" is not a time"},
+      {{"track", "publish", "11", "1:2:3:4"}, 1, "is not a time"},
+      {{"track", "publish", "11"}, 2, "TIME"},
+  };
+  for (const Case& c : cases) {
+    const Finished finished = wayfell(c.arguments);
+    EXPECT_EQ(finished.status, c.status) << c.complaint;
+    EXPECT_EQ(finished.output, "");
+    EXPECT_THAT(finished.errors, HasSubstr(c.complaint));
+  }
+  EXPECT_EQ(saved(kSuite), before);
+}
+
+TEST_F(StoreCommandsTest, SaysWhichFileCannotBeUsed) {
+  std::filesystem::create_directories(path(kSuite));  // a folder where the file should be
+  const std::vector<std::string> commands[] = {{"settings", "set", "units", "1"},
+                                               {"settings", "unset", "units"},
+                                               {"settings", "list"},
+                                               {"settings", "get", "units"},
+                                               {"waypoint", "set", "1", "2"},
+                                               {"waypoint", "show"},
+                                               {"track", "clear"}};
+  for (const auto& command : commands) {
+    const Finished finished = wayfell(command);
+    EXPECT_EQ(finished.status, 1) << command[0] << ' ' << command[1];
+    EXPECT_THAT(finished.errors, HasSubstr(path(kSuite)));
+    EXPECT_EQ(finished.output, "");
+  }
+}
+
+TEST_F(StoreCommandsTest, SetsShowsAndClearsTheWaypoint) {
+  done({"waypoint", "set", "48.2082N,", "16.3738E"});
+  EXPECT_EQ(saved(kSuite),
+            "hasWaypoint boolean 1\n"
+            "waypointLatitude real 48.2082\n"
+            "waypointLongitude real 16.3738\n");
+  EXPECT_EQ(wayfell({"waypoint", "show"}).output, "48.20820°N, 16.37380°E\n");
+  EXPECT_EQ(wayfell({"waypoint", "show", "--json"}).output,
+            "{\"latitude\":48.2082,\"longitude\":16.3738}\n");
+  // Krüger's series gives 602065.2 and 5340353.7 m in zone 33 (see ReferenceTextTest.cpp).
+  done({"settings", "set", "coordinateUnits", "4"});
+  EXPECT_EQ(wayfell({"waypoint", "show"}).output, "33 N 602065.2mE 5340353.7mN\n");
+  done({"settings", "--local", "set", "utmType", "1"});
+  EXPECT_EQ(wayfell({"waypoint", "show"}).output, "33 U 602065.2mE 5340353.7mN\n");
+
+  done({"waypoint", "clear"});
+  EXPECT_EQ(saved(kSuite), "coordinateUnits integer 4\nhasWaypoint boolean 0\n");
+  const Finished none = wayfell({"waypoint", "show"});
+  EXPECT_EQ(none.status, 1);
+  EXPECT_EQ(none.errors, "wayfell: no waypoint is set\n");
+}
+
+TEST_F(StoreCommandsTest, TakesWaypointsOfGpxFiles) {
+  write("huts.gpx",
+        "<g:gpx xmlns:g='http://www.topografix.com/GPX/1/1'>"
+        "<g:wpt lat='46.5' lon='8.25'><g:name> Upper hut </g:name></g:wpt>"
+        "<g:wpt lat='46.25' lon='8.5'><g:name>Spring</g:name></g:wpt>"
+        "<g:wpt lat='-1.5' lon='-2.5'><g:name>Spring</g:name></g:wpt>"
+        "<g:wpt lat='3' lon='4'/><g:rte><g:rtept lat='5' lon='6'/></g:rte></g:gpx>");
+  const std::string one = "<gpx><wpt lat='-1' lon='2'/></gpx>";
+  write("one.gpx", one);
+  write("none.gpx", "<gpx/>");
+  write("bad.gpx", "<gpx><wpt lat='1' lon='2'/><wpt lat='95' lon='2'/></gpx>");
+  write("open.gpx", "<gpx>\n<wpt>");
+
+  done({"waypoint", "set", "--gpx", path("huts.gpx"), "--name", "Upper hut"});
+  EXPECT_THAT(saved(kSuite),
+              HasSubstr("waypointLatitude real 46.5\nwaypointLongitude real 8.25\n"));
+  done({"waypoint", "set", "--gpx", path("one.gpx")});
+  EXPECT_THAT(saved(kSuite), HasSubstr("waypointLatitude real -1.0\nwaypointLongitude real 2.0\n"));
+  EXPECT_EQ(wayfell({"waypoint", "set", "--gpx", "-"}, one).status, 0);
+
+  const std::string before = saved(kSuite);
+  struct Case {
+    std::string file;
+    std::vector<std::string> more;
+    std::string complaint;
+  };
+  const std::string springs =
+      "  waypoint 2  46.25000000 8.50000000  \"Spring\"\n"
+      "  waypoint 3  -1.50000000 -2.50000000  \"Spring\"\n";
+  const Case cases[] = {
+      {"huts.gpx", {"--name", "Spring"}, "several waypoints have the name \"Spring\""},
+      {"huts.gpx", {"--name", "Spring"}, springs},
+      {"huts.gpx",
+       {"--name", "spring"},
+       "no waypoint has the name \"spring\"; there are\n" + springs},
+      {"huts.gpx", {"--name", "Peak"}, "\"Upper hut\"\n" + springs},
+      {"huts.gpx", {}, "--name"},
+      {"huts.gpx", {}, springs + "  waypoint 4  3.00000000 4.00000000  without a name\n"},
+      {"none.gpx", {}, "no waypoints"},
+      {"bad.gpx", {}, "waypoint 2: lat: beyond 90"},
+      {"open.gpx", {}, "line 2: not well-formed XML"},
+  };
+  for (const Case& c : cases) {
+    std::vector<std::string> arguments = {"waypoint", "set", "--gpx", path(c.file)};
+    arguments.insert(arguments.end(), c.more.begin(), c.more.end());
+    const Finished finished = wayfell(arguments);
+    EXPECT_EQ(finished.status, 1) << c.file;
+    EXPECT_THAT(finished.errors, testing::StartsWith("wayfell: " + path(c.file) + ": "));
+    EXPECT_THAT(finished.errors, HasSubstr(c.complaint));
+  }
+  EXPECT_EQ(saved(kSuite), before);
+}
+
+// A mile is 1609.344 m, a nautical mile 1852 m, a foot 0.3048 m.
+TEST_F(StoreCommandsTest, PublishesTheTrack) {
+  struct Case {
+    const char* distance;
+    const char* time;
+    std::string metres;
+    std::string seconds;
+  };
+  const Case cases[] = {
+      {"1234.5", "901", "1234.5", "901.0"},           {"1.25km", "15:01", "1250.0", "901.0"},
+      {"10mi", "1:02:03", "16093.44", "3723.0"},      {"2 nm", "0", "3704.0", "0.0"},
+      {"1e3 ft", "100:00:00.5", "304.8", "360000.5"}, {"0", "59:59", "0.0", "3599.0"},
+  };
+  for (const Case& c : cases) {
+    done({"track", "publish", c.distance, c.time});
+    EXPECT_EQ(saved(kSuite), "distance real " + c.metres + "\ntime real " + c.seconds + '\n');
+  }
+  done({"track", "clear"});
+  EXPECT_EQ(saved(kSuite), "");
+}
+
+// Only on a terminal, which script(1) provides: what others than people read stays quiet.
+TEST_F(StoreCommandsTest, TellsPeopleWhenAPanelShowsIt) {
+  const auto onTerminal = [this](const std::string& arguments) {
+    return run({"env", "XDG_DATA_HOME=" + path("data"), "XDG_CONFIG_HOME=" + path("config"),
+                "script", "-qec", WAYFELL_PROGRAM " " + arguments, "/dev/null"})
+        .output;
+  };
+  EXPECT_THAT(onTerminal("settings list"), HasSubstr("not there yet"));
+  EXPECT_THAT(onTerminal("settings set units 1"), HasSubstr("when it next appears"));
+  EXPECT_THAT(onTerminal("settings set time 1"), HasSubstr("within half a second"));
+  EXPECT_EQ(onTerminal("settings set keyOfTheApp 1"), "");
+  EXPECT_THAT(onTerminal("waypoint set 1 2"), HasSubstr("when it next appears"));
+  EXPECT_THAT(onTerminal("track publish 1 2"), HasSubstr("within half a second"));
+}
+
+}  // namespace
+}  // namespace wayfell

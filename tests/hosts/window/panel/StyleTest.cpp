@@ -1,0 +1,92 @@
+// What can be computed without showing anything.
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "hosts/panel/FormatReading.h"
+#include "hosts/window/panel/PanelStyle.h"
+#include "hosts/window/panel/ShorterWay.h"
+
+namespace wayfell {
+namespace {
+
+// Relative luminance and contrast as WCAG 2.1 defines them.
+double luminance(const QColor& color) {
+  const auto linear = [](double part) {
+    return part <= 0.03928 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+  };
+  return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) +
+         0.0722 * linear(color.blueF());
+}
+
+double contrast(const QColor& one, const QColor& other) {
+  const double ratio = (luminance(one) + 0.05) / (luminance(other) + 0.05);
+  return std::max(ratio, 1 / ratio);
+}
+
+QColor over(const QColor& above, const QColor& below) {
+  const auto mixed = [&](float a, float b) {
+    return a * above.alphaF() + b * (1 - above.alphaF());
+  };
+  return QColor::fromRgbF(mixed(above.redF(), below.redF()), mixed(above.greenF(), below.greenF()),
+                          mixed(above.blueF(), below.blueF()));
+}
+
+TEST(PanelStyle, ValuesStandOut) {
+  EXPECT_NEAR(contrast(Qt::white, Qt::black), 21, 1e-9);
+  for (const auto theme : {PanelStyle::dark, PanelStyle::light, PanelStyle::sunlight}) {
+    for (const bool translucent : {false, true}) {
+      PanelStyle style;
+      style.setTheme(theme);
+      style.setTranslucent(translucent);
+      for (const QColor behind : {Qt::black, Qt::white}) {
+        const QColor backing = over(style.backing(), behind);
+        SCOPED_TRACE(testing::Message() << "theme " << theme << (translucent ? " over " : " on ")
+                                        << behind.name().toStdString());
+        EXPECT_GE(contrast(style.value(), backing), 7);
+        EXPECT_GE(contrast(style.pointer(), backing), 7);
+        EXPECT_GE(contrast(style.caption(), backing), theme == PanelStyle::sunlight ? 7 : 4.5);
+        EXPECT_GE(contrast(style.mark(), backing), 3);
+        EXPECT_GE(contrast(style.focus(), backing), 3);
+      }
+      EXPECT_GE(contrast(style.value(), style.field()), 7);
+      EXPECT_GE(contrast(style.mark(), style.field()), 3);
+      EXPECT_GE(contrast(style.plateText(), style.plate()), 7);
+      EXPECT_GE(contrast(Qt::black, style.chosen()), 7);
+    }
+  }
+}
+
+TEST(ShorterWay, IsTaken) {
+  struct Case {
+    double present, target, turned;
+  };
+  // Worked by hand.
+  for (const Case& one : {Case{350, 10, 370},
+                          {10, 350, -10},
+                          {0, 90, 90},
+                          {0, 270, -90},
+                          {725, 0, 720},
+                          {-30, 330, -30},
+                          {40, NAN, 40},
+                          {40, INFINITY, 40}}) {
+    EXPECT_EQ(turnedByShorterWay(one.present, one.target), one.turned) << one.present;
+  }
+  EXPECT_EQ(std::abs(turnedByShorterWay(0, 180)), 180);
+}
+
+TEST(FormatReading, TakesBackWhatWasPrinted) {
+  using Values = std::optional<std::vector<std::string>>;
+  EXPECT_EQ(readByFormat("08:05 /km", "%02d:%02d /km"), (Values{{"8", "5"}}));
+  EXPECT_EQ(readByFormat("2 hr 46 m", "%d hr %d m"), (Values{{"2", "46"}}));
+  EXPECT_EQ(readByFormat("2 hr 46 m", "%d m"), std::nullopt);
+  EXPECT_EQ(readByFormat("0.54 km", "%0.0f m"), std::nullopt);
+  EXPECT_EQ(readByFormat("46° 58' 57.89'' N", "%0.0f° %0.0f' %0.2f'' %@"),
+            (Values{{"46", "58", "57.89", "N"}}));
+  EXPECT_EQ(readByFormat("32 N 419365.1mE 5203402.2mN", "%@ %@mE %@mN"),
+            (Values{{"32 N", "419365.1", "5203402.2"}}));
+  EXPECT_EQ(readByFormat("", "%d m"), std::nullopt);
+}
+
+}  // namespace
+}  // namespace wayfell

@@ -1,9 +1,0 @@
-#include "hosts/terminal/EventLoop.h"
-
-#include "contracts/IoRunLoopContract.h"
-
-namespace wayfell {
-
-INSTANTIATE_TYPED_TEST_SUITE_P(Terminal, IoRunLoops, EventLoop);
-
-}  // namespace wayfell

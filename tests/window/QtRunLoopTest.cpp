@@ -1,9 +1,0 @@
-#include "hosts/window/QtRunLoop.h"
-
-#include "contracts/IoRunLoopContract.h"
-
-namespace wayfell {
-
-INSTANTIATE_TYPED_TEST_SUITE_P(Window, IoRunLoops, QtRunLoop);
-
-}  // namespace wayfell
