@@ -16,12 +16,31 @@ function(wayfell_flags target)
   endif()
 endfunction()
 
-# wayfell_room(NAME [TARGET target] DEPENDS target...)
+# wayfell_headers(NAME header...): headers that wayfell_precompile(TARGET NAME) spares the sources of
+# a target from reading each for itself. Sources include what they use all the same: builds without
+# WAYFELL_PRECOMPILE tell when one does not.
+function(wayfell_headers name)
+  if(WAYFELL_PRECOMPILE)
+    file(CONFIGURE OUTPUT ${name}.cpp CONTENT "")
+    add_library(${name} OBJECT ${CMAKE_CURRENT_BINARY_DIR}/${name}.cpp)
+    target_precompile_headers(${name} PRIVATE ${ARGN})
+    wayfell_flags(${name})
+  endif()
+endfunction()
+
+function(wayfell_precompile target headers)
+  if(WAYFELL_PRECOMPILE)
+    target_precompile_headers(${target} REUSE_FROM ${headers})
+  endif()
+endfunction()
+
+# wayfell_room(NAME [TARGET target] [HEADERS headers] DEPENDS target...)
 # A room is the folder NAME and the target of the same name, unless it is to have another. Its headers are reached as
 # "NAME/File.h", and only by targets that depend on it: each room has an include folder of its own
-# that holds nothing but a link to it, so an include against the arrows does not build.
+# that holds nothing but a link to it, so an include against the arrows does not build. HEADERS are the
+# precompiled ones, standard_headers unless others are named.
 function(wayfell_room name)
-  cmake_parse_arguments(ROOM "" "TARGET" "DEPENDS" ${ARGN})
+  cmake_parse_arguments(ROOM "" "TARGET;HEADERS" "DEPENDS" ${ARGN})
   file(GLOB sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/${name}/*.cpp)
   get_filename_component(leaf ${name} NAME)
   if(ROOM_TARGET)
@@ -35,6 +54,10 @@ function(wayfell_room name)
   target_include_directories(${leaf} PUBLIC ${door})
   target_link_libraries(${leaf} PUBLIC ${ROOM_DEPENDS})
   wayfell_flags(${leaf})
+  if(NOT ROOM_HEADERS)
+    set(ROOM_HEADERS standard_headers)
+  endif()
+  wayfell_precompile(${leaf} ${ROOM_HEADERS})
   if(WAYFELL_LIBCXX_ROOMS)
     add_library(${leaf}_libcxx OBJECT ${sources})
     target_link_libraries(${leaf}_libcxx PRIVATE ${leaf})

@@ -91,9 +91,11 @@ bool DesktopUrlOpener::openURL(const std::optional<NSURL>& url) {
   if (!url || !hasScheme(url->absoluteString())) return false;
   pid_t process = 0;
   if (const int error = Start().run(url->absoluteString(), process); error != 0) {
-    warn_(std::string(kOpener) + ": it cannot be started (" +
-          std::system_category().message(error) + "), so the app does not open" +
-          (error == ENOENT ? "; it is in the package xdg-utils" : ""));
+    std::string sentence = kOpener;
+    sentence += ": it cannot be started (" + std::system_category().message(error) +
+                "), so the app does not open";
+    if (error == ENOENT) sentence += "; it is in the package xdg-utils";
+    warn_(sentence);
     return false;
   }
   follow(process);
