@@ -1,4 +1,4 @@
-// The texts; the way back from references is in ConvertCoordinatesInverse.cpp.
+// Positions as texts. References back to positions are in ConvertCoordinatesFromGridReference.cpp.
 #include "coordinates/ConvertCoordinates.h"
 
 #include <cmath>
@@ -29,7 +29,7 @@ CLLocationCoordinate2D selectedFromDefault(double latitude, double longitude) {
   return DatumManager::sharedInstance().selectedFromDefault(latitude, longitude);
 }
 
-// On the equator and on the prime meridian positions are south and west, on purpose.
+// Positions on the equator and on the prime meridian read south and west.
 std::string_view latitudeLetter(double latitude) {
   return localized(latitude > 0 ? textKey("N") : textKey("S"));
 }
@@ -46,7 +46,7 @@ struct Sexagesimal {
   std::string_view letter;
 };
 
-// Every stage goes through a text of six decimals and back, on purpose: 45.999999999 is 46 0' 0''.
+// Every stage is rounded to six decimals by way of text: 45.999999999 reads 46° 0' 0.00''.
 double throughText(double value) { return doubleValue(fixedText(value, 6)); }
 
 // The whole part of a number that has been through text.
@@ -76,7 +76,8 @@ std::string dmsText(const CLLocationCoordinate2D& selected, std::int32_t which) 
                                    parts.seconds, parts.letter);
 }
 
-// Here what is not a number is north and east; in the other formats it is south and west.
+// A coordinate that is not a number reads north or east in this format, south or west in the
+// others.
 std::string decimalText(const CLLocationCoordinate2D& selected) {
   return localizedStringWithFormat(
       "%0.5f°%@, %0.5f°%@", std::abs(selected.latitude),

@@ -22,7 +22,7 @@ class ConvertCoordinates {
 
   /// In the user's format; none beyond 90 or 180 degrees.
   static std::optional<std::string> convertLatAndLong(double latitude, double longitude);
-  /// In a given format; none from 90.1 or 180.1 degrees on. The limits differ on purpose.
+  /// In a given format; none from 90.1 or 180.1 degrees on.
   static std::optional<std::string> convertLatAndLongWithCoordinateUnits(double latitude,
                                                                          double longitude,
                                                                          std::int64_t index);
@@ -42,7 +42,7 @@ class ConvertCoordinates {
                                                                std::int32_t forLatLong);
 
   // Fields of a position; none where the format has no such field. Decimal latitudes and
-  // longitudes are those of the default datum, with eight decimals: kept so.
+  // longitudes have eight decimals and, unlike all other texts, are those of the default datum.
 
   static std::optional<std::string> updateLatitudeWithCoordinateIndexLatitudeAndLongitude(
       std::int64_t index, double latitude, double longitude);
@@ -82,7 +82,8 @@ class ConvertCoordinates {
   static CLLocationCoordinate2D convertMGRStoDecimalWithZoneAndZoneLetterAndEastingAndNorthing(
       std::int32_t zone, std::string_view zoneLetter, double easting, double northing);
   /// Northing of a band's southern edge (degrees) below a point `easting` metres into its square.
-  /// Approximate on purpose: the longitude is estimated from nautical miles.
+  /// Approximate, and good enough to tell one cycle of row letters from the next: the longitude is
+  /// estimated at a nautical mile to the minute.
   static double findNorthingWithLatAndZoneAndZoneLetterAndEasting(double latitude,
                                                                   std::int32_t zone,
                                                                   std::string_view zoneLetter,

@@ -10,11 +10,12 @@
 #include "coordinates/TransverseMercator.h"
 #include "datums/DatumManager.h"
 #include "platform/Numbers.h"
+#include "platform/UnitFactors.h"
 
 namespace wayfell {
 namespace {
 
-// The platform's index of what an array lacks; it makes any reference meaningless.
+// The index of a letter that its table lacks. It makes any reference meaningless.
 constexpr double kNotFound = 9223372036854775807.0;
 
 std::string upperCased(std::string_view text) {
@@ -87,10 +88,9 @@ ConvertCoordinates::convertMGRStoDecimalWithZoneAndZoneLetterAndEastingAndNorthi
 double ConvertCoordinates::findNorthingWithLatAndZoneAndZoneLetterAndEasting(
     double latitude, std::int32_t zone, std::string_view zoneLetter, double easting) {
   constexpr double kMinutesPerDegree = 60;
-  constexpr double kMetresPerMinute = 1852;  // a nautical mile
   const Spheroid spheroid(DatumManager::sharedInstance().selectedEllipsoid());
   const double phi = latitude * kPi / 180;
-  const double metresPerDegree = std::cos(phi) * kMinutesPerDegree * kMetresPerMinute;
+  const double metresPerDegree = std::cos(phi) * kMinutesPerDegree * kMetresPerNauticalMile;
   const double p = (easting / metresPerDegree +
                     (columnOf(zone, zoneLetter) * 100000 - kFalseEasting) / metresPerDegree) *
                    kPi / 180;

@@ -2,25 +2,17 @@
 
 #include <cmath>
 
-#include "coordinates/TransverseMercator.h"
 #include "datums/DatumManager.h"
 #include "platform/NSBundle.h"
 #include "platform/NSString.h"
+#include "platform/UnitFactors.h"
 #include "settings/StoredInteger.h"
 #include "settings/UserDefaults.h"
 
 namespace wayfell {
 namespace {
 
-constexpr double kRadiansPerDegree = 0.017453292519943295;
-constexpr double kDegreesPerRadian = 57.29577951308232;
-constexpr double kTwoPi = 6.283185307179586;
-constexpr double kThreePi = 9.42477796076938;
-
 constexpr double kFixedRadius = 6378.137;  // kilometres
-constexpr double kMilesPerKilometre = 0.621371192;
-constexpr double kFeetPerMile = 5280;
-constexpr double kNauticalMilesPerMetre = 0.000539956803;
 
 // Kilometres.
 double sphereRadius() { return DatumManager::sharedInstance().getDefaultAxis() / 1000; }
@@ -74,8 +66,6 @@ double CoordinateDistance::distanceToLocationFromLocation(const CLLocation& loca
 }
 
 std::optional<std::string> CoordinateDistance::getDistanceStringforDistance(double metres) {
-  const double kilometres = metres / 1000;
-  const double feet = kilometres * kMilesPerKilometre * kFeetPerMile;
   const auto text = [](std::string_view format, double value, std::string_view smallFormat,
                        double smallValue) {
     std::string main = localizedStringWithFormat(format, value);
@@ -83,13 +73,13 @@ std::optional<std::string> CoordinateDistance::getDistanceStringforDistance(doub
   };
   switch (storedInteger("units")) {
     case 0:
-      return text(textKey("%0.2f miles"), kilometres * kMilesPerKilometre, textKey(" (%0.2f ft)"),
-                  feet);
+      return text(textKey("%0.2f miles"), miles(metres), textKey(" (%0.2f ft)"), feet(metres));
     case 1:
-      return text(textKey("%0.2f km"), kilometres, textKey(" (%0.2f m)"), kilometres * 1000);
+      return text(textKey("%0.2f km"), kilometres(metres), textKey(" (%0.2f m)"),
+                  kilometres(metres) * 1000);
     case 2:
-      return text(textKey("%0.2f nm"), kilometres * 1000 * kNauticalMilesPerMetre,
-                  textKey(" (%0.2f ft)"), feet);
+      return text(textKey("%0.2f nm"), nauticalMiles(kilometres(metres) * 1000),
+                  textKey(" (%0.2f ft)"), feet(metres));
     default:
       return std::nullopt;
   }
@@ -106,7 +96,7 @@ double CoordinateDistance::getAngleFromLatAndLongToOldLatAndOldLong(double latit
                                   std::cos(phi1) * std::sin(phi2) -
                                       std::sin(phi1) * std::cos(phi2) * std::cos(deltaLambda)) *
                        kDegreesPerRadian;
-  // A hair west of north rounds to 360 itself, which stays.
+  // A hair west of north rounds to 360 itself.
   return angle < 0 ? angle + 360 : angle;
 }
 
@@ -115,7 +105,7 @@ std::string CoordinateDistance::getAngleStringFromLatAndLongToOldLatAndOldLong(
   const double angle =
       getAngleFromLatAndLongToOldLatAndOldLong(latitude, longitude, oldLatitude, oldLongitude);
   if (UserDefaults::checkDefaults("useMils")) {
-    return stringWithFormat("%0.0f mils", angle * 6400 / 360);
+    return stringWithFormat("%0.0f mils", mils(angle));
   }
   return stringWithFormat("%0.1f°", angle);
 }
@@ -141,7 +131,7 @@ CLLocationCoordinate2D CoordinateDistance::destination(const CLLocationCoordinat
   const double lambda2 = lambda1 + std::atan2(std::sin(theta) * std::sin(delta) * std::cos(phi1),
                                               std::cos(delta) - std::sin(phi1) * std::sin(phi2));
   return {phi2 * kDegreesPerRadian,
-          (std::fmod(lambda2 + kThreePi, kTwoPi) - kPi) * kDegreesPerRadian};
+          (std::fmod(lambda2 + 3 * kPi, 2 * kPi) - kPi) * kDegreesPerRadian};
 }
 
 double CoordinateDistance::getDegreesPerKilometersForLat(double latitude) {

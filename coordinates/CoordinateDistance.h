@@ -16,7 +16,7 @@ class CoordinateDistance {
  public:
   // Metres. Exactly 0 for two equal positions, and 0 where there is no number.
 
-  /// Misspelled, and kept so.
+  /// The misspelling belongs to the name.
   static double getDistanceBetweenAndCoordiante(const CLLocationCoordinate2D& coordinate,
                                                 const CLLocationCoordinate2D& other);
   static double getDoubleDistanceFromLatAndLongToOldLatAndOldLong(double latitude, double longitude,

@@ -4,7 +4,7 @@
 // selected datum, whose ellipsoid is projected. Nothing is refused: positions beyond 180 degrees
 // get zones outside 1 to 60, and what cannot be computed is not finite.
 //
-// Zones are 6 degrees wide everywhere, southern Norway and Svalbard included: kept so.
+// Zones are 6 degrees wide everywhere: the wider ones of southern Norway and Svalbard are not made.
 #pragma once
 
 #include <cstdint>

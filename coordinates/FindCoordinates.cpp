@@ -10,6 +10,7 @@
 #include "datums/DatumManager.h"
 #include "platform/NSString.h"
 #include "platform/Numbers.h"
+#include "platform/UnitFactors.h"
 
 namespace wayfell {
 namespace {
@@ -48,7 +49,7 @@ UTMPoint textbookProjection(const Spheroid& spheroid, double latitude, double lo
   return {x + kFalseEasting, latitude < 0 ? y + kSouthernFalseNorthing : y};
 }
 
-// The letters' own scheme: not that of squareLetters, and kept apart from it.
+// Letters by a scheme of this converter alone, which differs from that of squareLetters.
 std::string textbookDigraph(std::int32_t zone, const UTMPoint& metres) {
   const std::int32_t eightZones = 8 * zone;
   const std::int64_t column = truncatedToInt32(std::floor(metres.easting / 100000 + eightZones));

@@ -34,8 +34,8 @@ struct GridPosition {
   UTMPoint metres;
 };
 
-/// "33 U" when the setting "utmType" is 1, else "33 N" or "33 S". The equator itself is S there,
-/// on purpose.
+/// "33 U" when the setting "utmType" is 1, else "33 N" or "33 S". The equator itself is S
+/// there.
 std::string utmZoneText(const GridPosition& position);
 /// Metres with one decimal.
 std::string utmMetresText(double metres);

@@ -13,7 +13,6 @@
 
 namespace wayfell {
 
-inline constexpr double kPi = 3.141592653589793;
 /// Scale on the central meridian.
 inline constexpr double kCentralScale = 0.9996;
 /// Metres.

@@ -8,12 +8,12 @@
 #include "datums/Catalogue.h"
 #include "platform/NSBundle.h"
 #include "platform/NSUserDefaults.h"
+#include "platform/UnitFactors.h"
 #include "settings/UserDefaults.h"
 
 namespace wayfell {
 namespace {
 
-constexpr double kPi = 3.141592653589793;
 constexpr std::string_view kSelectedDatumKey = "selectedDatum";
 constexpr std::string_view kDefault = "default";
 constexpr std::string_view kSelected = "selected";

@@ -53,8 +53,8 @@ class DatumManager {
   static DatumManager& sharedInstance();
 
   // Positions. The shift applied is always that of the stored "selectedDatum", whichever two
-  // datums are named, and its direction is chosen by `fromDatum` alone: both are kept so. A stored
-  // name that the catalogue lacks is first replaced by the default datum's, for good.
+  // datums are named, and `fromDatum` alone chooses its direction. A stored name that the catalogue
+  // lacks is first replaced by the default datum's, for good.
 
   double datumLatitudeConvertLatAndLongHeightFromDatumToDatum(
       double latitude, double longitude, double height, std::optional<std::string_view> fromDatum,
@@ -98,7 +98,8 @@ class DatumManager {
   double getFlatteningFromEllipsoid(std::string_view ellipsoid) const;
   double getDxFromDatum(std::string_view datum) const;
   double getDyFromDatum(std::string_view datum) const;
-  /// 0 for every datum, because nothing fills dzDictionary(): kept so.
+  /// Reads dzDictionary(), which nothing fills: 0 for every datum, so that no conversion shifts
+  /// along z.
   double getDzFromDatum(std::string_view datum) const;
 
   // The catalogue, table by table. Each is built when first asked for, from names translated at
@@ -116,8 +117,8 @@ class DatumManager {
   const NumberDictionary& dyDictionary() const;
   /// What is stored: none, unless dzDicionary() was called or something was set.
   const std::optional<NumberDictionary>& dzDictionary() const { return dzDictionary_; }
-  /// Builds and stores the z shifts. Misspelled, and called by nothing in the system, so that no
-  /// conversion has a z shift: both are kept so.
+  /// Builds and stores the z shifts, with which conversions then reckon. Nothing in the system
+  /// calls it. The misspelling belongs to the name.
   const NumberDictionary& dzDicionary();
   /// Ellipsoid to metres.
   const NumberDictionary& axisDictionary() const;

@@ -9,8 +9,8 @@ constexpr std::size_t kCapacity = 30;
 
 }  // namespace
 
-// The sums follow what comes and goes and are never added up afresh, on purpose: their rounding
-// drifts a little on long runs.
+// The sums follow what comes and goes and are never added up afresh, so their rounding drifts a
+// little on long runs.
 void AccuracyTrack::addLocation(CLLocation location) {
   locations().insert(locations().begin(), location);
   if (locations().size() > kCapacity) {

@@ -1,8 +1,9 @@
 #include "motion/VelocityManager.h"
 
 #include <cmath>
-#include <numbers>
 #include <numeric>
+
+#include "platform/UnitFactors.h"
 
 namespace wayfell {
 namespace {
@@ -12,8 +13,8 @@ constexpr double kFastClock = 2.0;
 constexpr double kSlowClock = 5.0;
 constexpr double kStationaryAfter = 7.0;
 
-// Metres per second. The first is exactly 10 miles per hour.
-constexpr double kSlowClockLimit = 4.4704;
+// Metres per second.
+constexpr double kSlowClockLimit = kTenMilesPerHour;
 constexpr double kFastClockOverride = 7.0;
 constexpr double kStandingStill = 0.25;
 
@@ -69,8 +70,8 @@ void VelocityManager::startTimers() {
 
 // --- Publishing ----------------------------------------------------------------------------
 
-// The two clocks follow different speeds on purpose: the fast one the last fix's, the slow one
-// the mean of three.
+// The two clocks follow different speeds, the fast one the last fix's and the slow one the mean of
+// three: a vehicle's speed is shown at once, a walker's does not jump.
 
 void VelocityManager::twoSecondTick() {
   if (paceTimerClock_ == PaceTimerClock::twoSeconds ||
@@ -176,7 +177,8 @@ double VelocityManager::rollingAverage(std::vector<double>& array, int maximumCo
 
 // --- Altitude ------------------------------------------------------------------------------
 
-// averageAltitude starts at 0, so the first change is the whole altitude. This start is kept.
+// averageAltitude starts at 0, so the first change is the whole altitude, and the first vertical
+// speed is as large.
 void VelocityManager::updateAltitudeAndGlide(double altitude, double distance, double seconds) {
   const double average = rollingAverage(rollingAverageAltitudeArray_, kSmoothingCount, altitude);
   const double change = average - averageAltitude();
@@ -194,7 +196,7 @@ void VelocityManager::updateAltitudeAndGlide(double altitude, double distance, d
     setSlopeAngle(0);
   } else {
     setSlope(1 / glideRatio());
-    setSlopeAngle(std::atan(slope()) * 180 / std::numbers::pi);
+    setSlopeAngle(std::atan(slope()) * 180 / kPi);
   }
 }
 

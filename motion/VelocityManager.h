@@ -39,7 +39,7 @@ class VelocityManager : public std::enable_shared_from_this<VelocityManager> {
   std::shared_ptr<VelocityManager> init();
 
   /// Sets both totals to 0, and only them: the next climb or descent is measured from the
-  /// altitude that counted last, on purpose.
+  /// altitude that counted last.
   void resetAltitude();
 
   // All that a subclass may override. The manager itself uses the accessors of the published

@@ -7,10 +7,11 @@
 #include <limits>
 #include <numbers>
 
+#include "platform/UnitFactors.h"
+
 namespace wayfell {
 namespace {
 
-constexpr double kPi = std::numbers::pi;
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
 
 // WGS 84 (NIMA TR8350.2): semi-major axis in metres, flattening, semi-minor axis in metres.

@@ -7,7 +7,7 @@
 namespace wayfell {
 namespace {
 
-// Of timers that repeat, which would otherwise be due for ever; the platform's choice.
+// A repeating timer with no interval would be due for ever. The figure is the platform's.
 constexpr double kShortestInterval = 0.0001;  // seconds
 
 }  // namespace

@@ -1,4 +1,5 @@
-// A number of the program's own settings, with all its bits; UserDefaults' own read keeps 32.
+// A number of the program's own settings with all its 64 bits. UserDefaults::checkIntDefaults
+// keeps 32.
 #pragma once
 
 #include <cstdint>

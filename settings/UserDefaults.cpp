@@ -24,7 +24,7 @@ constexpr std::array<std::string_view, 15> kNumberKeys = {
     "autoDropboxExportType",
     "measureModeControl",
     "measureType",
-    "defaultTrackName",  // a number here, whatever its name suggests: kept so
+    "defaultTrackName",  // a number, whatever its name suggests
     "compassHeading",    // a second time, harmless
     "utmType",
     "trackWidthType",
@@ -42,7 +42,7 @@ constexpr std::array<std::string_view, 24> kObjectKeys = {
     "dashboardDisplay3",
     "dashboardDisplay4",
     "dashboardDisplay5",
-    "showTrackPins",  // also among the booleans, where it is never reached: kept so
+    "showTrackPins",  // also among the booleans, which come later and do not get it
     "trackFilterDateType",
     "trackFilterStartDate",
     "trackFilterEndDate",
@@ -77,7 +77,7 @@ constexpr std::array<std::string_view, 24> kBooleanKeys = {
     "showRoadNamesForCustomMaps",
     "displayCompassCalibration",
     "showTrackPins",
-    "groundOverlayTransparency",  // a boolean here, whatever its name suggests: kept so
+    "groundOverlayTransparency",  // a boolean, whatever its name suggests
     "etaAbsolute",
     "disableExportStartStopPins",
     "fetchPicturesFromCameraRollWhileTracking",

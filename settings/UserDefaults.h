@@ -16,20 +16,24 @@ namespace wayfell {
 
 class UserDefaults {
  public:
+  /// The stored value as a boolean, of whichever type it is.
   static bool checkDefaults(std::string_view key);
-  /// Stored as the integer 0 or 1, never as a boolean, on purpose: readers use boolForKey: or
-  /// integerForKey:, and both work.
+  /// Stored as the integer 0 or 1, never as a boolean: readers use boolForKey: or integerForKey:,
+  /// and both work.
   static void setBoolForString(bool boolean, std::string_view key);
 
   /// The low 32 bits of the stored integer.
   static std::int32_t checkIntDefaults(std::string_view key);
   static void setIntForString(std::int64_t integer, std::string_view key);
 
+  /// The stored value as it is.
   static std::optional<PropertyValue> checkObjectDefaults(std::string_view key);
   /// The cloud's value where there is one, else the local value.
   static std::optional<PropertyValue> checkObjectDefaultsWithiCloud(std::string_view key);
+  /// None removes the key.
   static void setObjectForKey(std::optional<PropertyValue> object, std::string_view key);
 
+  /// The stored value as a text; a number is its digits.
   static std::optional<std::string> checkStringDefaults(std::string_view key);
   static void setStringForKey(std::optional<std::string> string, std::string_view key);
 

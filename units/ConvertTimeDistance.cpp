@@ -7,7 +7,9 @@
 #include "datums/DatumManager.h"
 #include "platform/NSBundle.h"
 #include "platform/NSString.h"
+#include "platform/UnitFactors.h"
 #include "settings/StoredInteger.h"
+#include "units/HoursMinutesSeconds.h"
 
 namespace wayfell {
 namespace {
@@ -17,23 +19,9 @@ constexpr std::int64_t kMetric = 1;
 constexpr std::int64_t kNautical = 2;
 constexpr std::int64_t kMils = 1;
 
-constexpr double kMilesPerKilometre = 0.621371192;
-constexpr double kFeetPerMile = 5280;
-constexpr double kNauticalMilesPerMetre = 0.000539956803;
-constexpr double kFeetPerMetre = 3.2808399;
-constexpr double kYardsPerMetre = 1.09361;
-constexpr double kRadiansPerDegree = 0.017453292519943295;
-
 // Below these, in the long unit, a distance is given in the short unit as well, or instead.
 constexpr double kShortUnitAsWell = 0.25;
 constexpr double kShortUnitInstead = 1.0;
-
-double kilometres(double metres) { return metres / 1000; }
-double miles(double metres) { return kilometres(metres) * kMilesPerKilometre; }
-// Feet of distances. Altitudes have a factor of their own, kFeetPerMetre.
-double feet(double metres) { return miles(metres) * kFeetPerMile; }
-double nauticalMiles(double metres) { return metres * kNauticalMilesPerMetre; }
-double mils(double degrees) { return degrees * 6400 / 360; }
 
 std::string bareAngle(double degrees, std::int64_t angleUnits) {
   return stringWithFormat("%0.0f", angleUnits == kMils ? mils(degrees) : degrees);
@@ -44,11 +32,10 @@ std::string angleWord(std::int64_t angleUnits) { return angleUnits == kMils ? "m
 }  // namespace
 
 std::string ConvertTimeDistance::convertSecondsToTime(double seconds) {
-  const int total = intValue(stringWithFormat("%f", seconds));
-  const int hours = total / 3600;
-  const int rest = total - 3600 * hours;
-  if (total < 3600) return stringWithFormat("%02d:%02d", rest / 60, rest % 60);
-  return stringWithFormat("%02d:%02d:%02d", hours, rest / 60, rest % 60);
+  const int total = wholeSeconds(seconds);
+  const auto time = hoursMinutesSeconds(total);
+  if (total < 3600) return stringWithFormat("%02d:%02d", time.minutes, time.seconds);
+  return stringWithFormat("%02d:%02d:%02d", time.hours, time.minutes, time.seconds);
 }
 
 // --- Distances -----------------------------------------------------------------------------
@@ -164,9 +151,9 @@ double ConvertTimeDistance::convertDistanceForUnitsBaseUnits(double distance, in
     case kMetric:
       return baseUnits ? distance : distance * 1000;
     case kImperial:
-      return distance * (baseUnits ? 0.3048 : 1609.344);
+      return distance * (baseUnits ? kMetresPerFoot : kMetresPerMile);
     case kNautical:
-      return distance * (baseUnits ? 0.3048 : 1852);
+      return distance * (baseUnits ? kMetresPerFoot : kMetresPerNauticalMile);
     default:
       return 0;
   }
@@ -219,11 +206,11 @@ std::optional<std::string> ConvertTimeDistance::convertMetersToDistanceSquaredUn
 std::optional<std::string> ConvertTimeDistance::convertSpeedWithUnits(double speed, int units) {
   switch (units) {
     case kImperial:
-      return stringWithFormat("%0.1f mph", speed * 2.2369363);
+      return stringWithFormat("%0.1f mph", speed * kMilesPerHour);
     case kMetric:
-      return stringWithFormat("%0.1f km/h", speed * 3.6);
+      return stringWithFormat("%0.1f km/h", speed * kKilometresPerHour);
     case kNautical:
-      return stringWithFormat("%0.1f kts", speed * 1.94384449);
+      return stringWithFormat("%0.1f kts", speed * kKnots);
     default:
       return std::nullopt;
   }

@@ -34,7 +34,7 @@ class ConvertTimeDistance {
   static std::optional<std::string> convertMetersToDistanceWithUnitsBaseUnits(double metres,
                                                                               int units,
                                                                               bool baseUnits);
-  /// The unit that belongs to such a number; none for the nautical system, on purpose.
+  /// The unit that belongs to such a number; none for the nautical system.
   static std::optional<std::string> distanceUnitsForBaseUnits(int units, bool baseUnits);
   /// "1.0 km"; below the rounding factor, which is in the long unit, "999 m". One decimal place,
   /// or two for 2 and more; none for 0 and less.
@@ -55,7 +55,7 @@ class ConvertTimeDistance {
                                                             double oldLongitude);
 
   /// Square metres in a unit given by its localised word, as above or "acres" or "acre". The texts
-  /// are those of lengths, without a square sign, on purpose.
+  /// are those of lengths, without a square sign.
   static std::optional<std::string> convertMetersToDistanceSquaredUnits(double squareMetres,
                                                                         std::string_view word);
 
@@ -64,17 +64,25 @@ class ConvertTimeDistance {
 
   // Altitudes in metres.
 
+  /// "328 ft"; metres in the metric system alone.
   static std::string convertAltitude(double metres);
+  /// The unit of such a text: "ft" or "m".
   static std::string altitudeUnits();
-  /// Feet for the imperial system alone: the nautical one gets metres here, on purpose.
+  /// The bare number, in feet for the imperial system alone: the nautical one, whose texts are in
+  /// feet, gets metres.
   static double convertMeters(double metres);
 
-  // Angles in degrees. Plain. That some read "useMils" and another "angleUnits" is on purpose.
+  // Angles in degrees. Plain. Some read the setting "useMils", one "angleUnits".
 
-  static std::string convertAngle(double degrees);                           ///< by "useMils"
-  static std::string convertAngleWithoutUnitsOfMeasurement(double degrees);  ///< by "angleUnits"
+  /// "90°" or "1600 mils", by "useMils".
+  static std::string convertAngle(double degrees);
+  /// The bare number, by "angleUnits".
+  static std::string convertAngleWithoutUnitsOfMeasurement(double degrees);
+  /// The bare number.
   static std::string convertAngleWithoutUnitsOfMeasurementWithUnits(double degrees, int angleUnits);
-  static std::string angleUnits();  ///< by "useMils"
+  /// "°" or "mils", by "useMils".
+  static std::string angleUnits();
+  /// "°" or "mils".
   static std::string angleUnitsForUnits(int angleUnits);
   /// Degrees from an angle of 0 to 6400 mils or 0 to 360 degrees; 0 from all others.
   static double convertAngleForAngleUnits(double angle, int angleUnits);

@@ -1,11 +1,8 @@
 #include "widget/CompassView.h"
 
+#include "platform/UnitFactors.h"
+
 namespace wayfell {
-namespace {
-
-constexpr double kRadiansPerDegree = 0.017453292519943295;
-
-}  // namespace
 
 void CompassView::rotateCompassArrowToBearingWithHeading(double bearing, double heading) {
   change(arrow_, Arrow{bearing, heading});

@@ -8,6 +8,7 @@
 #include "platform/NSBundle.h"
 #include "platform/NSString.h"
 #include "platform/NSURL.h"
+#include "platform/UnitFactors.h"
 #include "settings/UserDefaults.h"
 
 namespace wayfell {
@@ -15,14 +16,14 @@ namespace {
 
 constexpr double kCompactHeight = 78;    // points
 constexpr double kExpandedHeight = 286;  // points
-constexpr double kQuarterTurn = 1.5707963267948966;
+constexpr double kQuarterTurn = kPi / 2;
 
 constexpr double kToggleSeconds = 0.2;
 constexpr double kTickSeconds = 0.5;
 constexpr double kCornerRadius = 4.0;
 
 // 300 points of either tape span one turn, from the first N (or 0) to the second. The two halves
-// of the degree tape differ by one dot on purpose.
+// of the degree tape differ by one dot.
 constexpr std::string_view kMilsTape =
     "...5600......0.......800....1600....2400...3200...4000...4800....5600......0.......800...."
     "1600."
@@ -124,7 +125,7 @@ void TodayViewController::viewDidLoad() {
   }
 }
 
-// Does not call the superclass, on purpose.
+// The one life-cycle call that does not pass on to the superclass.
 void TodayViewController::viewWillAppear(bool /*animated*/) {
   takeSettingsSnapshot();
   showTape();
@@ -135,8 +136,8 @@ void TodayViewController::viewWillAppear(bool /*animated*/) {
   coordinateControl.send(&UISegmentedControl::setSelectedSegmentIndex,
                          UserDefaults::checkIntDefaults("coordinateUnits"));
   startLocationUpdates();
-  // Neither kept nor invalidated: each appearance adds one more timer, which outlives the
-  // disappearance and, as a timer holds its target, keeps the controller. Left so on purpose.
+  // Nothing holds or invalidates the timer: each appearance adds one more, which outlives the
+  // disappearance and, as it holds the controller, keeps it alive.
   NSTimer::scheduledTimerWithTimeIntervalRepeatsBlock(
       kTickSeconds, true,
       [self = shared_from_this()](const NSTimer& timer) { self->paceTimer3(&timer); });
@@ -257,8 +258,8 @@ void TodayViewController::openAppWithCoordinate() {
 }
 
 void TodayViewController::changeCoordinateUnits(const UISegmentedControl* /*sender*/) {
-  // Only the local store is written, so the next appearance restores the containing app's choice:
-  // kept so.
+  // Only the local store is written: the choice lasts until the next appearance, which restores
+  // the containing app's.
   const auto control = coordinateControl.lock();
   UserDefaults::setIntForString(control ? control->selectedSegmentIndex() : 0, "coordinateUnits");
   showPosition();

@@ -3,9 +3,9 @@
 //
 // One class in several sources, one a concern:
 //   TodayViewController.cpp          life cycle, layout, opening the containing app
-//   TodayViewControllerLocation.cpp  fixes and headings
-//   TodayViewControllerPosition.cpp  the position format by format, and the address
-//   TodayViewControllerReadouts.cpp  speed, pace, arrival, track time and distance
+//   TodayViewControllerLocation.cpp  which fixes and headings are let in, and what each changes
+//   TodayViewControllerPosition.cpp  the position and the address
+//   TodayViewControllerReadouts.cpp  the texts of all other rows
 //
 // The objects that it makes for itself (defaults, locationManager, velocityManager, accuracyTrack)
 // it makes when they are first asked for, unless they have been set.
@@ -170,7 +170,7 @@ class TodayViewController : public UIViewController,
 
  private:
   /// Whether a layout also shows or hides the waypoint's row and arrow. Only flipping does;
-  /// applying the stored layout leaves them as the appearance set them. The two differ on purpose.
+  /// applying the stored layout leaves them as the appearance set them.
   enum class WaypointViews { keep, update };
 
   void takeSettingsSnapshot();
@@ -184,9 +184,12 @@ class TodayViewController : public UIViewController,
   void showWaypointDistance();
   void showPosition();
   void showAltitude();
+  void showHeading(double heading);
   void refreshAddressIfDue();
   void turnArrow(double heading);
   bool followsCourse() const;
+  /// Metres.
+  double distanceToWaypoint() const;
   /// Where the user is; 0/0 before the first fix.
   CLLocationCoordinate2D currentCoordinate() const;
 

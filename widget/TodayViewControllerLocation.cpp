@@ -1,18 +1,11 @@
-// Fixes and headings: what is let in, and what each changes.
+// Fixes and headings: which are let in, and what each changes.
 
-#include "coordinates/ConvertCoordinates.h"
 #include "coordinates/CoordinateDistance.h"
-#include "platform/NSBundle.h"
-#include "platform/NSString.h"
 #include "settings/UserDefaults.h"
-#include "units/ConvertTimeDistance.h"
 #include "widget/TodayViewController.h"
 
 namespace wayfell {
 namespace {
-
-constexpr double kFeetPerMetre = 3.2808399;
-constexpr int kMetric = 1;
 
 // Fixes worse than this teach nothing about what accuracy to expect.
 constexpr double kLearnedAccuracy = 200.0;  // metres
@@ -29,7 +22,8 @@ constexpr double kTapeTop = -3.0;
 constexpr CGSize kTapeSize{430.0, 26.0};
 
 double chosenHeading(const CLHeading& heading) {
-  // 0 takes the true heading even when it is invalid, the numbers above 1 do not: kept so.
+  // 0 takes the true heading even when it is invalid; then nothing is shown. Numbers above 1 take
+  // the magnetic one instead.
   switch (UserDefaults::checkIntDefaults("compassHeading")) {
     case 0:
       return heading.trueHeading;
@@ -49,7 +43,7 @@ CLLocationManager& TodayViewController::locationManager() {
     locationManager_->activityType = CLActivityType::other;
     locationManager_->desiredAccuracy = kCLLocationAccuracyBest;
     locationManager_->allowsBackgroundLocationUpdates = false;
-    // Only here: a later appearance does not start the headings again. Kept so.
+    // Once: a panel that has disappeared gets no more headings when it appears again.
     if (CLLocationManager::headingAvailable()) locationManager_->startUpdatingHeading();
   }
   return *locationManager_;
@@ -95,31 +89,6 @@ bool TodayViewController::isAccurateEnough(const CLLocation& fix) {
           vertical <= track.averageVerticalAccuracy() + kAccuracyMargin);
 }
 
-// Also without a waypoint, when a hidden row then tells the distance to 0/0.
-void TodayViewController::showWaypointDistance() {
-  const CLLocationCoordinate2D position = currentCoordinate();
-  const double metres = CoordinateDistance::getDoubleDistanceFromLatAndLongToOldLatAndOldLong(
-      position.latitude, position.longitude, waypointLatitude, waypointLongitude);
-  waypointDistanceLabel.send(
-      &UILabel::setText,
-      ConvertTimeDistance::convertMetersToDistanceWithRoundingFactorDecimalPlace(metres, 0.24, 2));
-}
-
-void TodayViewController::showPosition() {
-  const CLLocationCoordinate2D position = currentCoordinate();
-  userCoordinateLabel.send(&UILabel::setText, ConvertCoordinates::convertLatAndLong(
-                                                  position.latitude, position.longitude));
-}
-
-void TodayViewController::showAltitude() {
-  const double altitude = currentLocation->altitude;
-  // Feet for all but metric, nautical included: kept so.
-  const bool metric = UserDefaults::checkIntDefaults("units") == kMetric;
-  altitudeLabel.send(&UILabel::setText,
-                     metric ? localizedStringWithFormat("%0.0f m", altitude)
-                            : localizedStringWithFormat("%0.0f ft", altitude * kFeetPerMetre));
-}
-
 bool TodayViewController::followsCourse() const {
   const auto compass = compassRotatingView.lock();
   return compass && compass->compassDisplayCourse();
@@ -153,9 +122,7 @@ void TodayViewController::locationManagerDidUpdateHeading(CLLocationManager& /*m
 
 void TodayViewController::setMapCompassDisplaysWithHeading(double heading) {
   if (heading < 0) return;
-  const bool mils = UserDefaults::checkIntDefaults("useMils") != 0;
-  headingLabel.send(&UILabel::setText, mils ? stringWithFormat("%0.0f mils", heading * 6400 / 360)
-                                            : stringWithFormat("%0.0f°", heading));
+  showHeading(heading);
   const double x = (heading / 360) * kTapePointsPerTurn;
   leftConstraint.send(&NSLayoutConstraint::setConstant, x);
   compassLabel.send(&UIView::setFrame, CGRect{{x, kTapeTop}, kTapeSize});

@@ -1,4 +1,4 @@
-// The position laid out format by format, and the address.
+// The position, in the row and laid out format by format, and the address.
 
 #include "coordinates/ConvertCoordinates.h"
 #include "coordinates/FindCoordinates.h"
@@ -48,6 +48,12 @@ std::string positionText(int units, double latitude, double longitude) {
 
 }  // namespace
 
+void TodayViewController::showPosition() {
+  const CLLocationCoordinate2D position = currentCoordinate();
+  userCoordinateLabel.send(&UILabel::setText, ConvertCoordinates::convertLatAndLong(
+                                                  position.latitude, position.longitude));
+}
+
 void TodayViewController::updateCurrentLocationDisplayWithUnits(int units) {
   constexpr int kMGRS = 3;
   constexpr int kUTM = 4;
@@ -60,8 +66,8 @@ void TodayViewController::updateCurrentLocationDisplayWithUnits(int units) {
     userCoordinateLabel.send(&UILabel::setText, positionText(units, latitude, longitude));
     return;
   }
-  // The two labels change roles for UTM: the zone line takes the easting and northing, and the
-  // position's line the zone. Kept so.
+  // In UTM the two labels change roles: the zone line takes the easting and northing, and the
+  // position's line the zone.
   emphasize(utmZoneLabel);
   utmZoneLabel.send(
       &UILabel::setText,

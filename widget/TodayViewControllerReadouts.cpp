@@ -1,10 +1,14 @@
-// What is refreshed twice a second: speed or pace, time of arrival, track time and distance.
+// The texts of the rows: altitude and distance to the waypoint, set by a fix; the heading; and what
+// is refreshed twice a second: speed or pace, time of arrival, track time and distance.
 
 #include "coordinates/CoordinateDistance.h"
 #include "platform/NSBundle.h"
 #include "platform/NSString.h"
 #include "platform/Numbers.h"
+#include "platform/UnitFactors.h"
 #include "settings/UserDefaults.h"
+#include "units/ConvertTimeDistance.h"
+#include "units/HoursMinutesSeconds.h"
 #include "widget/TodayViewController.h"
 
 namespace wayfell {
@@ -18,32 +22,17 @@ constexpr int kPaceOrSpeed = 0;
 constexpr int kPace = 1;
 constexpr int kSpeed = 2;
 
-constexpr double kFastestPace = 4.4704;  // metres per second: 10 miles per hour
+constexpr double kFastestPace = kTenMilesPerHour;
 constexpr double kSlowestPace = 0.3;     // metres per second; below it the user stands still
 constexpr double kShortDistance = 0.25;  // of the main unit
 
-constexpr double kMilesPerKilometre = 0.621371192;
-constexpr double kMilesPerMetre = 0.000621371192;
-constexpr double kNauticalMilesPerMetre = 0.000539956803;
-constexpr double kFeetPerMile = 5280;
-
-struct HoursMinutesSeconds {
-  int hours = 0;
-  int minutes = 0;
-  int seconds = 0;
-};
-
-HoursMinutesSeconds split(int seconds) {
-  return {seconds / 3600, (seconds % 3600) / 60, seconds % 60};
-}
-
-// Whole seconds by way of text, on purpose: what is not a number, or infinite, becomes 0.
-int wholeSeconds(double seconds) { return intValue(fixedText(seconds, 6)); }
+// Of the main unit: below it the distance to the waypoint is given in metres or feet.
+constexpr double kShortWaypointDistance = 0.24;
 
 int secondsPerUnit(double speed, int units) {
   switch (units) {
     case kImperial:
-      return truncatedToInt32(1 / (speed * kMilesPerMetre));
+      return truncatedToInt32(1 / (speed * (kMilesPerKilometre / 1000)));
     case kMetric:
       return truncatedToInt32(1 / (speed * (1.0 / 1000)));
     case kNautical:
@@ -53,28 +42,23 @@ int secondsPerUnit(double speed, int units) {
   }
 }
 
-// Through kilometres and miles also for the nautical units: kept so.
 std::string feetText(double distance) {
-  return localizedStringWithFormat("%0.1f ft", distance / 1000 * kMilesPerKilometre * kFeetPerMile);
+  return localizedStringWithFormat("%0.1f ft", feet(distance));
 }
 
 std::optional<std::string> trackDistanceText(double distance) {
   switch (UserDefaults::checkIntDefaults("units")) {
-    case kImperial: {
-      const double miles = distance / 1000 * kMilesPerKilometre;
-      return miles < kShortDistance ? feetText(distance)
-                                    : localizedStringWithFormat("%0.2f mi", miles);
-    }
-    case kMetric: {
-      const double kilometres = distance / 1000;
-      return kilometres < kShortDistance ? localizedStringWithFormat("%0.1f m", kilometres * 1000)
-                                         : localizedStringWithFormat("%0.2f km", kilometres);
-    }
-    case kNautical: {
-      const double miles = distance * kNauticalMilesPerMetre;
-      return miles < kShortDistance ? feetText(distance)
-                                    : localizedStringWithFormat("%0.2f nm", miles);
-    }
+    case kImperial:
+      if (miles(distance) < kShortDistance) return feetText(distance);
+      return localizedStringWithFormat("%0.2f mi", miles(distance));
+    case kMetric:
+      if (kilometres(distance) < kShortDistance) {
+        return localizedStringWithFormat("%0.1f m", kilometres(distance) * 1000);
+      }
+      return localizedStringWithFormat("%0.2f km", kilometres(distance));
+    case kNautical:
+      if (nauticalMiles(distance) < kShortDistance) return feetText(distance);
+      return localizedStringWithFormat("%0.2f nm", nauticalMiles(distance));
     default:
       return std::nullopt;
   }
@@ -86,6 +70,28 @@ void copyText(const Outlet<UILabel>& from, const Outlet<UILabel>& to) {
 }
 
 }  // namespace
+
+// Without a waypoint it is the distance to 0/0, in a row that is hidden.
+void TodayViewController::showWaypointDistance() {
+  waypointDistanceLabel.send(
+      &UILabel::setText, ConvertTimeDistance::convertMetersToDistanceWithRoundingFactorDecimalPlace(
+                             distanceToWaypoint(), kShortWaypointDistance, 2));
+}
+
+void TodayViewController::showAltitude() {
+  const double altitude = currentLocation->altitude;
+  // The nautical units have feet, too.
+  const bool metric = UserDefaults::checkIntDefaults("units") == kMetric;
+  altitudeLabel.send(&UILabel::setText,
+                     metric ? localizedStringWithFormat("%0.0f m", altitude)
+                            : localizedStringWithFormat("%0.0f ft", altitude * kFeetPerMetre));
+}
+
+void TodayViewController::showHeading(double heading) {
+  const bool inMils = UserDefaults::checkIntDefaults("useMils") != 0;
+  headingLabel.send(&UILabel::setText, inMils ? stringWithFormat("%0.0f mils", mils(heading))
+                                              : stringWithFormat("%0.0f°", heading));
+}
 
 void TodayViewController::paceTimer3(const NSTimer* /*sender*/) {
   updateSpeed();
@@ -114,11 +120,11 @@ void TodayViewController::updateSpeed() {
 std::optional<std::string> TodayViewController::convertMetersPerSecondToSpeed(double speed) {
   switch (UserDefaults::checkIntDefaults("units")) {
     case kImperial:
-      return localizedStringWithFormat("%0.1f mph", speed * 2.2369363);
+      return localizedStringWithFormat("%0.1f mph", speed * kMilesPerHour);
     case kMetric:
-      return localizedStringWithFormat("%0.1f km/h", speed * 3.6);
+      return localizedStringWithFormat("%0.1f km/h", speed * kKilometresPerHour);
     case kNautical:
-      return localizedStringWithFormat("%0.1f kts", speed * 1.94384449);
+      return localizedStringWithFormat("%0.1f kts", speed * kKnots);
     default:
       return std::nullopt;
   }
@@ -134,8 +140,9 @@ std::optional<std::string> TodayViewController::convertMetersPerSecondToPace(dou
                                   {textKey("%02d:%02d /nm"), textKey("%02d:%02d:%02d /nm")}};
   const int units = UserDefaults::checkIntDefaults("units");
   if (units < kImperial || units > kNautical) return std::nullopt;
-  const auto [hours, minutes, seconds] =
-      speed < kSlowestPace ? HoursMinutesSeconds{} : split(secondsPerUnit(speed, units));
+  const auto [hours, minutes, seconds] = speed < kSlowestPace
+                                             ? HoursMinutesSeconds{}
+                                             : hoursMinutesSeconds(secondsPerUnit(speed, units));
   const Formats& formats = kFormats[units];
   return hours < 1 ? localizedStringWithFormat(formats.withinTheHour, minutes, seconds)
                    : localizedStringWithFormat(formats.withHours, hours, minutes, seconds);
@@ -146,17 +153,20 @@ void TodayViewController::calculateETAWithSpeed(double speed) {
     etaLabel.send(&UILabel::setText, "");
     return;
   }
-  const CLLocationCoordinate2D position = currentCoordinate();
-  const double metres = CoordinateDistance::getDoubleDistanceFromLatAndLongToOldLatAndOldLong(
-      position.latitude, position.longitude, waypointLatitude, waypointLongitude);
-  const int seconds = wholeSeconds(metres / speed);
-  const auto time = split(seconds);
+  const int seconds = wholeSeconds(distanceToWaypoint() / speed);
+  const auto time = hoursMinutesSeconds(seconds);
   etaLabel.send(&UILabel::setText,
                 seconds < 3600
                     // Translators: minutes.
                     ? localizedStringWithFormat("%d m", time.minutes)
                     // Translators: hours and minutes.
                     : localizedStringWithFormat("%d hr %d m", time.hours, time.minutes));
+}
+
+double TodayViewController::distanceToWaypoint() const {
+  const CLLocationCoordinate2D position = currentCoordinate();
+  return CoordinateDistance::getDoubleDistanceFromLatAndLongToOldLatAndOldLong(
+      position.latitude, position.longitude, waypointLatitude, waypointLongitude);
 }
 
 void TodayViewController::updateDistance(double distance) {
@@ -168,7 +178,7 @@ void TodayViewController::updateDistance(double distance) {
 
 void TodayViewController::updateTime(double time) {
   const int total = wholeSeconds(time);
-  const auto [hours, minutes, seconds] = split(total);
+  const auto [hours, minutes, seconds] = hoursMinutesSeconds(total);
   timeLabel.send(&UILabel::setText,
                  total < 3600 ? stringWithFormat("%02d:%02d", minutes, seconds)
                               : stringWithFormat("%d:%02d:%02d", hours, minutes, seconds));

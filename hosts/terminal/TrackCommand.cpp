@@ -6,6 +6,7 @@
 #include "hosts/terminal/ChosenStore.h"
 #include "hosts/terminal/Output.h"
 #include "hosts/text/TextScanner.h"
+#include "platform/UnitFactors.h"
 
 namespace wayfell {
 namespace {
@@ -15,8 +16,12 @@ namespace {
 }
 
 double metresOf(std::string_view text) {
-  constexpr std::pair<std::string_view, double> kUnits[] = {
-      {"", 1}, {"M", 1}, {"KM", 1000}, {"MI", 1609.344}, {"NM", 1852}, {"FT", 0.3048}};
+  constexpr std::pair<std::string_view, double> kUnits[] = {{"", 1},
+                                                            {"M", 1},
+                                                            {"KM", 1000},
+                                                            {"MI", kMetresPerMile},
+                                                            {"NM", kMetresPerNauticalMile},
+                                                            {"FT", kMetresPerFoot}};
   TextScanner scanner(text);
   const auto number = scanner.number();
   const std::string letters = upperCased(scanner.letters());

@@ -9,12 +9,12 @@
 
 #include "hosts/services/addresses/BookFile.h"
 #include "hosts/services/addresses/StreetText.h"
+#include "platform/UnitFactors.h"
 
 namespace wayfell {
 namespace {
 
 constexpr double kEarthRadius = 6371008.8;  // metres; the mean of WGS 84's
-constexpr double kPi = 3.14159265358979323846;
 constexpr double kHalfTurn = 180 * kBookUnitsPerDegree;
 
 double radians(double degrees) { return degrees * kPi / 180; }

@@ -4,13 +4,9 @@
 
 #include "hosts/panel/Spoken.h"
 #include "hosts/window/panel/CanvasPainter.h"
+#include "platform/UnitFactors.h"
 
 namespace wayfell {
-namespace {
-
-constexpr double kDegreesPerRadian = 57.29577951308232;
-
-}  // namespace
 
 PanelOutlet::PanelOutlet(const WidgetInterface& interface, std::string_view name, QObject* parent)
     : QObject(parent), interface_(interface), name_(name), view_(interface.view(name)) {
