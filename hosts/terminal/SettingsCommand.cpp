@@ -8,7 +8,7 @@
 
 #include "hosts/replay/Settings.h"
 #include "hosts/services/stores/StoredValue.h"
-#include "hosts/terminal/KnownSettings.h"
+#include "hosts/settings/KnownSettings.h"
 #include "hosts/terminal/Output.h"
 #include "hosts/terminal/SettingText.h"
 #include "hosts/text/IsoTime.h"

@@ -332,10 +332,6 @@ bool operator==(const StoredValue& a, const StoredValue& b) {
   return a.type == b.type && sameValue;
 }
 
-std::string_view typeName(const PropertyValue& value) {
-  return kTypeNames.at(value.storage().index());
-}
-
 bool isPlainText(std::string_view text) {
   return text.find('\0') == std::string_view::npos && isUtf8(text);
 }

@@ -10,6 +10,7 @@
 #include <string_view>
 #include <variant>
 
+#include "hosts/settings/SettingValue.h"
 #include "platform/PropertyValue.h"
 
 namespace wayfell {
@@ -31,9 +32,6 @@ struct StoredValue {
   /// Of the same value: 0.0 and -0.0 are two, all NaNs are one.
   friend bool operator==(const StoredValue& a, const StoredValue& b);
 };
-
-/// "integer", "boolean", "real", "text", "date", "data", "list" or "dictionary".
-std::string_view typeName(const PropertyValue& value);
 
 /// Throws BadValue for what nests deeper than 200 lists and dictionaries.
 StoredValue encode(const PropertyValue& value);

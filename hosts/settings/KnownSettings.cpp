@@ -1,4 +1,4 @@
-#include "hosts/terminal/KnownSettings.h"
+#include "hosts/settings/KnownSettings.h"
 
 #include <algorithm>
 #include <cmath>
@@ -7,7 +7,7 @@
 #include <variant>
 
 #include "datums/Catalogue.h"
-#include "hosts/services/stores/StoredValue.h"
+#include "hosts/settings/SettingValue.h"
 #include "hosts/text/TextScanner.h"
 #include "platform/NSString.h"
 
@@ -79,11 +79,23 @@ bool isDatum(std::string_view name) {
 
 }  // namespace
 
+std::span<const KnownSetting> knownSettings() { return kSettings; }
+
 const KnownSetting* knownSetting(std::string_view key) {
   const auto* const found =
       std::find_if(std::begin(kSettings), std::end(kSettings),
                    [key](const KnownSetting& setting) { return setting.key == key; });
   return found == std::end(kSettings) ? nullptr : found;
+}
+
+std::vector<std::string> choicesOf(const KnownSetting& setting) {
+  if (setting.kind == Kind::boolean) return {"false", "true"};
+  std::vector<std::string> choices;
+  for (const std::string_view number : setting.numbers) {
+    if (number.empty()) break;
+    choices.push_back(std::to_string(choices.size()));
+  }
+  return choices;
 }
 
 std::string meaningOf(const KnownSetting& setting, const PropertyValue& value) {

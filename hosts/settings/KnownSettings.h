@@ -5,8 +5,10 @@
 #include <array>
 #include <limits>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/PropertyValue.h"
 
@@ -33,8 +35,15 @@ struct KnownSetting {
   double greatest = std::numeric_limits<double>::infinity();
 };
 
+/// All of them, in the order in which people look for them.
+std::span<const KnownSetting> knownSettings();
+
 /// None for a key that the widget does not read.
 const KnownSetting* knownSetting(std::string_view key);
+
+/// The values that make sense, as they are typed, where they can be listed: "false" and "true", or
+/// "0", "1" ... What each means is among the setting's numbers, under the same index.
+std::vector<std::string> choicesOf(const KnownSetting& setting);
 
 /// What a value means, in a few words: "metric" for 1 under "units". May be empty.
 std::string meaningOf(const KnownSetting& setting, const PropertyValue& value);
