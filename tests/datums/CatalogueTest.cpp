@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cstdint>
 #include <set>
 #include <string>
@@ -45,37 +44,6 @@ TEST(Catalogue, EllipsoidsAreThePublishedOnes) {
                              shortestText(row.inverseFlattening));
   }
   EXPECT_EQ(crc32(list), 0x2141B5CFU);
-}
-
-// Rows that a tidy mind would mend; stored settings hold them as they are. Numbered from 1.
-TEST(Catalogue, OddRowsStay) {
-  const struct {
-    std::size_t row;
-    const char* name;
-    const char* ellipsoid;
-  } cases[] = {
-      {1, "WGS 1984---Global Definition", "WGS 84"},
-      {26, "Arc 1960---Taanzania", "Clarke 1880"},
-      {50, "Deception Island---Deception Island; Antarctia", "Clarke 1880"},
-      {78, "Herat North---Afghanistan", "+International 1924"},
-      {79, "Hermannskogel Datum---Croatia -Serbia  Bosnia-Herzegovina", "Bessel 1841 (Namibia)"},
-      {88, "Indian 1960---Vietnam (Near 16\xC3\xB8N)", "Everest (India 1830)"},
-      {180, "S-42 (Pulkovo 1942)---Czechoslavakia", "Krassovsky 1940"},
-      {226, "CGCS2000---China", "Krassovsky 1940"},
-      {227, "Magna Sirgas---Columbia", "GRS 80"},
-  };
-  for (const auto& odd : cases) {
-    EXPECT_EQ(kDatums[odd.row - 1].name, odd.name);
-    EXPECT_EQ(kDatums[odd.row - 1].ellipsoid, odd.ellipsoid) << odd.name;
-  }
-}
-
-TEST(Catalogue, OnlyHeratNorthHasNoEllipsoid) {
-  for (const CatalogueDatum& row : kDatums) {
-    const bool known = std::any_of(kEllipsoids.begin(), kEllipsoids.end(),
-                                   [&](const auto& entry) { return entry.name == row.ellipsoid; });
-    EXPECT_EQ(known, row.name != "Herat North---Afghanistan") << row.name;
-  }
 }
 
 }  // namespace

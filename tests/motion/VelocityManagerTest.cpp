@@ -64,7 +64,8 @@ TEST_F(VelocityManagerTest, FirstFixOnlySeedsTheHistory) {
   EXPECT_TRUE(manager->rollingAverageSpeedArray().empty());
   EXPECT_EQ(host.loop.timersWithInterval(7.0), 0U);
 
-  const CLLocation second = fix({20, 10}, 2, 50);
+  CLLocation second = fix({20, 10}, 2, 50);
+  second.horizontalAccuracy = 0;  // as good as can be
   manager->updateSpeedWithLocation(second);
   EXPECT_EQ(manager->currentLocation(), second);
   manager->updateSpeedWithLocation(invalid);  // from the second on, an invalid one is ignored
@@ -135,7 +136,7 @@ TEST_F(VelocityManagerTest, SpeedOfOneFix) {
 }
 
 TEST_F(VelocityManagerTest, FixesOfAWalk) {
-  // Expected values from a separate short Python program that works in metres along a line.
+  // Expected values from tests/expected/walk.py.
   struct Case {
     Step step;
     double receiverSpeed, altitude;
@@ -192,9 +193,15 @@ TEST_F(VelocityManagerTest, GlideRatioAndSlope) {
   EXPECT_NEAR(manager->slope(), -0.1, 1e-11);
   EXPECT_NEAR(manager->slopeAngle(), -5.710593137, 1e-8);
 
-  manager->updateSpeedWithLocation(fix({210, 20}, -1, 30));  // no time passes
+  manager->setAverageAltitude(1);
+  manager->setGlideRatioDistanceArray({});
+  manager->setGlideRatioAltitudeArray({});
+  manager->updateSpeedWithLocation(fix({200.5, 21}, 1));  // half a metre on and a metre down
+  EXPECT_NEAR(manager->slope(), -2, 1e-6);
+
+  manager->updateSpeedWithLocation(fix({210, 21}, -1, 30));  // no time passes
   EXPECT_EQ(manager->verticalSpeed(), kInfinity);
-  manager->updateSpeedWithLocation(fix({220, 20}, -1, 0));  // the mean does not change
+  manager->updateSpeedWithLocation(fix({220, 21}, -1, 0));  // the mean does not change
   EXPECT_TRUE(std::isnan(manager->verticalSpeed()));
 }
 

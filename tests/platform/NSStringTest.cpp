@@ -130,12 +130,13 @@ TEST(TextToNumber, ReadsWhatLeads) {
 }
 
 TEST(Numbers, TruncateAndSaturate) {
-  EXPECT_EQ(truncatedToInt32(-2.9), -2);
-  EXPECT_EQ(truncatedToInt32(2147483647.9), INT32_MAX);
-  EXPECT_EQ(truncatedToInt32(2147483648.0), INT32_MAX);
-  EXPECT_EQ(truncatedToInt32(-2147483648.9), INT32_MIN);
-  EXPECT_EQ(truncatedToInt32(-kInfinity), INT32_MIN);
-  EXPECT_EQ(truncatedToInt32(kNaN), 0);
+  const std::pair<double, std::int32_t> cases[] = {{-2.9, -2},
+                                                   {2147483647.9, INT32_MAX},
+                                                   {2147483648.0, INT32_MAX},
+                                                   {-2147483648.9, INT32_MIN},
+                                                   {-kInfinity, INT32_MIN},
+                                                   {kNaN, 0}};
+  for (const auto& [real, integer] : cases) EXPECT_EQ(truncatedToInt32(real), integer) << real;
   EXPECT_EQ(truncatedToInt64(9223372036854775808.0), INT64_MAX);
   EXPECT_EQ(truncatedToInt64(-9223372036854775808.0), INT64_MIN);
   EXPECT_EQ(lowInt32(0x1'8000'0000), INT32_MIN);

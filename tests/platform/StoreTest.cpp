@@ -48,12 +48,6 @@ TEST(Store, ConvertsOnTypedReads) {
   EXPECT_EQ(PropertyValue(std::nan("")).integerValue(), 0);
 }
 
-TEST(Store, KeepsTypesApart) {
-  EXPECT_NE(PropertyValue(1), PropertyValue(true));
-  EXPECT_NE(PropertyValue(1), PropertyValue(1.0));
-  EXPECT_NE(PropertyValue("1"), PropertyValue(1));
-}
-
 TEST(Store, MissingKeysAndStoresReadAsNothing) {
   SimulatedHost host;
   NSUserDefaults defaults("group.test");

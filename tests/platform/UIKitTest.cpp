@@ -5,7 +5,6 @@
 
 #include "platform/NSURL.h"
 #include "platform/UILabel.h"
-#include "platform/UISegmentedControl.h"
 #include "platform/UIViewController.h"
 
 namespace wayfell {
@@ -68,17 +67,6 @@ TEST(Outlet, MessagesToAMissingViewAreDropped) {
   }
   outlet.send(&UILabel::setText, "lost");  // the hold was weak
   EXPECT_FALSE(outlet.lock());
-}
-
-TEST(SegmentedControl, OnlyAPickTellsTheTargets) {
-  UISegmentedControl control(5);
-  int told = UISegmentedControl::kNoSegment;
-  control.addTargetForValueChanged(
-      [&](UISegmentedControl* sender) { told = sender->selectedSegmentIndex(); });
-  control.setSelectedSegmentIndex(2);
-  EXPECT_EQ(told, UISegmentedControl::kNoSegment);
-  control.pick(4);
-  EXPECT_EQ(told, 4);
 }
 
 // The characters are those of RFC 3986, sections 2.1 to 2.3 and 3.5.

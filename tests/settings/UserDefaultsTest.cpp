@@ -9,48 +9,33 @@
 namespace wayfell {
 namespace {
 
-TEST(UserDefaults, BooleansAreStoredAsIntegers) {
+TEST(UserDefaults, BooleansAreIntegersAndIntegersKeep32Bits) {
   SimulatedHost host;
   UserDefaults::setBoolForString(true, "useMils");
   EXPECT_EQ(*host.local.find("useMils"), PropertyValue(1));
-  EXPECT_EQ(UserDefaults::checkIntDefaults("useMils"), 1);
   EXPECT_TRUE(UserDefaults::checkDefaults("useMils"));
-  UserDefaults::setBoolForString(false, "useMils");
-  EXPECT_EQ(*host.local.find("useMils"), PropertyValue(0));
-}
-
-TEST(UserDefaults, IntegersAreNarrowedTo32Bits) {
-  SimulatedHost host;
-  UserDefaults::setIntForString(0x1'0000'0002, "units");
-  EXPECT_EQ(*host.local.find("units"), PropertyValue(std::int64_t{0x1'0000'0002}));
-  EXPECT_EQ(UserDefaults::checkIntDefaults("units"), 2);
-  UserDefaults::setIntForString(0x8000'0000, "units");
+  UserDefaults::setIntForString(0x1'8000'0000, "units");
+  EXPECT_EQ(*host.local.find("units"), PropertyValue(std::int64_t{0x1'8000'0000}));
   EXPECT_EQ(UserDefaults::checkIntDefaults("units"), INT32_MIN);
 }
 
 TEST(UserDefaults, WithoutAStoreReadsAreZeroAndWritesAreLost) {
   SimulatedHost host;
+  host.local.set("units", 2);
+  UserDefaults::syncronizeKey("units");  // there is no cloud store
+  EXPECT_EQ(UserDefaults::checkObjectDefaultsWithiCloud("units"), PropertyValue(2));
+  host.hasCloud = true;
+  host.cloud.set("units", 1);
+  EXPECT_EQ(UserDefaults::checkObjectDefaultsWithiCloud("units"), PropertyValue(1));
   host.hasLocal = false;
-  UserDefaults::setStringForKey("text", "key");
-  UserDefaults::setIntForString(3, "key");
-  EXPECT_EQ(UserDefaults::checkObjectDefaults("key"), std::nullopt);
-  EXPECT_EQ(UserDefaults::checkStringDefaults("key"), std::nullopt);
-  EXPECT_EQ(UserDefaults::checkIntDefaults("key"), 0);
-  EXPECT_FALSE(UserDefaults::checkDefaults("key"));
-  host.hasCloud = true;
-  host.cloud.set("units", PropertyValue(1));
   UserDefaults::syncronizeKey("units");
-  EXPECT_TRUE(host.local.values().empty());
-}
-
-TEST(UserDefaults, TheCloudTakesPrecedence) {
-  SimulatedHost host;
-  host.local.set("key", "local");
-  EXPECT_EQ(UserDefaults::checkObjectDefaultsWithiCloud("key"), PropertyValue("local"));
-  host.hasCloud = true;
-  EXPECT_EQ(UserDefaults::checkObjectDefaultsWithiCloud("key"), PropertyValue("local"));
-  host.cloud.set("key", "cloud");
-  EXPECT_EQ(UserDefaults::checkObjectDefaultsWithiCloud("key"), PropertyValue("cloud"));
+  UserDefaults::setStringForKey("text", "units");
+  UserDefaults::setIntForString(3, "units");
+  EXPECT_EQ(UserDefaults::checkObjectDefaults("units"), std::nullopt);
+  EXPECT_EQ(UserDefaults::checkStringDefaults("units"), std::nullopt);
+  EXPECT_EQ(UserDefaults::checkIntDefaults("units"), 0);
+  EXPECT_FALSE(UserDefaults::checkDefaults("units"));
+  EXPECT_EQ(*host.local.find("units"), PropertyValue(2));
 }
 
 // What each kind of key becomes on its way down; "none" is a missing value.

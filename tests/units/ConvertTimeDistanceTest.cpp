@@ -4,6 +4,7 @@
 
 #include <cmath>
 #include <limits>
+#include <tuple>
 
 #include "platform/SimulatedHost.h"
 
@@ -13,7 +14,7 @@ namespace {
 using Convert = ConvertTimeDistance;
 using Text = std::optional<std::string>;
 
-// Expected values are worked by hand, or with mpmath, from the factors of the units.
+// Expected values are worked by hand from the factors of the units.
 class ConvertTimeDistanceTest : public testing::Test {
  protected:
   void set(const char* key, int value) { host.local.set(key, PropertyValue(value)); }
@@ -38,7 +39,7 @@ TEST_F(ConvertTimeDistanceTest, DistancesByTheSetting) {
     Text plain, oneDecimal, twoDecimals;  // the latter two with a rounding factor of 0.5
   };
   const Case cases[] = {
-      {0, 1609.35, "1.0 mi", "1.0 mi", "1.00 mi"},
+      {0, 1609.3440006146923, "1.0 mi", "1.0 mi", "1.00 mi"},  // the double that is exactly 1 mile
       {0, 1609, "5279 ft", "1.0 mi", "1.00 mi"},
       {0, 804, "2638 ft", "2638 ft", "2638 ft"},
       {1, 1000, "1.0 km", "1.0 km", "1.00 km"},
@@ -46,7 +47,7 @@ TEST_F(ConvertTimeDistanceTest, DistancesByTheSetting) {
       {1, 500, "500 m", "0.5 km", "0.50 km"},
       {1, 499.4, "499 m", "499 m", "499 m"},
       {1, std::nan(""), "nan m", "nan km", "nan km"},
-      {2, 1853, "1.0 nm", "1.0 nm", "1.00 nm"},
+      {2, 1852.000001563088, "1.0 nm", "1.0 nm", "1.00 nm"},  // exactly 1 nautical mile
       {2, 1851, "6073 ft", "1.0 nm", "1.00 nm"},
       {2, 900, "2953 ft", "2953 ft", "2953 ft"},
       {3, 1000, std::nullopt, std::nullopt, std::nullopt},
@@ -122,109 +123,92 @@ TEST_F(ConvertTimeDistanceTest, DistancesAndAreasByWord) {
     EXPECT_EQ(Convert::convertMetersToDistanceUnitsString(1234.5, c.word), c.length);
     EXPECT_EQ(Convert::convertMetersToDistanceSquaredUnits(1234567, c.word), c.area);
   }
-  EXPECT_EQ(Convert::convertMetersToDistanceSquaredUnits(10000, "acre"), "2.47 acres");
 }
 
 TEST_F(ConvertTimeDistanceTest, SpeedsAndAltitudes) {
-  EXPECT_EQ(Convert::convertSpeedWithUnits(10, 0), "22.4 mph");
-  EXPECT_EQ(Convert::convertSpeedWithUnits(10, 1), "36.0 km/h");
-  EXPECT_EQ(Convert::convertSpeedWithUnits(10, 2), "19.4 kts");
-  EXPECT_EQ(Convert::convertSpeedWithUnits(10, 3), std::nullopt);
-  EXPECT_EQ(Convert::convertSpeedWithUnits(10, -1), std::nullopt);
-
   struct Case {
-    std::optional<int> units;  // none: not set
+    int units;
+    Text speed;  // of 10 m/s
     const char* altitude;
     const char* word;
-    double number;
+    double number;  // these three of 100 m
   };
-  const Case cases[] = {
-      {std::nullopt, "328 ft", "ft", 328.08399}, {1, "100 m", "m", 100}, {2, "328 ft", "ft", 100}};
+  const Case cases[] = {{0, "22.4 mph", "328 ft", "ft", 328.08399},
+                        {1, "36.0 km/h", "100 m", "m", 100},
+                        {2, "19.4 kts", "328 ft", "ft", 100},
+                        {3, std::nullopt, "328 ft", "ft", 100},
+                        {-1, std::nullopt, "328 ft", "ft", 100}};
   for (const auto& c : cases) {
-    SCOPED_TRACE(c.units.value_or(-1));
-    if (c.units) set("units", *c.units);
+    SCOPED_TRACE(c.units);
+    set("units", c.units);
+    EXPECT_EQ(Convert::convertSpeedWithUnits(10, c.units), c.speed);
     EXPECT_EQ(Convert::convertAltitude(100), c.altitude);
     EXPECT_EQ(Convert::altitudeUnits(), c.word);
     EXPECT_DOUBLE_EQ(Convert::convertMeters(100), c.number);
   }
-  host.hasLocal = false;
-  EXPECT_EQ(Convert::convertAltitude(100), "328 ft");
 }
 
+// An angle of 90 degrees by each setting, and back.
 TEST_F(ConvertTimeDistanceTest, AnglesFollowTwoSettings) {
-  EXPECT_EQ(Convert::convertAngle(90), "90°");
-  EXPECT_EQ(Convert::angleUnits(), "°");
-  set("useMils", 1);
-  EXPECT_EQ(Convert::convertAngle(90), "1600 mils");
-  EXPECT_EQ(Convert::angleUnits(), "mils");
-  EXPECT_EQ(Convert::convertAngleWithoutUnitsOfMeasurement(90), "90");
-  set("useMils", 2);
-  EXPECT_EQ(Convert::convertAngle(90), "90°");
-  set("angleUnits", 1);
-  EXPECT_EQ(Convert::convertAngleWithoutUnitsOfMeasurement(90), "1600");
-  EXPECT_EQ(Convert::convertAngleWithoutUnitsOfMeasurementWithUnits(90, 1), "1600");
-  EXPECT_EQ(Convert::convertAngleWithoutUnitsOfMeasurementWithUnits(90, 0), "90");
-  EXPECT_EQ(Convert::angleUnitsForUnits(1), "mils");
-  EXPECT_EQ(Convert::angleUnitsForUnits(7), "°");
-
   struct Case {
-    double angle;
-    int units;
-    double degrees;
+    int setting;
+    const char* text;
+    const char* number;
+    const char* word;
   };
-  const Case cases[] = {{3200, 1, 180}, {6400, 1, 360}, {6400.5, 1, 0},
-                        {-0.5, 1, 0},   {360, 0, 360},  {90.5, 0, 90.5},
-                        {360.5, 0, 0},  {-1, 0, 0},     {90, 2, 0}};
-  for (const auto& c : cases) {
-    EXPECT_EQ(Convert::convertAngleForAngleUnits(c.angle, c.units), c.degrees) << c.angle;
+  for (const Case& c : {Case{0, "90°", "90", "°"}, Case{1, "1600 mils", "1600", "mils"},
+                        Case{2, "90°", "90", "°"}}) {
+    set("useMils", c.setting);
+    set("angleUnits", 1 - c.setting);
+    EXPECT_EQ(Convert::convertAngle(90), c.text);
+    EXPECT_EQ(Convert::angleUnits(), c.word);
+    EXPECT_EQ(Convert::angleUnitsForUnits(c.setting), c.word);
+    EXPECT_EQ(Convert::convertAngleWithoutUnitsOfMeasurementWithUnits(90, c.setting), c.number);
+    set("angleUnits", c.setting);
+    set("useMils", 1 - c.setting);
+    EXPECT_EQ(Convert::convertAngleWithoutUnitsOfMeasurement(90), c.number);
+  }
+  const std::tuple<double, int, double> back[] = {{3200, 1, 180}, {6400, 1, 360}, {6400.5, 1, 0},
+                                                  {-0.5, 1, 0},   {360, 0, 360},  {90.5, 0, 90.5},
+                                                  {360.5, 0, 0},  {-1, 0, 0},     {90, 2, 0}};
+  for (const auto& [angle, units, degrees] : back) {
+    EXPECT_EQ(Convert::convertAngleForAngleUnits(angle, units), degrees) << angle;
   }
 }
 
+// A radius of 6378137 m: a quarter circle is half of it times pi.
 TEST_F(ConvertTimeDistanceTest, DistanceOnTheSphere) {
   const auto distance = Convert::getDistanceFromLatAndLongToOldLatAndOldLong;
-  // A radius of 6378137 m: a quarter circle is half of it times pi, and 60 degrees north a
-  // degree of longitude is an arc of 2 asin(sin(0.5 degrees) / 2).
-  EXPECT_NEAR(distance(0, 0, 90, 0), 10018754.171, 0.001);
   EXPECT_NEAR(distance(0, -45, 0, 45), 10018754.171, 0.001);
-  EXPECT_NEAR(distance(60, 10, 60, 11), 55659.2156, 0.001);
+  EXPECT_NEAR(distance(60, 10, 60, 11), 55659.2156, 0.001);  // tests/expected/geodesy.py
+  EXPECT_EQ(distance(60.1, 10, 60.1, 10), 0);
 }
 
-// Every localised format and word, translated by putting "x" before it; what stays is plain.
+// Every format and word is translated by putting "x" before it, and shows it unless it is plain.
 TEST_F(ConvertTimeDistanceTest, WhatIsLocalised) {
-  for (const char* key : {"km", "m", "mi", "ft", "yd", "acre", "mils", "°", "%0.0f", "%0.1f",
-                          "%0.0f°", "%02d:%02d"}) {
-    host.strings.translations[key] = std::string("x") + key;
-  }
   for (const char* key :
-       {"%0.2f km", "%0.2f mi", "%0.1f km", "%0.1f mi", "%0.1f nm", "%0.0f m", "%0.0f ft",
-        " (%0.1f m)", " (%0.2f ft)", "%0.1f yd", "%0.2f acres", "%0.1f km/h"}) {
+       {"km", "m", "yd", "mils", "°", "%0.0f", "%0.1f", "%0.0f°", "%02d:%02d", "%0.2f km",
+        "%0.1f km", "%0.1f nm", "%0.0f m", "%0.0f ft", " (%0.1f m)", "%0.1f yd", "%0.1f km/h"}) {
     host.strings.translations[key] = std::string("x") + key;
   }
   EXPECT_EQ(Convert::convertMetersToDistanceWithUnits(100, true), "x0.10 kmx (100.0 m)");
-  EXPECT_EQ(Convert::convertMetersToDistanceWithUnits(100, false), "x0.06 mix (328.08 ft)");
   EXPECT_EQ(Convert::convertMetersToDistanceWithUnitsBaseUnits(100, 1, true), "100.0");
   EXPECT_EQ(Convert::distanceUnitsForBaseUnits(1, true), "xm");
   EXPECT_EQ(Convert::convertMetersToDistanceUnitsString(1000, "xyd"), "x1093.6 yd");
   EXPECT_EQ(Convert::convertMetersToDistanceUnitsString(1000, "yd"), std::nullopt);
-  EXPECT_EQ(Convert::convertMetersToDistanceSquaredUnits(1e6, "xacre"), "x247.10 acres");
+  EXPECT_EQ(Convert::convertMetersToDistanceSquaredUnits(1, "xyd"), "x1.2 yd");
   EXPECT_EQ(Convert::convertSpeedWithUnits(10, 1), "36.0 km/h");
   EXPECT_EQ(Convert::convertSecondsToTime(61), "01:01");
   EXPECT_EQ(Convert::convertAngle(90), "90°");
   EXPECT_EQ(Convert::angleUnits(), "°");
+  set("units", 2);
+  EXPECT_EQ(Convert::convertMetersToDistance(2000), "x1.1 nm");
+  EXPECT_EQ(Convert::convertMetersToDistance(100), "x328 ft");
   const auto rounded = Convert::convertMetersToDistanceWithRoundingFactorDecimalPlace;
-  const std::pair<const char*, const char*> farAndNear[] = {
-      {"x1.2 mi", "x328 ft"}, {"x2.0 km", "x100 m"}, {"x1.1 nm", "x328 ft"}};
-  for (int units = 0; units <= 2; ++units) {
-    set("units", units);
-    EXPECT_EQ(Convert::convertMetersToDistance(2000), farAndNear[units].first);
-    EXPECT_EQ(Convert::convertMetersToDistance(100), farAndNear[units].second);
-    EXPECT_EQ(rounded(2000, 1, 1), farAndNear[units].first);
-    EXPECT_EQ(rounded(100, 1, 2), farAndNear[units].second);
-    // One is forgotten, on purpose.
-    EXPECT_EQ(rounded(100, 1, 1), units == 2 ? "328 ft" : farAndNear[units].second);
-    EXPECT_EQ(Convert::convertAltitude(100), units == 1 ? "x100 m" : "x328 ft");
-    EXPECT_EQ(Convert::altitudeUnits(), units == 1 ? "xm" : "xft");
-  }
+  EXPECT_EQ(rounded(100, 1, 2), "x328 ft");
+  EXPECT_EQ(rounded(100, 1, 1), "328 ft");  // plain, alone of its kind
+  set("units", 1);
+  EXPECT_EQ(rounded(100, 1, 1), "x100 m");
 }
 
 }  // namespace

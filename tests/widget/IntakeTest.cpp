@@ -14,8 +14,7 @@ constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 // Each row is one fix of a sequence; the means are worked by hand over the fixes below 200 m.
 TEST(Intake, FixesAreScreenedByTheirAccuracy) {
   struct Fix {
-    double horizontal;
-    double vertical;
+    double horizontal, vertical;
     bool accepted;
   };
   const std::vector<std::vector<Fix>> sequences = {
@@ -42,27 +41,17 @@ TEST(Intake, FixesAreScreenedByTheirAccuracy) {
   }
 }
 
-TEST(Intake, DroppedFixesTeachTheTrackYetChangeNoRow) {
-  Widget w;
-  w.appear();
-  w.fix(46, 7, 500, -1);
-  EXPECT_EQ(w.controller->accuracyTrack().locations().size(), 1U);
-  EXPECT_EQ(w.controller->accuracyTrack().averageHorizontalAccuracy(), -1);
-  EXPECT_EQ(Widget::text(w.controller->altitudeLabel), std::nullopt);
-  EXPECT_EQ(w.host.geocoder.requests(), 0);
-  EXPECT_TRUE(w.controller->oldLocation.has_value());
-  w.fix(46, 7, 500, 250);
-  EXPECT_EQ(w.controller->accuracyTrack().locations().size(), 1U);
-}
-
-// 123.4 x 3.2808399 = 404.855...
+// A fix that is not accepted changes no row. 123.4 x 3.2808399 = 404.855...
 TEST(Intake, AltitudesAreFeetUnlessMetric) {
   for (const auto& [units, text] : {std::pair{0, "405 ft"}, {1, "123 m"}, {2, "405 ft"}}) {
     Widget w;
     w.host.suite.set("units", units);
     w.appear();
     w.fix(46, 7, 123.4);
+    w.fix(46, 7, 500, -1);
     EXPECT_EQ(Widget::text(w.controller->altitudeLabel), text);
+    EXPECT_EQ(w.controller->accuracyTrack().averageHorizontalAccuracy(),
+              2);  // it has taught, though
   }
 }
 
@@ -150,39 +139,8 @@ TEST(Heading, TheArrowFollowsTheDeviceOrTheCourse) {
   EXPECT_EQ(Widget::text(w.controller->headingLabel), "30°");
 }
 
-TEST(Address, IsLookedUpOnceAMinute) {
+TEST(Address, PartsThatAreMissingAreDashes) {
   Widget w;
-  w.host.geocoder.answer = CLPlacemark{CNPostalAddress{"12 Main St", "Springfield", "IL"}};
-  w.appear();
-  struct Step {
-    double after;  // seconds since the step before
-    int requests;
-  };
-  // A minute exactly is not more than a minute.
-  for (const Step& step : {Step{0, 1}, Step{59, 1}, Step{1, 1}, Step{0.5, 2}, Step{61, 3}}) {
-    w.host.loop.advanceBy(step.after);
-    w.fix(44.5, -93.25);
-    EXPECT_EQ(w.host.geocoder.requests(), step.requests);
-  }
-  EXPECT_EQ(w.host.geocoder.lastLocation()->coordinate, (CLLocationCoordinate2D{44.5, -93.25}));
-  EXPECT_EQ(Widget::text(w.controller->addressLabel), "12 Main St, Springfield, IL");
-  EXPECT_EQ(*w.host.suite.find("widgetAddressString"),
-            PropertyValue("12 Main St, Springfield, IL"));
-  EXPECT_EQ(*w.host.local.find("addressDate"), PropertyValue(NSDate{121.5}));
-}
-
-TEST(Address, TheDateOutlivesTheProcessAndFailuresCount) {
-  Widget w;
-  w.host.loop.startAt(NSDate{1000});
-  w.host.local.set("addressDate", NSDate{950});
-  w.appear();
-  w.fix(44.5, -93.25);
-  EXPECT_EQ(w.host.geocoder.requests(), 0);
-  w.host.loop.advanceBy(11);
-  w.fix(44.5, -93.25);
-  w.fix(44.5, -93.25);
-  EXPECT_EQ(w.host.geocoder.requests(), 1);
-  EXPECT_EQ(Widget::text(w.controller->addressLabel), "–, –, –");
   w.controller->geocoderDidFindPlacemark(CLPlacemark{CNPostalAddress{"A 1", std::nullopt, "B"}});
   EXPECT_EQ(Widget::text(w.controller->addressLabel), "A 1, –, B");
 }

@@ -13,34 +13,20 @@ namespace {
 
 using testing::ElementsAre;
 
-constexpr double kQuarterTurn = 1.5707963267948966;
-
 double height(const Widget& w) { return w.controller->preferredContentSize().height; }
 double rotation(const Widget& w) {
   return w.controller->toggleViewButton.lock()->transform().rotation;
 }
 
-TEST(Layout, FirstRunIsExpandedAndWithoutAWaypoint) {
+TEST(Layout, ViewsAreDecorated) {
   Widget w;
-  w.appear();
+  w.controller->viewDidLoad();
   const TodayViewController& c = *w.controller;
-  EXPECT_EQ(c.preferredContentSize(), (CGSize{0, 286}));
-  EXPECT_EQ(rotation(w), kQuarterTurn);
-  EXPECT_EQ(Widget::text(c.compassLabel)->substr(0, 12), "...315......");
-  EXPECT_EQ(Widget::text(c.latLongLabel), "Latitude\nLongitude");
-  EXPECT_EQ(Widget::text(c.openMiniLabel), "Open");
-  EXPECT_EQ(Widget::text(c.addressLabel), std::nullopt);
-  EXPECT_EQ(Widget::text(c.userCoordinateLabel), std::nullopt);
-  EXPECT_EQ(Widget::text(c.etaLabel), "");
-  EXPECT_EQ(c.coordinateControl.lock()->selectedSegmentIndex(), 0);
   EXPECT_EQ(c.coordinateControl.lock()->titleForSegmentAtIndex(2), "DMs");
   EXPECT_EQ(UISegmentedControl::selectedTitleColor(), kBlackColor);
   EXPECT_EQ(c.compassView.lock()->layer(), (CALayer{4, 1, kBlackColor}));
   EXPECT_EQ(c.openView.lock()->layer().cornerRadius, 4);
-  EXPECT_TRUE(Widget::hidden(c.waypointDataView));
-  EXPECT_TRUE(c.compassRotatingView.lock()->compassArrowView()->hidden());
-  EXPECT_TRUE(Widget::hidden(c.miniTrackDataView));
-  EXPECT_FALSE(Widget::hidden(c.trackDataView));
+  EXPECT_EQ(c.openMiniView.lock()->layer().cornerRadius, 4);
 }
 
 TEST(Layout, TheStoredOneIsApplied) {
@@ -67,25 +53,18 @@ TEST(Layout, TheStoredOneIsApplied) {
   EXPECT_EQ(*w.host.local.find("coordinateUnits"), PropertyValue(3));
 }
 
-TEST(Layout, TheToggleFlipsItAndStoresIt) {
+// The containing app sets or drops the waypoint while the panel is shown.
+TEST(Layout, TheToggleReadsTheWaypointAnew) {
   Widget w;
-  w.host.suite.set("hasWaypoint", true);
   w.appear();
   const TodayViewController& c = *w.controller;
-  w.controller->toggleView(c.toggleViewButton.lock().get());
-  EXPECT_EQ(height(w), 78);
-  EXPECT_EQ(rotation(w), 0);
-  EXPECT_TRUE(Widget::hidden(c.waypointDataView));
-  EXPECT_FALSE(c.compassRotatingView.lock()->compassArrowView()->hidden());
-  EXPECT_EQ(*w.host.suite.find("viewHidden"), PropertyValue(true));
-
-  w.host.suite.set("hasWaypoint", false);  // the containing app drops the waypoint meanwhile
-  w.controller->toggleView(c.toggleViewButton.lock().get());
-  EXPECT_EQ(height(w), 286);
-  EXPECT_EQ(rotation(w), kQuarterTurn);
-  EXPECT_TRUE(Widget::hidden(c.waypointDataView));
-  EXPECT_TRUE(c.compassRotatingView.lock()->compassArrowView()->hidden());
-  EXPECT_EQ(*w.host.suite.find("viewHidden"), PropertyValue(false));
+  for (const bool hasWaypoint : {true, false}) {
+    w.host.suite.set("hasWaypoint", hasWaypoint);
+    w.controller->toggleView(nullptr);
+    w.controller->toggleView(nullptr);
+    EXPECT_EQ(Widget::hidden(c.waypointDataView), !hasWaypoint);
+    EXPECT_EQ(c.compassRotatingView.lock()->compassArrowView()->hidden(), !hasWaypoint);
+  }
 }
 
 // The panel shrinks before its contents go, and grows after they have come.
@@ -98,21 +77,6 @@ TEST(Layout, TheSizeChangesFirstWhenShrinkingAndLastWhenGrowing) {
   w.controller->toggleView(nullptr);
   w.controller->toggleView(nullptr);
   EXPECT_THAT(trackRowsHidden, ElementsAre(false, false));
-}
-
-TEST(Lifecycle, EachAppearanceAddsATimerAndNoneEnds) {
-  Widget w;
-  w.controller->viewDidLoad();
-  EXPECT_EQ(w.host.loop.timersWithInterval(0.5), 0U);
-  for (int i = 0; i < 3; ++i) {
-    w.controller->viewWillAppear(false);
-    w.controller->viewWillDisappear(false);
-  }
-  EXPECT_EQ(w.host.loop.timersWithInterval(0.5), 3U);
-  // The tick goes on off screen and reads the shared store afresh.
-  w.host.suite.set("time", 3600.0);
-  w.host.loop.advanceBy(0.5);
-  EXPECT_EQ(Widget::text(w.controller->miniTimeLabel), "1:00:00");
 }
 
 TEST(Lifecycle, TimersKeepTheControllerAliveAndNothingElseDoes) {
@@ -131,39 +95,6 @@ TEST(Lifecycle, TimersKeepTheControllerAliveAndNothingElseDoes) {
   EXPECT_FALSE(watch.expired());
   host.loop.cancelAllTimers();
   EXPECT_TRUE(watch.expired());
-}
-
-TEST(Lifecycle, HeadingsDoNotComeBack) {
-  Widget w;
-  w.appear();
-  EXPECT_TRUE(w.host.location.updatingHeading());
-  EXPECT_TRUE(w.host.location.updatingLocation());
-  w.controller->viewWillDisappear(false);
-  EXPECT_FALSE(w.host.location.updatingHeading());
-  EXPECT_FALSE(w.host.location.updatingLocation());
-  w.controller->viewWillAppear(false);
-  EXPECT_FALSE(w.host.location.updatingHeading());
-  EXPECT_TRUE(w.host.location.updatingLocation());
-}
-
-TEST(Lifecycle, UpdatesWaitForAuthorization) {
-  struct Case {
-    CLAuthorizationStatus status;
-    bool updating;
-    int requests;
-  };
-  for (const Case& c : {Case{CLAuthorizationStatus::notDetermined, false, 1},
-                        Case{CLAuthorizationStatus::restricted, false, 0},
-                        Case{CLAuthorizationStatus::denied, false, 0},
-                        Case{CLAuthorizationStatus::authorizedAlways, true, 0},
-                        Case{CLAuthorizationStatus::authorizedWhenInUse, true, 0}}) {
-    Widget w;
-    w.host.location.status = c.status;
-    w.appear();
-    EXPECT_EQ(w.host.location.updatingLocation(), c.updating);
-    EXPECT_EQ(w.host.location.authorizationRequests(), c.requests);
-    EXPECT_TRUE(w.host.location.updatingHeading());  // asks no one
-  }
 }
 
 // A host may show less, or nothing: the rest works on.
@@ -188,14 +119,12 @@ TEST(Lifecycle, RunsWithoutAnyView) {
   EXPECT_EQ(host.urls.requests.size(), 1U);
 }
 
-TEST(Open, ATapOnEitherCaptionOpensTheApp) {
+TEST(Open, ATapOpensTheApp) {
   Widget w;
-  w.appear();
+  w.controller->viewDidLoad();
   w.controller->openLabel.lock()->tap();
-  w.controller->openMiniLabel.lock()->tap();
   w.controller->openApp(nullptr);
-  const auto front = NSURL::URLWithString("wayfell://openFromWidget");
-  EXPECT_THAT(w.host.urls.requests, ElementsAre(front, front));
+  EXPECT_THAT(w.host.urls.requests, ElementsAre(NSURL::URLWithString("wayfell://openFromWidget")));
 }
 
 TEST(Open, ThePlaceIsNamedByItsAddress) {
@@ -219,23 +148,6 @@ TEST(Open, ThePlaceIsNamedByItsAddress) {
     const auto& url = w.host.urls.requests[0];
     EXPECT_EQ(url ? std::optional(url->absoluteString()) : std::nullopt, c.url);
   }
-}
-
-TEST(Segments, APickShowsTheFormatUntilTheNextAppearance) {
-  Widget w;
-  w.appear();
-  UISegmentedControl& control = *w.controller->coordinateControl.lock();
-  control.pick(4);
-  // Before the first fix the position is 0/0. Zone 31 is central on 3 degrees east, and the
-  // equator reads S. Easting worked from the series' formulas with p = -3 degrees.
-  EXPECT_EQ(Widget::text(w.controller->userCoordinateLabel), "31 S 166021.5mE 0.0mN");
-  EXPECT_EQ(*w.host.local.find("coordinateUnits"), PropertyValue(4));
-  EXPECT_EQ(w.host.suite.find("coordinateUnits"), nullptr);
-  control.pick(0);
-  EXPECT_EQ(Widget::text(w.controller->userCoordinateLabel), "0.00000°S, 0.00000°W");
-  control.pick(2);
-  w.controller->viewWillAppear(false);
-  EXPECT_EQ(control.selectedSegmentIndex(), 0);
 }
 
 class Paper : public UICanvas {
