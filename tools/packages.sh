@@ -3,7 +3,7 @@
 # To build everything, tests and benchmarks included, and to run it.
 BUILD_PACKAGES=(
   g++ cmake ninja-build gettext
-  libgps-dev libncurses-dev libuv1-dev libpugixml-dev nlohmann-json3-dev libcli11-dev
+  libgps-dev libncurses-dev libuv1-dev libunistring-dev libpugixml-dev nlohmann-json3-dev libcli11-dev
   libsqlite3-dev libcurl4-openssl-dev
   qt6-base-dev qt6-declarative-dev qml6-module-qtquick qml6-module-qtquick-window
   qml6-module-qtqml-workerscript qt6-positioning-dev libqt6positioning6-plugins qt6-sensors-dev

@@ -5,30 +5,22 @@
 #include <utility>
 
 #include "datums/DatumManager.h"
+#include "hosts/text/Characters.h"
+#include "hosts/text/FoldedText.h"
 #include "hosts/text/Utf8.h"
 
 namespace wayfell {
 namespace {
 
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
-
-// The letter or digit that a code point is taken for; none for all others. From U+00C0 on these
-// are the letters of western Europe. The degree sign is an o as well, because the catalogue writes
-// it as one.
-std::optional<char> foldedCharacter(char32_t codePoint) {
-  constexpr std::string_view kFolded =
-      "aaaaaaaceeeeiiiidnooooo ouuuuyts"
-      "aaaaaaaceeeeiiiidnooooo ouuuuyty";
-  if (codePoint >= U'a' && codePoint <= U'z') return static_cast<char>(codePoint);
-  if (codePoint >= U'A' && codePoint <= U'Z') return static_cast<char>(codePoint - U'A' + U'a');
-  if (codePoint >= U'0' && codePoint <= U'9') return static_cast<char>(codePoint);
-  if (codePoint == U'\u00B0') return 'o';
-  if (codePoint < 0xC0 || codePoint > 0xFF) return std::nullopt;
-  const char letter = kFolded[codePoint - 0xC0];
-  return letter == ' ' ? std::nullopt : std::optional(letter);
+// The catalogue writes ø for a degree sign.
+std::string foldedName(std::string_view text) {
+  constexpr std::string_view kDegree = "°";
+  std::string name(text);
+  for (std::size_t at = name.find(kDegree); at != std::string::npos; at = name.find(kDegree, at)) {
+    name.replace(at, kDegree.size(), 1, 'o');
+  }
+  return foldedText(name);
 }
-
-bool isCombining(char32_t codePoint) { return codePoint >= 0x0300 && codePoint <= 0x036F; }
 
 std::vector<std::string_view> splitAt(std::string_view separators, std::string_view text) {
   std::vector<std::string_view> words;
@@ -58,16 +50,6 @@ std::size_t editDistance(std::string_view one, std::string_view other) {
 
 }  // namespace
 
-std::string foldedText(std::string_view text) {
-  std::string folded;
-  while (!text.empty()) {
-    if (const auto codePoint = takeCodePoint(text)) {
-      if (const auto letter = foldedCharacter(*codePoint)) folded += *letter;
-    }
-  }
-  return folded;
-}
-
 DatumSearch::DatumSearch() {
   const DatumManager& manager = DatumManager::sharedInstance();
   for (const std::string& name : manager.datumAndRegions()) {
@@ -90,18 +72,20 @@ void DatumSearch::addText(Entry& entry, std::string_view text) {
   };
   while (!text.empty()) {
     const std::string_view before = text;
-    const auto codePoint = takeCodePoint(text);
-    if (!codePoint || isCombining(*codePoint)) continue;
-    const auto letter = foldedCharacter(*codePoint);
-    if (!letter) {
+    takeCodePoint(text);
+    const std::string_view letter = before.substr(0, before.size() - text.size());
+    const std::string folded = foldedText(letter);
+    if (folded.empty()) {
       endWord();
       continue;
     }
-    const bool begins = word.folded.empty() || isDigit(word.folded.back()) != isDigit(*letter);
-    entry.text += *letter;
+    const bool begins =
+        word.folded.empty() || isDigit(word.folded.back()) != isDigit(folded.front());
+    entry.text += folded;
     entry.starts.push_back(begins);
-    word.folded += *letter;
-    word.shown += before.substr(0, before.size() - text.size());
+    entry.starts.resize(entry.text.size());
+    word.folded += folded;
+    word.shown += letter;
   }
   endWord();
 }
@@ -112,7 +96,7 @@ std::optional<std::size_t> DatumSearch::named(std::string_view name) const {
   if (exact != names.end()) return static_cast<std::size_t>(exact - names.begin());
   const auto found =
       std::find_if(entries_.begin(), entries_.end(),
-                   [folded = foldedText(name)](const Entry& e) { return e.name == folded; });
+                   [folded = foldedName(name)](const Entry& e) { return e.name == folded; });
   if (found == entries_.end()) return std::nullopt;
   return static_cast<std::size_t>(found - entries_.begin());
 }
@@ -135,7 +119,7 @@ std::vector<std::string_view> DatumSearch::wordsOf(std::string_view text) const 
   constexpr std::string_view kMarks = "-_;,./()&'+\"";
   std::vector<std::string_view> words;
   for (const std::string_view word : splitAt(" \t\r\n", text)) {
-    if (known(foldedText(word))) {
+    if (known(foldedName(word))) {
       words.push_back(word);
     } else {
       const auto pieces = splitAt(kMarks, word);
@@ -147,7 +131,7 @@ std::vector<std::string_view> DatumSearch::wordsOf(std::string_view text) const 
 
 std::vector<std::size_t> DatumSearch::find(std::string_view text) const {
   std::vector<std::string> words;
-  for (const std::string_view word : wordsOf(text)) words.push_back(foldedText(word));
+  for (const std::string_view word : wordsOf(text)) words.push_back(foldedName(word));
   std::vector<std::size_t> found;
   for (std::size_t i = 0; i < entries_.size(); ++i) {
     const auto isThere = [&entry = entries_[i]](const std::string& w) { return entry.has(w); };
@@ -174,7 +158,7 @@ std::vector<const DatumSearch::Word*> DatumSearch::nearWords(std::string_view fo
 std::vector<DatumSearch::Hint> DatumSearch::hints(std::string_view text) const {
   std::vector<Hint> hints;
   for (const std::string_view word : wordsOf(text)) {
-    const std::string folded = foldedText(word);
+    const std::string folded = foldedName(word);
     if (known(folded)) continue;
     Hint hint{std::string(word), {}};
     for (const Word* near : nearWords(folded)) hint.near.push_back(near->shown);
@@ -186,7 +170,7 @@ std::vector<DatumSearch::Hint> DatumSearch::hints(std::string_view text) const {
 std::vector<std::size_t> DatumSearch::near(std::string_view text) const {
   std::vector<std::vector<std::string>> meanings;  // of each word that has any
   for (const std::string_view word : wordsOf(text)) {
-    const std::string folded = foldedText(word);
+    const std::string folded = foldedName(word);
     std::vector<std::string> meaning;
     if (known(folded)) {
       meaning.push_back(folded);

@@ -14,9 +14,6 @@
 
 namespace wayfell {
 
-/// A text in small letters without diacritics, and nothing but its letters and digits.
-std::string foldedText(std::string_view text);
-
 class DatumSearch {
  public:
   /// Of the datum manager's catalogue as it is now, whose order gives the numbers below.

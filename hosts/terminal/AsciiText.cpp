@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "hosts/text/FoldedText.h"
 #include "hosts/text/TextWidth.h"
 #include "hosts/text/Utf8.h"
 
@@ -14,21 +15,18 @@ std::string asciiOf(char32_t codePoint) {
     char ascii;
   };
   static constexpr std::array kLikenesses = {
-      Likeness{U'°', 'd'},  Likeness{U'×', 'x'},  Likeness{U'–', '-'}, Likeness{U'—', '-'},
-      Likeness{U'‘', '\''}, Likeness{U'’', '\''}, Likeness{U'…', '~'}, Likeness{U'‹', '<'},
-      Likeness{U'›', '>'},  Likeness{U'→', '>'},  Likeness{U'─', '-'}, Likeness{U'│', '|'},
-      Likeness{U'├', '+'},  Likeness{U'┤', '+'},  Likeness{U'╭', '+'}, Likeness{U'╮', '+'},
-      Likeness{U'╯', '+'},  Likeness{U'╰', '+'},  Likeness{U'▸', '>'}, Likeness{U'▼', 'v'},
-      Likeness{U'▾', 'v'},
+      Likeness{U'°', 'd'}, Likeness{U'×', 'x'},  Likeness{U'÷', '/'},  Likeness{U'–', '-'},
+      Likeness{U'—', '-'}, Likeness{U'‘', '\''}, Likeness{U'’', '\''}, Likeness{U'…', '~'},
+      Likeness{U'‹', '<'}, Likeness{U'›', '>'},  Likeness{U'→', '>'},  Likeness{U'─', '-'},
+      Likeness{U'│', '|'}, Likeness{U'├', '+'},  Likeness{U'┤', '+'},  Likeness{U'╭', '+'},
+      Likeness{U'╮', '+'}, Likeness{U'╯', '+'},  Likeness{U'╰', '+'},  Likeness{U'▸', '>'},
+      Likeness{U'▼', 'v'}, Likeness{U'▾', 'v'},
   };
-  // From U+00C0 to U+00FF.
-  static constexpr std::string_view kLetters =
-      "AAAAAAACEEEEIIIIDNOOOOOxOUUUUYTsaaaaaaaceeeeiiiidnooooo/ouuuuyty";
   if (codePoint < 0x80) return {static_cast<char>(codePoint)};
   for (const Likeness& one : kLikenesses) {
     if (one.codePoint == codePoint) return {one.ascii};
   }
-  if (codePoint >= 0xC0 && codePoint < 0x100) return {kLetters[codePoint - 0xC0]};
+  if (const char32_t base = baseLetter(codePoint); base < 0x80) return {static_cast<char>(base)};
   return repeated("?", columnsOf(codePoint));
 }
 

@@ -6,11 +6,11 @@
 #include <utility>
 #include <vector>
 
-#include "hosts/places/DatumSearch.h"
 #include "hosts/places/PositionText.h"
 #include "hosts/replay/GpxRecording.h"
 #include "hosts/replay/RecordingChoice.h"
 #include "hosts/terminal/Output.h"
+#include "hosts/text/FoldedText.h"
 #include "hosts/text/InputBytes.h"
 #include "hosts/text/InputError.h"
 #include "hosts/text/TextScanner.h"

@@ -5,14 +5,13 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "hosts/text/Characters.h"
 #include "platform/NSString.h"
 
 namespace wayfell {
 namespace {
 
 constexpr std::chrono::sys_days kReferenceDate{std::chrono::year{2001} / 1 / 1};
-
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
 // Whether the text begins with the pattern, in which "0" stands for any digit.
 bool beginsLike(std::string_view text, std::string_view pattern) {

@@ -5,13 +5,12 @@
 #include <cstddef>
 #include <system_error>
 
+#include "hosts/text/Characters.h"
+
 namespace wayfell {
 namespace {
 
 constexpr std::string_view kBlanks = " \t\r\n\v\f";
-
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
-bool isLetter(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
 
 template <class Predicate>
 std::size_t countOf(std::string_view text, Predicate predicate) {

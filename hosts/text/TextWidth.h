@@ -1,5 +1,5 @@
-// How many columns of a terminal texts take: wide characters two, combining marks none. It goes
-// by a table of its own, so that the locale changes nothing.
+// How many columns of a terminal texts take, and texts cut to columns: wide characters take two,
+// combining marks none, as ncurses counts them whatever the locale.
 #pragma once
 
 #include <string>
@@ -15,14 +15,15 @@ int columnsOf(std::string_view text);
 /// replacement characters; marks that turn the direction of writing are left out.
 std::string printable(std::string_view text);
 
-/// As much of a text as the columns have room for.
+/// As much of a text as the columns have room for. Letters keep their marks, and emojis their
+/// parts.
 std::string_view cut(std::string_view text, int columns);
 
 /// A printable text cut to the columns, with an ellipsis at the end if it is longer.
 std::string fitted(std::string_view text, int columns);
 
-/// A printable text in lines of at most the columns, two or more. It is broken at blanks, and
-/// within a word that is longer than a line.
+/// A printable text in lines of at most the columns, two or more. It is broken where its script
+/// allows it, at blanks above all, and within a word that is longer than a line.
 std::vector<std::string> wrapped(std::string_view text, int columns);
 
 /// `count` times the text.

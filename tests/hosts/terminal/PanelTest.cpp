@@ -164,21 +164,12 @@ TEST(Panel, LargeNumbersKeepTheirUnitsSmall) {
               testing::ElementsAre("▄▄    ▄▄▄ ▄▄▄   ", " █  ▀ ▄▄█ █ █   ", "▄█▄ ▀ █▄▄ █▄█ km"));
 }
 
-TEST(TextWidth, WrapsAtBlanksAndWithinLongWords) {
-  EXPECT_THAT(wrapped("a file/of/many/folders is damaged", 10),
-              testing::ElementsAre("a", "file/of/ma", "ny/folders", "is damaged"));
-  EXPECT_THAT(wrapped("東京 東京 a", 5), testing::ElementsAre("東京", "東京", "a"));
-}
-
-TEST(TextWidth, LeavesOutWhatTurnsTheDirection) {
-  EXPECT_EQ(printable("12 \u202EtS\u2066 mlE\u200F\n\x1b"), "12 tS mlE  ");
-}
-
 TEST(AsciiText, KeepsTheWidth) {
   for (const auto& [text, ascii] : std::map<std::string, std::string>{
            {"46° 58.9' N", "46d 58.9' N"},
            {"╭─ Höhenweg – … ─╮", "+- Hohenweg - ~ -+"},
            {"東京 \u0301a\xFF", "???? a?"},
+           {"ÆØÅßÿ÷ Łódź ≠", "AOAsy/ Lodz ?"},
        }) {
     EXPECT_EQ(asciiText(text), ascii);
     EXPECT_EQ(columnsOf(ascii), columnsOf(text)) << text;
