@@ -16,7 +16,7 @@ LiveHost::LiveHost(IoRunLoop& loop, LocationSource& source, const Warn& warn)
       source_(source),
       stores_([&loop] { return loop.turn(); }, warn),
       geocoder_(makeGeocoder(chosenAddresses(stores_.standardDefaults()), loop, warn)),
-      texts_(catalogueFolder(), userLanguages(), warn),
+      texts_(userTexts(warn)),
       opener_(loop, warn) {
   install(this);
 }

@@ -10,7 +10,7 @@
 #include "hosts/services/Warn.h"
 #include "hosts/services/addresses/AddressService.h"
 #include "hosts/services/stores/Stores.h"
-#include "hosts/services/texts/GettextTable.h"
+#include "hosts/services/texts/CatalogueTexts.h"
 
 namespace wayfell {
 
@@ -40,7 +40,7 @@ class LiveHost : public Host {
   SystemClock clock_;
   Stores stores_;
   std::unique_ptr<AttributedGeocoder> geocoder_;
-  GettextTable texts_;
+  CatalogueTexts texts_;
   DesktopUrlOpener opener_;
 };
 

@@ -14,6 +14,8 @@
 #include <system_error>
 #include <utility>
 
+#include "hosts/text/Characters.h"
+
 namespace wayfell {
 namespace {
 
@@ -22,7 +24,6 @@ constexpr double kLookSeconds = 1;
 
 // Without one an address reads as the name of a file, or as an option.
 bool hasScheme(const std::string& url) {
-  const auto isLetter = [](char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); };
   const std::size_t colon = url.find(':');
   return isLetter(url.front()) && colon != std::string::npos && colon < url.find_first_of("/?#");
 }

@@ -11,7 +11,6 @@
 #include "hosts/scene/PlayedScene.h"
 #include "hosts/scene/Player.h"
 #include "hosts/services/location/GpsdProbe.h"
-#include "hosts/services/texts/GettextTable.h"
 #include "hosts/services/texts/UserTexts.h"
 #include "hosts/terminal/Output.h"
 #include "hosts/terminal/ReceiverToday.h"
@@ -66,7 +65,7 @@ int runOnRecording(const TodayCommand& command, const std::optional<std::string>
     complain("standard input is the keyboard: the recording cannot come from it");
     return kBadUsage;
   }
-  const GettextTable texts(catalogueFolder(), userLanguages(), complain);
+  const CatalogueTexts texts = userTexts(complain);
   ReplayedWidget widget;
   widget.host().translations = &texts;
   try {

@@ -20,7 +20,7 @@ std::string titleOf(const RecordingChoice& choice) {
 }  // namespace
 
 RecordedStage::RecordedStage(QtRunLoop& loop, const StageWishes& wishes, const Warn& warn)
-    : texts_(catalogueFolder(), userLanguages(), warn),
+    : texts_(userTexts(warn)),
       widget_(withSettings(wishes.recording, texts_)),
       recording_(wishes.recording, ChosenRecording::Slow::readAll),
       player_(*recording_, *widget_),

@@ -5,7 +5,7 @@
 
 #include "hosts/scene/PlayedScene.h"
 #include "hosts/scene/Player.h"
-#include "hosts/services/texts/GettextTable.h"
+#include "hosts/services/texts/CatalogueTexts.h"
 #include "hosts/window/Stage.h"
 
 namespace wayfell {
@@ -22,7 +22,7 @@ class RecordedStage : public Stage {
                                                       const StringTable& texts);
   void showSnapshotsIn(const std::string& file);
 
-  GettextTable texts_;
+  CatalogueTexts texts_;
   std::unique_ptr<ReplayedWidget> widget_;
   ChosenRecording recording_;
   Player player_;

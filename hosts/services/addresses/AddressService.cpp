@@ -28,7 +28,7 @@ std::unique_ptr<AttributedGeocoder> serviceOf(const AddressChoice& choice, IoRun
   if (choice.service == "nominatim") {
     return std::make_unique<Nominatim>(loop,
                                        ServerUrl(choice.url.value_or(Nominatim::kPublicServer)),
-                                       usersAcceptLanguage(), warn);
+                                       acceptLanguage(userLocale()), warn);
   }
   if (choice.service == "none") return std::make_unique<NoGeocoder>();
   throw std::invalid_argument(inQuotes(*choice.service) + " is none of book, nominatim and none");

@@ -1,59 +1,103 @@
 #include "hosts/services/texts/UserTexts.h"
 
+#include <algorithm>
+#include <cerrno>
+#include <cstddef>
+#include <cstdint>
 #include <cstdlib>
-#include <regex>
-#include <string_view>
+#include <fstream>
+#include <stdexcept>
 #include <system_error>
+#include <utility>
+
+#include "hosts/services/UserLocale.h"
+#include "hosts/text/InputError.h"
 
 namespace wayfell {
 namespace {
 
-// std::regex takes stack for each character of what it matches.
-constexpr std::size_t kLongestName = 100;
+// Ours have some kilobytes.
+constexpr std::size_t kLargestFile = 4U << 20U;
 
-std::string environment(const char* name) {
-  const char* value = std::getenv(name);
-  return value == nullptr ? "" : value;
+// The names that a language's catalogues go by, the closest first.
+std::vector<std::string> namesOf(const std::string& language) {
+  const std::size_t at = std::min(language.find('@'), language.size());
+  const std::string place = language.substr(0, at);
+  const std::string modifier = language.substr(at);
+  const std::string bare = place.substr(0, place.find('_'));
+  return {language, bare + modifier, place, bare};
 }
 
-std::string localeOfMessages() {
-  for (const char* name : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
-    if (std::string locale = environment(name); !locale.empty()) return locale;
+std::vector<std::filesystem::path> catalogueFiles(const std::filesystem::path& folder,
+                                                  const std::vector<std::string>& languages) {
+  std::vector<std::filesystem::path> files;
+  for (const std::string& language : languages) {
+    for (const std::string& name : namesOf(language)) {
+      const auto file = folder / name / "LC_MESSAGES" / "wayfell.mo";
+      std::error_code error;
+      const bool isNew = std::find(files.begin(), files.end(), file) == files.end();
+      if (isNew && std::filesystem::exists(file, error)) files.push_back(file);
+    }
   }
-  return "C";
+  return files;
+}
+
+// Throws std::runtime_error with the reason.
+std::string bytesOf(const std::filesystem::path& file) {
+  if (!std::filesystem::is_regular_file(file)) throw InputError("it is not a file");
+  const std::uintmax_t size = std::filesystem::file_size(file);
+  if (size > kLargestFile) throw InputError("it is larger than 4 MiB");
+  std::ifstream stream(file, std::ios::binary);
+  if (!stream) throw InputError("it cannot be read: " + std::generic_category().message(errno));
+  std::string bytes(static_cast<std::size_t>(size), '\0');
+  stream.read(bytes.data(), static_cast<std::streamsize>(size));
+  bytes.resize(static_cast<std::size_t>(stream.gcount()));
+  return bytes;
 }
 
 }  // namespace
 
-std::vector<std::string> userLanguages() {
-  const std::string locale = localeOfMessages();
-  if (locale == "C" || locale == "POSIX") return {};
-  const std::string list = environment("LANGUAGE");
-  const std::string& names = list.empty() ? locale : list;
+CatalogueTexts userTexts(const Warn& warn) {
+  return textsIn(catalogueFolder(), userLanguages(), warn);
+}
 
-  // Language, territory, character set, modifier. Longer names would be aliases.
-  static const std::regex kName("([a-z]{2,3})(_[A-Z0-9]{2,3})?([.][^@:]*)?(@[A-Za-z0-9]+)?");
-  static const std::regex kColon(":");
+std::vector<std::string> userLanguages() {
+  const UserLocale user = userLocale();
+  if (user.locale == "C" || user.locale == "POSIX") return {};
   std::vector<std::string> languages;
-  for (std::sregex_token_iterator name(names.begin(), names.end(), kColon, -1), end; name != end;
-       ++name) {
-    const std::string text = *name;
-    std::smatch parts;
-    if (text.size() > kLongestName || !std::regex_match(text, parts, kName)) continue;
-    languages.push_back(parts.str(1) + parts.str(2) + parts.str(4));
-    if (parts.str(1) == "en") break;
+  for (const LocaleName& name :
+       localeNames(user.languages.empty() ? user.locale : user.languages)) {
+    std::string language = name.language;
+    if (!name.territory.empty()) language += '_' + name.territory;
+    if (!name.modifier.empty()) language += '@' + name.modifier;
+    languages.push_back(std::move(language));
+    if (name.language == "en") break;
   }
   return languages;
 }
 
 std::filesystem::path catalogueFolder() {
-  if (std::string folder = environment("WAYFELL_LOCALEDIR"); !folder.empty()) return folder;
+  const char* const chosen = std::getenv("WAYFELL_LOCALEDIR");
+  if (chosen != nullptr && *chosen != '\0') return chosen;
   std::error_code error;
   const auto program = std::filesystem::read_symlink("/proc/self/exe", error);
   if (error) return "/usr/share/locale";
   auto beside = program.parent_path() / "share" / "locale";
   if (std::filesystem::is_directory(beside, error)) return beside;
   return program.parent_path().parent_path() / "share" / "locale";
+}
+
+CatalogueTexts textsIn(const std::filesystem::path& folder,
+                       const std::vector<std::string>& languages, const Warn& warn) {
+  CatalogueTexts texts(warn);
+  for (const std::filesystem::path& file : catalogueFiles(folder, languages)) {
+    try {
+      texts.add(file.string(), bytesOf(file));
+    } catch (const std::runtime_error& error) {
+      warn(file.string() + ": " + error.what() + ", so this catalogue is not used");
+    }
+  }
+  return texts;
 }
 
 }  // namespace wayfell

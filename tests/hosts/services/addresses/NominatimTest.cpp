@@ -95,7 +95,7 @@ TEST(AcceptLanguageTest, FollowsTheLocale) {
       {"de\r\nX: y", "", ""},
   };
   for (const Case& c : cases)
-    EXPECT_EQ(acceptLanguage(c.locale, c.languages), c.header) << c.locale;
+    EXPECT_EQ(acceptLanguage({c.locale, c.languages}), c.header) << c.locale;
 }
 
 TEST(ServerUrlTest, Asks) {
