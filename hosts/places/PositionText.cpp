@@ -7,6 +7,7 @@
 #include "coordinates/ConvertCoordinates.h"
 #include "coordinates/CoordinateLookup.h"
 #include "datums/DatumManager.h"
+#include "hosts/text/JsonWriter.h"
 #include "platform/NSString.h"
 #include "settings/UserDefaults.h"
 
@@ -74,6 +75,15 @@ CLLocationCoordinate2D takePosition(TextScanner& scanner) {
   return position;
 }
 
+CLLocationCoordinate2D positionOfWords(const std::vector<std::string>& words) {
+  std::string text;
+  for (const std::string& word : words) text += word + ' ';
+  TextScanner scanner(text);
+  const CLLocationCoordinate2D position = takePosition(scanner);
+  if (!scanner.atEnd()) refuse(inQuotes(scanner.word()) + " is too much");
+  return position;
+}
+
 std::optional<std::string> positionText(const CLLocationCoordinate2D& position,
                                         std::size_t format) {
   if (!showsPosition(position, format)) return std::nullopt;
@@ -90,6 +100,12 @@ std::string plainPosition(const CLLocationCoordinate2D& position) {
          ConvertCoordinates::updateLongitudeWithCoordinateIndexLatitudeAndLongitude(
              kDecimal, latitude, longitude)
              .value_or("");
+}
+
+std::string positionJson(const CLLocationCoordinate2D& position) {
+  JsonWriter json;
+  json.beginObject().member("latitude", position.latitude);
+  return json.member("longitude", position.longitude).endObject().text();
 }
 
 }  // namespace wayfell

@@ -8,6 +8,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "hosts/text/TextScanner.h"
 #include "platform/CLLocation.h"
@@ -22,6 +23,9 @@ inline constexpr std::array<std::string_view, 5> kPositionFormats = {"dec", "dm"
 /// Throws std::invalid_argument, whose text says what is wrong, for anything else.
 CLLocationCoordinate2D takePosition(TextScanner& scanner);
 
+/// The same of the words of a command line, which hold nothing else.
+CLLocationCoordinate2D positionOfWords(const std::vector<std::string>& words);
+
 /// The system's text in a format, on the selected datum. None where it would show no position:
 /// beyond the last latitude band there is no MGRS reference, nor a UTM one with band letters, and
 /// at the poles a datum shift leads nowhere.
@@ -29,5 +33,8 @@ std::optional<std::string> positionText(const CLLocationCoordinate2D& position, 
 
 /// "48.20820000 16.37380000": the system's fields of decimal degrees, which takePosition reads.
 std::string plainPosition(const CLLocationCoordinate2D& position);
+
+/// {"latitude":48.2082,"longitude":16.3738}
+std::string positionJson(const CLLocationCoordinate2D& position);
 
 }  // namespace wayfell

@@ -1,4 +1,4 @@
-// How the values of settings are written down.
+// Changes of settings, as a recording or a command line has them.
 #pragma once
 
 #include <string>
@@ -13,10 +13,8 @@ namespace wayfell {
 /// Members of an object; null removes a key. Throws InputError for anything else.
 event::Settings expectSettings(JsonLine::Value value, const FieldPath& path);
 
-/// A JSON number, true or false keeps its type, all else is text. It is UTF-8.
-PropertyValue propertyOfText(std::string_view text);
-
-/// "KEY=VALUE", the value as above. Throws InputError without a key, and for what is not UTF-8.
+/// "KEY=VALUE", the value without a type (see valueOfUntyped). Throws InputError without a key, and
+/// for what is not UTF-8.
 event::Settings settingOfText(std::string_view text);
 
 /// In the local store a number under "addressDate" is a date in seconds since the reference date,

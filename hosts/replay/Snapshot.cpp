@@ -1,100 +1,95 @@
 #include "hosts/replay/Snapshot.h"
 
 #include <algorithm>
-#include <cmath>
-#include <nlohmann/json.hpp>
-#include <variant>
+#include <string_view>
 #include <vector>
+
+#include "hosts/settings/SettingJson.h"
 
 namespace wayfell {
 namespace {
 
-using Json = nlohmann::ordered_json;
-
 constexpr double kTickSeconds = 0.5;
 
-Json json(double value) {
-  if (std::isfinite(value)) return value;
-  if (std::isnan(value)) return "nan";
-  return value < 0 ? "-inf" : "inf";
+struct Number {
+  std::string_view name;
+  double value;
+};
+
+// Numbers that are not finite are texts, as those of settings are.
+void write(JsonWriter& json, const Number& number) {
+  writePlainJson(json.key(number.name), number.value);
 }
 
-template <class Value>
-Json orNull(const std::optional<Value>& value) {
-  return value ? Json(*value) : Json(nullptr);
+void writeNumbers(JsonWriter& json, std::initializer_list<Number> numbers) {
+  json.beginObject();
+  for (const Number& number : numbers) write(json, number);
+  json.endObject();
 }
 
-Json json(const PropertyValue& value);
-Json json(std::int64_t integer) { return integer; }
-Json json(bool boolean) { return boolean; }
-Json json(const std::string& text) { return text; }
-Json json(NSDate date) { return json(date.timeIntervalSinceReferenceDate); }
-Json json(const PropertyValue::Data& data) { return Json::array_t(data.begin(), data.end()); }
-Json json(const PropertyValue::List& list) {
-  Json result = Json::array();
-  for (const PropertyValue& element : list) result.push_back(json(element));
-  return result;
-}
-Json json(const PropertyValue::Dictionary& dictionary) {
-  Json result = Json::object();
-  for (const auto& [key, value] : dictionary) result[key] = json(value);
-  return result;
-}
-Json json(const PropertyValue& value) {
-  return std::visit([](const auto& stored) { return json(stored); }, value.storage());
+void writeLabels(JsonWriter& json, const WidgetInterface& interface) {
+  json.beginObject();
+  for (const auto& [name, label] : interface.labels()) json.member(name, label->text());
+  json.endObject();
 }
 
-Json labels(const WidgetInterface& interface) {
-  Json result = Json::object();
-  for (const auto& [name, label] : interface.labels()) {
-    result[std::string(name)] = orNull(label->text());
-  }
-  return result;
-}
-
-Json hiddenViews(const WidgetInterface& interface) {
-  std::vector<std::string> names;
+void writeHiddenViews(JsonWriter& json, const WidgetInterface& interface) {
+  std::vector<std::string_view> names;
   for (const auto& [name, view] : interface.views()) {
     if (view->hidden()) names.emplace_back(name);
   }
   std::sort(names.begin(), names.end());
-  return names;
+  json.beginList();
+  for (const std::string_view name : names) json.value(name);
+  json.endList();
 }
 
-Json arrow(const WidgetInterface& interface) {
-  const auto& arrow = interface.compassRotatingView().arrow();
-  if (!arrow) return nullptr;
-  return {{"bearing", json(arrow->bearing)}, {"heading", json(arrow->heading)}};
-}
-
-Json openedURLs(const RecordingUrlOpener& opener) {
-  Json result = Json::array();
-  for (const auto& url : opener.requests) {
-    result.push_back(url ? Json(url->absoluteString()) : Json(nullptr));
+void writeTape(JsonWriter& json, const WidgetInterface& interface) {
+  const auto tape = interface.leftConstraint().constant();
+  if (tape) {
+    writePlainJson(json, *tape);
+  } else {
+    json.value(nullptr);
   }
-  return result;
+}
+
+void writeArrow(JsonWriter& json, const WidgetInterface& interface) {
+  const auto& arrow = interface.compassRotatingView().arrow();
+  if (arrow) {
+    writeNumbers(json, {{"bearing", arrow->bearing}, {"heading", arrow->heading}});
+  } else {
+    json.value(nullptr);
+  }
+}
+
+void writeOpenedURLs(JsonWriter& json, const RecordingUrlOpener& opener) {
+  json.beginList();
+  for (const auto& url : opener.requests) {
+    json.value(url ? std::optional(url->absoluteString()) : std::nullopt);
+  }
+  json.endList();
 }
 
 // Before it is loaded the controller has no velocity manager, and asking for one would start its
 // clocks: the figures are then those of a new one.
-Json motion(const ReplayedWidget& widget) {
+void writeMotion(JsonWriter& json, const ReplayedWidget& widget) {
   const VelocityManager unstarted;
   const VelocityManager& manager =
       widget.loaded() ? widget.controller().velocityManager() : unstarted;
-  return {{"averageSpeed", json(manager.averageSpeed())},
-          {"averageAltitude", json(manager.averageAltitude())},
-          {"verticalSpeed", json(manager.verticalSpeed())},
-          {"glideRatio", json(manager.glideRatio())},
-          {"slope", json(manager.slope())},
-          {"slopeAngle", json(manager.slopeAngle())},
-          {"altitudeAscent", json(manager.altitudeAscent())},
-          {"altitudeDescent", json(manager.altitudeDescent())}};
+  writeNumbers(json, {{"averageSpeed", manager.averageSpeed()},
+                      {"averageAltitude", manager.averageAltitude()},
+                      {"verticalSpeed", manager.verticalSpeed()},
+                      {"glideRatio", manager.glideRatio()},
+                      {"slope", manager.slope()},
+                      {"slopeAngle", manager.slopeAngle()},
+                      {"altitudeAscent", manager.altitudeAscent()},
+                      {"altitudeDescent", manager.altitudeDescent()}});
 }
 
-Json accuracy(TodayViewController& controller) {
+void writeAccuracy(JsonWriter& json, TodayViewController& controller) {
   const AccuracyTrack& track = controller.accuracyTrack();
-  return {{"averageHorizontalAccuracy", json(track.averageHorizontalAccuracy())},
-          {"averageVerticalAccuracy", json(track.averageVerticalAccuracy())}};
+  writeNumbers(json, {{"averageHorizontalAccuracy", track.averageHorizontalAccuracy()},
+                      {"averageVerticalAccuracy", track.averageVerticalAccuracy()}});
 }
 
 }  // namespace
@@ -102,25 +97,25 @@ Json accuracy(TodayViewController& controller) {
 std::string snapshotLine(const ReplayedWidget& widget) {
   const SimulatedHost& host = widget.host();
   const WidgetInterface& interface = widget.interface();
-  const auto tape = interface.leftConstraint().constant();
-  const Json snapshot = {
-      {"t", json(host.loop.now())},
-      {"height", json(widget.controller().preferredContentSize().height)},
-      {"labels", labels(interface)},
-      {"hidden", hiddenViews(interface)},
-      {"tape", tape ? json(*tape) : Json(nullptr)},
-      {"segment", interface.coordinateControl().selectedSegmentIndex()},
-      {"arrow", arrow(interface)},
-      {"button", json(interface.view("toggleViewButton").transform().rotation)},
-      {"opened", openedURLs(host.urls)},
-      {"lookups", host.geocoder.requests()},
-      {"timers", host.loop.timersWithInterval(kTickSeconds)},
-      {"motion", motion(widget)},
-      {"accuracy", accuracy(widget.controller())},
-      {"suite", json(host.suite.values())},
-      {"local", json(host.local.values())},
-  };
-  return snapshot.dump();
+  JsonWriter json;
+  json.beginObject();
+  write(json, {"t", host.loop.now().timeIntervalSinceReferenceDate});
+  write(json, {"height", widget.controller().preferredContentSize().height});
+  writeLabels(json.key("labels"), interface);
+  writeHiddenViews(json.key("hidden"), interface);
+  writeTape(json.key("tape"), interface);
+  json.member("segment", interface.coordinateControl().selectedSegmentIndex());
+  writeArrow(json.key("arrow"), interface);
+  write(json, {"button", interface.view("toggleViewButton").transform().rotation});
+  writeOpenedURLs(json.key("opened"), host.urls);
+  json.member("lookups", host.geocoder.requests());
+  json.member("timers", static_cast<int>(host.loop.timersWithInterval(kTickSeconds)));
+  writeMotion(json.key("motion"), widget);
+  writeAccuracy(json.key("accuracy"), widget.controller());
+  writePlainJson(json.key("suite"), host.suite.values());
+  writePlainJson(json.key("local"), host.local.values());
+  json.endObject();
+  return json.text();
 }
 
 }  // namespace wayfell

@@ -1,6 +1,5 @@
 #include "hosts/terminal/AddressFindCommand.h"
 
-#include <nlohmann/json.hpp>
 #include <optional>
 #include <stdexcept>
 
@@ -12,29 +11,17 @@
 #include "hosts/services/stores/SqliteStore.h"
 #include "hosts/services/stores/StorePaths.h"
 #include "hosts/terminal/Output.h"
+#include "hosts/text/JsonWriter.h"
 #include "hosts/text/TextWidth.h"
 #include "platform/NSString.h"
 
 namespace wayfell {
 namespace {
 
-using Json = nlohmann::ordered_json;
-
-CLLocationCoordinate2D positionOf(const AddressFindCommand& command) {
-  std::string text;
-  for (const std::string& word : command.input) text += word + ' ';
-  TextScanner scanner(text);
-  const CLLocationCoordinate2D position = takePosition(scanner);
-  if (!scanner.atEnd()) throw std::invalid_argument(inQuotes(scanner.rest()) + " is too much");
-  return position;
-}
-
-Json orNull(const std::optional<std::string>& text) { return text ? Json(*text) : Json(nullptr); }
-
-Json json(const CNPostalAddress& address) {
-  return {{"street", orNull(address.street)},
-          {"city", orNull(address.city)},
-          {"state", orNull(address.state)}};
+// The address as members of an object.
+void write(JsonWriter& json, const CNPostalAddress& address) {
+  json.member("street", address.street).member("city", address.city);
+  json.member("state", address.state);
 }
 
 std::string text(const CNPostalAddress& address) {
@@ -65,11 +52,11 @@ int findInBook(const CLLocationCoordinate2D& position, bool asJson) {
   Output output;
   const CNPostalAddress address = found->placemark.postalAddress.value_or(CNPostalAddress());
   if (asJson) {
-    Json line = json(address);
-    line["metres"] = found->distance;
-    line["latitude"] = found->position.latitude;
-    line["longitude"] = found->position.longitude;
-    output.line(line.dump());
+    JsonWriter line;
+    write(line.beginObject(), address);
+    line.member("metres", found->distance).member("latitude", found->position.latitude);
+    line.member("longitude", found->position.longitude).endObject();
+    output.line(line.text());
   } else {
     output.line(shown(text(address)));
     output.line(fixedText(found->distance, 1) + " m away, at " + plainPosition(found->position));
@@ -103,8 +90,14 @@ int findOnline(const CLLocationCoordinate2D& position, bool asJson) {
     return kBadInput;
   }
   Output output;
-  output.line(asJson ? json(*address).dump() : shown(text(*address)));
-  if (!asJson) output.line(shown(geocoder->attribution()));
+  if (asJson) {
+    JsonWriter line;
+    write(line.beginObject(), *address);
+    output.line(line.endObject().text());
+  } else {
+    output.line(shown(text(*address)));
+    output.line(shown(geocoder->attribution()));
+  }
   return output.finish(kDone);
 }
 
@@ -113,7 +106,7 @@ int findOnline(const CLLocationCoordinate2D& position, bool asJson) {
 int runAddressFind(const AddressFindCommand& command) {
   CLLocationCoordinate2D position;
   try {
-    position = positionOf(command);
+    position = positionOfWords(command.input);
   } catch (const std::invalid_argument& error) {
     complain(error.what());
     return kBadInput;

@@ -4,7 +4,6 @@
 #include <unistd.h>
 
 #include <cstddef>
-#include <nlohmann/json.hpp>
 #include <stdexcept>
 
 #include "hosts/places/PositionText.h"
@@ -14,6 +13,7 @@
 #include "hosts/terminal/Progress.h"
 #include "hosts/text/InputBytes.h"
 #include "hosts/text/InputError.h"
+#include "hosts/text/JsonWriter.h"
 #include "hosts/text/LineReader.h"
 #include "hosts/text/TextScanner.h"
 #include "hosts/text/TextWidth.h"
@@ -21,8 +21,6 @@
 
 namespace wayfell {
 namespace {
-
-using Json = nlohmann::ordered_json;
 
 // Formats by number; none means plain decimal degrees.
 std::vector<std::size_t> formatsAskedFor(const ConvertCommand& command) {
@@ -75,12 +73,13 @@ class Converter {
   }
 
   std::string json(const CLLocationCoordinate2D& position) const {
-    Json line = {{"latitude", position.latitude}, {"longitude", position.longitude}};
+    JsonWriter line;
+    line.beginObject();
+    line.member("latitude", position.latitude).member("longitude", position.longitude);
     for (const std::size_t format : formats_) {
-      const auto text = positionText(position, format);
-      line[std::string(kPositionFormats[format])] = text ? Json(*text) : Json(nullptr);
+      line.member(kPositionFormats[format], positionText(position, format));
     }
-    return line.dump();
+    return line.endObject().text();
   }
 
   // A block of labelled lines. On a narrow terminal a pair of long coordinates takes two.

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <nlohmann/json.hpp>
 #include <optional>
 #include <string_view>
 
@@ -10,6 +9,7 @@
 #include "datums/DatumManager.h"
 #include "hosts/places/DatumSearch.h"
 #include "hosts/terminal/Output.h"
+#include "hosts/text/JsonWriter.h"
 #include "hosts/text/TextScanner.h"
 #include "hosts/text/TextWidth.h"
 #include "platform/NSString.h"
@@ -17,8 +17,6 @@
 
 namespace wayfell {
 namespace {
-
-using Json = nlohmann::ordered_json;
 
 constexpr char kTie = '~';
 
@@ -138,15 +136,17 @@ class Printer {
   Output output_;
 };
 
-Json orNull(const std::optional<double>& number) { return number ? Json(*number) : Json(nullptr); }
-
-Json json(const Datum& datum) {
-  return {{"name", datum.name},
-          {"ellipsoid", datum.ellipsoid},
-          {"axis", orNull(datum.axis)},
-          {"inverseFlattening", orNull(datum.inverseFlattening)},
-          {"listedShift", {{"dx", datum.dx}, {"dy", datum.dy}, {"dz", datum.listedDz}}},
-          {"appliedShift", {{"dx", datum.dx}, {"dy", datum.dy}, {"dz", datum.dz}}}};
+std::string json(const Datum& datum) {
+  JsonWriter line;
+  const auto shift = [&](std::string_view name, double dz) {
+    line.key(name).beginObject();
+    line.member("dx", datum.dx).member("dy", datum.dy).member("dz", dz).endObject();
+  };
+  line.beginObject().member("name", datum.name).member("ellipsoid", datum.ellipsoid);
+  line.member("axis", datum.axis).member("inverseFlattening", datum.inverseFlattening);
+  shift("listedShift", datum.listedDz);
+  shift("appliedShift", datum.dz);
+  return line.endObject().text();
 }
 
 void complainOfNothing(const DatumSearch& search, const std::string& text) {
@@ -184,7 +184,7 @@ int runDatums(const DatumsCommand& command) {
     if (command.names) {
       printer.output().line(datum.name);
     } else if (command.json) {
-      printer.output().line(json(datum).dump());
+      printer.output().line(json(datum));
     } else {
       printer.print(datum);
     }

@@ -1,18 +1,16 @@
 #include "hosts/terminal/DistanceCommand.h"
 
-#include <nlohmann/json.hpp>
 #include <stdexcept>
 
 #include "coordinates/CoordinateDistance.h"
 #include "hosts/places/PositionText.h"
 #include "hosts/terminal/Output.h"
+#include "hosts/text/JsonWriter.h"
 #include "hosts/text/TextScanner.h"
 #include "platform/SimulatedHost.h"
 
 namespace wayfell {
 namespace {
-
-using Json = nlohmann::ordered_json;
 
 std::vector<CLLocationCoordinate2D> positionsOf(const std::vector<std::string>& words) {
   std::string text;
@@ -29,8 +27,7 @@ void printDestination(const CLLocationCoordinate2D& start, const DistanceCommand
   const auto destination =
       CoordinateDistance::destination(start, *command.bearing, *command.distance);
   if (command.json) {
-    output.line(
-        Json{{"latitude", destination.latitude}, {"longitude", destination.longitude}}.dump());
+    output.line(positionJson(destination));
   } else {
     output.line(plainPosition(destination));
   }
@@ -46,9 +43,10 @@ void printDistance(const CLLocationCoordinate2D& from, const CLLocationCoordinat
   if (asJson) {
     const double degrees = CoordinateDistance::getAngleFromLatAndLongToOldLatAndOldLong(
         from.latitude, from.longitude, to.latitude, to.longitude);
-    output.line(
-        Json{{"metres", metres}, {"degrees", degrees}, {"distance", distance}, {"bearing", bearing}}
-            .dump());
+    JsonWriter line;
+    line.beginObject().member("metres", metres).member("degrees", degrees);
+    line.member("distance", distance).member("bearing", bearing).endObject();
+    output.line(line.text());
   } else {
     output.line("distance  " + distance);
     output.line("bearing   " + bearing);

@@ -3,14 +3,11 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
-#include <nlohmann/json.hpp>
 #include <vector>
 
-#include "hosts/replay/Settings.h"
-#include "hosts/services/stores/StoredValue.h"
 #include "hosts/settings/KnownSettings.h"
+#include "hosts/settings/SettingJson.h"
 #include "hosts/terminal/Output.h"
-#include "hosts/terminal/SettingText.h"
 #include "hosts/text/IsoTime.h"
 #include "hosts/text/TextScanner.h"
 #include "hosts/text/TextWidth.h"
@@ -19,14 +16,20 @@
 namespace wayfell {
 namespace {
 
-using Json = nlohmann::ordered_json;
 using Access = SqliteStore::Access;
 using State = SqliteStore::State;
 using Read = KnownSetting::Read;
 
 std::string jsonLine(const std::string& key, const PropertyValue& value) {
-  return Json{{"key", key}, {"type", typeName(value)}, {"value", jsonOf(value)}}.dump(
-      -1, ' ', false, Json::error_handler_t::replace);
+  JsonWriter line;
+  line.beginObject().member("key", key).member("type", typeName(value)).key("value");
+  const std::string_view type = typeName(value);
+  if (type == "list" || type == "dictionary") {
+    writeExactJson(line, value);
+  } else {
+    writePlainJson(line, value);  // the type stands beside it
+  }
+  return line.endObject().text();
 }
 
 // None for a key that the widget does not read there.
@@ -132,7 +135,7 @@ void remarkOnPanel(const SettingsCommand& command) {
 
 PropertyValue valueOfCommand(const SettingsCommand& command) {
   if (!isUtf8(command.key) || !isUtf8(command.value)) throw BadValue("not UTF-8");
-  return command.type ? typedValue(*command.type, command.value) : propertyOfText(command.value);
+  return command.type ? valueOf(*command.type, command.value) : valueOfUntyped(command.value);
 }
 
 // Rather a slip than meant, unless the user names the type.

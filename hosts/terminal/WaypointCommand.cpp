@@ -1,19 +1,15 @@
 #include "hosts/terminal/WaypointCommand.h"
 
-#include <nlohmann/json.hpp>
 #include <stdexcept>
 
 #include "hosts/places/PositionText.h"
 #include "hosts/terminal/ChosenStore.h"
 #include "hosts/terminal/Output.h"
 #include "hosts/terminal/WaypointChoice.h"
-#include "hosts/text/TextScanner.h"
 #include "platform/SimulatedHost.h"
 
 namespace wayfell {
 namespace {
-
-using Json = nlohmann::ordered_json;
 
 constexpr const char* kLatitude = "waypointLatitude";
 constexpr const char* kLongitude = "waypointLongitude";
@@ -47,17 +43,12 @@ double number(const SqliteStore& suite, const char* key) {
 }
 
 std::optional<CLLocationCoordinate2D> typedPosition(const std::vector<std::string>& words) {
-  std::string text;
-  for (const std::string& word : words) text += word + ' ';
-  TextScanner scanner(text);
   try {
-    const CLLocationCoordinate2D position = takePosition(scanner);
-    if (scanner.atEnd()) return position;
-    complain(inQuotes(scanner.word()) + " is too much");
+    return positionOfWords(words);
   } catch (const std::invalid_argument& error) {
     complain(error.what());
+    return std::nullopt;
   }
-  return std::nullopt;
 }
 
 std::optional<CLLocationCoordinate2D> chosenPosition(const WaypointCommand& command) {
@@ -101,7 +92,7 @@ int show(const WaypointCommand& command) {
   const CLLocationCoordinate2D position = {number(suite, kLatitude), number(suite, kLongitude)};
   Output output;
   if (command.json) {
-    output.line(Json{{"latitude", position.latitude}, {"longitude", position.longitude}}.dump());
+    output.line(positionJson(position));
   } else {
     output.line(Shown(suite).text(position));
   }

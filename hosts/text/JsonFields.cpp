@@ -64,37 +64,4 @@ void readNumbers(JsonLine::Value object, const FieldPath& path,
   }
 }
 
-PropertyValue expectProperty(JsonLine::Value value, const FieldPath& path) {
-  switch (value.kind()) {
-    case JsonLine::Kind::boolean:
-      return value.boolean();
-    case JsonLine::Kind::integer:
-      return value.integer();
-    case JsonLine::Kind::real:
-      return value.real();
-    case JsonLine::Kind::text:
-      return value.text();
-    case JsonLine::Kind::list: {
-      PropertyValue::List list;
-      for (const JsonLine::Value& element : value) {
-        list.push_back(expectProperty(element, FieldPath(path, list.size())));
-      }
-      return list;
-    }
-    case JsonLine::Kind::object: {
-      PropertyValue::Dictionary dictionary;
-      for (const JsonLine::Value& member : value) {
-        const FieldPath memberPath(path, member.key());
-        if (!dictionary.emplace(member.key(), expectProperty(member, memberPath)).second) {
-          memberPath.fail("given twice");
-        }
-      }
-      return dictionary;
-    }
-    case JsonLine::Kind::null:
-      break;
-  }
-  path.fail("expected a value");
-}
-
 }  // namespace wayfell

@@ -7,7 +7,6 @@
 #include <string_view>
 
 #include "hosts/text/JsonLine.h"
-#include "platform/PropertyValue.h"
 
 namespace wayfell {
 
@@ -48,9 +47,5 @@ struct NumberField {
 /// Reads an object that holds some of these numbers, each once, and nothing else.
 void readNumbers(JsonLine::Value object, const FieldPath& path,
                  std::initializer_list<NumberField*> fields);
-
-/// What a store keeps of the value: booleans, integers, reals and texts as they are. There is
-/// nothing for null.
-PropertyValue expectProperty(JsonLine::Value value, const FieldPath& path);
 
 }  // namespace wayfell

@@ -1,7 +1,6 @@
 #include "hosts/text/JsonLine.h"
 
 #include <algorithm>
-#include <array>
 #include <limits>
 #include <nlohmann/json.hpp>
 #include <utility>
@@ -21,9 +20,10 @@ class JsonLine::Builder {
   using string_t = nlohmann::json::string_t;
   using binary_t = nlohmann::json::binary_t;
 
-  explicit Builder(JsonLine& line) : line_(line) {
+  Builder(JsonLine& line, std::size_t deepest) : line_(line), deepest_(deepest) {
     line_.nodes_.clear();
     line_.texts_.clear();
+    line_.opened_.clear();
   }
 
   bool null() {
@@ -88,25 +88,25 @@ class JsonLine::Builder {
     return kept;
   }
   bool open(Kind kind) {
-    if (depth_ == kDeepest) throw InputError("lists and objects nested too deeply");
-    opened_[depth_++] = line_.nodes_.size();
+    if (line_.opened_.size() == deepest_) throw InputError("lists and objects nested too deeply");
+    line_.opened_.push_back(line_.nodes_.size());
     add(kind);
     return true;
   }
   bool close() {
-    line_.nodes_[opened_[--depth_]].next = line_.nodes_.size();
+    line_.nodes_[line_.opened_.back()].next = line_.nodes_.size();
+    line_.opened_.pop_back();
     return true;
   }
 
   JsonLine& line_;
-  Text key_;                                    // of the member that comes next
-  std::array<std::size_t, kDeepest> opened_{};  // lists and objects that have not ended
-  std::size_t depth_ = 0;
+  std::size_t deepest_;
+  Text key_;  // of the member that comes next
 };
 
-void JsonLine::parse(std::string_view text) {
+void JsonLine::parse(std::string_view text, std::size_t deepest) {
   if (!isUtf8(text)) throw InputError("not UTF-8");
-  Builder builder(*this);
+  Builder builder(*this, deepest);
   nlohmann::json::sax_parse(text.begin(), text.end(), &builder);
 }
 

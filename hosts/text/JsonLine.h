@@ -8,6 +8,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <limits>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -18,13 +19,14 @@ class JsonLine {
  public:
   /// An integer that 64 bits do not hold is a real. Reals are finite.
   enum class Kind { null, boolean, integer, real, text, list, object };
-  /// Lists and objects may stand within one another this many times.
+  /// Lists and objects may stand within one another this many times, unless stated otherwise.
   static constexpr std::size_t kDeepest = 64;
+  static constexpr std::size_t kAnyDepth = std::numeric_limits<std::size_t>::max();
 
   class Value;
 
   /// Throws InputError when the text is not one JSON value, is nested too deeply, or not UTF-8.
-  void parse(std::string_view text);
+  void parse(std::string_view text, std::size_t deepest = kDeepest);
   /// What was parsed last. It stays valid until the next parse.
   Value root() const;
 
@@ -47,6 +49,7 @@ class JsonLine {
 
   std::vector<Node> nodes_;  // each followed by what it contains
   std::string texts_;
+  std::vector<std::size_t> opened_;  // while parsing: lists and objects that have not ended
 };
 
 class JsonLine::Value {

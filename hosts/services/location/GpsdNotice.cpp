@@ -1,33 +1,31 @@
 #include "hosts/services/location/GpsdNotice.h"
 
-#include <nlohmann/json.hpp>
+#include "hosts/text/InputError.h"
+#include "hosts/text/JsonLine.h"
 
 namespace wayfell {
 namespace {
 
-using Json = nlohmann::json;
-
 constexpr std::string_view kBeginning = "{\"class\":\"";
-
-std::string textOf(const Json& object, const char* name) {
-  const auto found = object.find(name);
-  return found != object.end() && found->is_string() ? found->get<std::string>() : std::string();
-}
 
 // A receiver is closed that has been activated at the time 0. One that has not been activated at
 // all is waiting for gpsd to open it.
-GpsdDevice deviceOf(const Json& object) {
-  const auto activated = object.find("activated");
-  const bool closed = activated != object.end() && activated->is_number() && *activated == 0;
-  return {textOf(object, "path"), closed};
+GpsdDevice deviceOf(JsonLine::Value object) {
+  GpsdDevice device;
+  for (const JsonLine::Value& member : object) {
+    if (member.key() == "path") device.path = member.text();
+    if (member.key() == "activated") device.closed = member.isNumber() && member.number() == 0;
+  }
+  return device;
 }
 
-std::vector<GpsdDevice> devicesOf(const Json& object) {
+std::vector<GpsdDevice> devicesOf(JsonLine::Value object) {
   std::vector<GpsdDevice> devices;
-  const auto list = object.find("devices");
-  if (list == object.end() || !list->is_array()) return devices;
-  for (const Json& device : *list) {
-    if (device.is_object()) devices.push_back(deviceOf(device));
+  for (const JsonLine::Value& member : object) {
+    if (member.key() != "devices" || member.kind() != JsonLine::Kind::list) continue;
+    for (const JsonLine::Value& device : member) {
+      if (device.kind() == JsonLine::Kind::object) devices.push_back(deviceOf(device));
+    }
   }
   return devices;
 }
@@ -46,12 +44,16 @@ GpsdNotice readNotice(std::string_view line) {
   GpsdNotice notice;
   const bool devices = isGpsdObject(line, "DEVICES");
   if (!devices && !isGpsdObject(line, "DEVICE")) return notice;
-  const Json object = Json::parse(line, nullptr, false);
-  if (!object.is_object()) return notice;
+  JsonLine json;
+  try {
+    json.parse(line);
+  } catch (const InputError&) {
+    return notice;
+  }
   if (devices) {
-    notice.devices = devicesOf(object);
+    notice.devices = devicesOf(json.root());
   } else {
-    notice.device = deviceOf(object);
+    notice.device = deviceOf(json.root());
   }
   return notice;
 }

@@ -7,9 +7,9 @@
 #include <limits>
 #include <memory>
 
-#include "Exactly.h"
 #include "WatchedStore.h"
 #include "platform/SimulatedHost.h"
+#include "support/Exactly.h"
 #include "support/Folder.h"
 
 namespace wayfell {
