@@ -4,7 +4,7 @@
 BUILD_PACKAGES=(
   g++ cmake ninja-build gettext
   libgps-dev libncurses-dev libuv1-dev libunistring-dev libpugixml-dev nlohmann-json3-dev libcli11-dev
-  libsqlite3-dev libcurl4-openssl-dev
+  libsqlite3-dev libsqlitecpp-dev libcurl4-openssl-dev
   qt6-base-dev qt6-declarative-dev qml6-module-qtquick qml6-module-qtquick-window
   qml6-module-qtqml-workerscript qt6-positioning-dev libqt6positioning6-plugins qt6-sensors-dev
   libxcb1-dev
@@ -15,7 +15,7 @@ BUILD_PACKAGES=(
 CHECK_PACKAGES=(
   clang-14 clang-format-14 clang-tidy-14 libc++-14-dev libc++abi-14-dev
   gpsd gpsd-clients tmux zsh fish groff-base sqlite3
-  xvfb xdotool xclip
+  xvfb xdotool xclip graphviz
 )
 
 # install_missing PACKAGE... installs those that are not there yet, and says which.

@@ -1,5 +1,6 @@
 #include "hosts/terminal/AddressImportCommand.h"
 
+#include <SQLiteCpp/Exception.h>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -247,7 +248,7 @@ int import(const AddressImportCommand& command) {
   const Interruption interruption;
   try {
     return Importer(command).run();
-  } catch (const DatabaseError& error) {
+  } catch (const SQLite::Exception& error) {
     return refuse(addressBookPath().string() + ": " + error.what());
   } catch (const std::runtime_error& error) {
     return refuse(error.what());

@@ -80,8 +80,7 @@ std::string cornerText(double latitude, double longitude) {
 }
 
 void printBook(Output& output, const std::filesystem::path& path) {
-  Database book = openBook(path);
-  const BookSummary summary = readSummary(book);
+  const BookSummary summary = readSummary(path);
   const auto size = static_cast<std::int64_t>(std::filesystem::file_size(path));
   printField(output, "addresses", std::to_string(summary.addresses));
   printField(output, "size", std::to_string(size) + " bytes");

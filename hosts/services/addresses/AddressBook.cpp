@@ -9,6 +9,7 @@
 
 #include "hosts/services/addresses/BookFile.h"
 #include "hosts/services/addresses/StreetText.h"
+#include "hosts/services/sqlite/Sqlite.h"
 #include "platform/UnitFactors.h"
 
 namespace wayfell {
@@ -104,12 +105,13 @@ class AddressBook::Pages {
     best.distance = distance;
     bool any = false;
     for (const Box& box : boxesAround(position, distance)) {
-      within_.bind(1, box.west).bind(2, box.east).bind(3, box.south).bind(4, box.north);
-      while (within_.step()) {
+      const StatementRun run(within_);
+      SQLite::bind(within_, box.west, box.east, box.south, box.north);
+      while (within_.executeStep()) {
         Candidate next;
-        next.id = within_.integer(0);
-        next.position = {static_cast<double>(within_.integer(2)) / kBookUnitsPerDegree,
-                         static_cast<double>(within_.integer(1)) / kBookUnitsPerDegree};
+        next.id = within_.getColumn(0).getInt64();
+        next.position = {within_.getColumn(2).getDouble() / kBookUnitsPerDegree,
+                         within_.getColumn(1).getDouble() / kBookUnitsPerDegree};
         next.distance = greatCircle(position, next.position);
         if (next.distance > best.distance) continue;
         if (next.distance == best.distance && next.id > best.id) continue;
@@ -122,19 +124,19 @@ class AddressBook::Pages {
 
   Found read(const Candidate& candidate) {
     Found found{{}, candidate.position, candidate.distance};
+    const StatementRun run(read_);
     read_.bind(1, candidate.id);
-    if (read_.step()) {
+    if (read_.executeStep()) {
+      const auto text = [this](int column) { return read_.getColumn(column).getString(); };
       found.placemark.postalAddress =
-          CNPostalAddress{streetText(read_.text(0), read_.text(1), read_.text(4)),
-                          orNone(read_.text(2)), orNone(read_.text(3))};
+          CNPostalAddress{streetText(text(0), text(1), text(4)), orNone(text(2)), orNone(text(3))};
     }
-    read_.reset();
     return found;
   }
 
-  Database book_;
-  Statement within_;
-  Statement read_;
+  SQLite::Database book_;
+  SQLite::Statement within_;
+  SQLite::Statement read_;
 };
 
 AddressBook::AddressBook(std::filesystem::path file, Missing missing, Warn warn)
@@ -147,7 +149,7 @@ std::optional<AddressBook::Found> AddressBook::nearest(const CLLocationCoordinat
   if (pages_ == nullptr || !isPosition(position)) return std::nullopt;
   try {
     return pages_->nearest(position);
-  } catch (const DatabaseError& error) {
+  } catch (const SQLite::Exception& error) {
     putAside(error.what());
     return std::nullopt;
   }
@@ -179,7 +181,7 @@ void AddressBook::takeUpFile() {
     pages_ = std::make_unique<Pages>(file_);
   } catch (const BookError& error) {
     putAside(error.what());
-  } catch (const DatabaseError& error) {
+  } catch (const SQLite::Exception& error) {
     putAside(error.what());
   }
 }

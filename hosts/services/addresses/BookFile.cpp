@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "hosts/services/sqlite/Sqlite.h"
 #include "hosts/services/stores/StorePaths.h"
 
 namespace wayfell {
@@ -22,15 +23,15 @@ constexpr const char* kSchema = R"(
                                                +number TEXT, +street INTEGER);
 )";
 
-void setPragma(Database& database, const char* name, std::int64_t value) {
-  database.execute(("PRAGMA " + std::string(name) + " = " + std::to_string(value)).c_str());
+void setPragma(SQLite::Database& database, const char* name, std::int64_t value) {
+  database.exec("PRAGMA " + std::string(name) + " = " + std::to_string(value));
 }
 
-void checkKind(Database& database) {
-  if (database.integer("PRAGMA application_id") != kApplication) {
+void checkKind(SQLite::Database& database) {
+  if (database.execAndGet("PRAGMA application_id").getInt64() != kApplication) {
     throw BookError("not an address book");
   }
-  if (database.integer("PRAGMA user_version") > kVersion) {
+  if (database.execAndGet("PRAGMA user_version").getInt64() > kVersion) {
     throw BookError("written by a newer wayfell");
   }
 }
@@ -39,33 +40,38 @@ void checkKind(Database& database) {
 
 std::filesystem::path addressBookPath() { return dataFolder() / "addresses.db"; }
 
-void createBook(Database& database) {
+void createBook(SQLite::Database& database) {
   setPragma(database, "application_id", kApplication);
   setPragma(database, "user_version", kVersion);
-  database.execute(kSchema);
+  database.exec(kSchema);
 }
 
-Database openBook(const std::filesystem::path& path) {
+SQLite::Database openBook(const std::filesystem::path& path) {
   try {
-    Database database(path, Database::Open::immutable);
+    SQLite::Database database = openDatabase(path, DatabaseAccess::immutable);
     checkKind(database);
     return database;
-  } catch (const DatabaseError& error) {
+  } catch (const SQLite::Exception& error) {
     throw BookError(error.what());
   }
 }
 
-BookSummary readSummary(Database& book) {
-  Statement select(book, "SELECT addresses, south, west, north, east FROM summary");
-  if (!select.step()) return {};
-  return {select.integer(0), select.real(1), select.real(2), select.real(3), select.real(4)};
+BookSummary readSummary(SQLite::Database& book) {
+  SQLite::Statement select(book, "SELECT addresses, south, west, north, east FROM summary");
+  if (!select.executeStep()) return {};
+  const auto degrees = [&select](int column) { return select.getColumn(column).getDouble(); };
+  return {select.getColumn(0).getInt64(), degrees(1), degrees(2), degrees(3), degrees(4)};
 }
 
-void writeSummary(Database& book, const BookSummary& summary) {
-  book.execute("DELETE FROM summary");
-  Statement insert(book, "INSERT INTO summary VALUES (?1, ?2, ?3, ?4, ?5)");
-  insert.bind(1, summary.addresses).bind(2, summary.south).bind(3, summary.west);
-  insert.bind(4, summary.north).bind(5, summary.east).run();
+BookSummary readSummary(const std::filesystem::path& path) {
+  SQLite::Database book = openBook(path);
+  return readSummary(book);
+}
+
+void writeSummary(SQLite::Database& book, const BookSummary& summary) {
+  book.exec("DELETE FROM summary");
+  SQLite::Statement insert(book, "INSERT INTO summary VALUES (?1, ?2, ?3, ?4, ?5)");
+  run(insert, summary.addresses, summary.south, summary.west, summary.north, summary.east);
 }
 
 }  // namespace wayfell

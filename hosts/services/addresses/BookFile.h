@@ -7,7 +7,9 @@
 #include <limits>
 #include <stdexcept>
 
-#include "hosts/services/sqlite/Database.h"
+namespace SQLite {
+class Database;
+}
 
 namespace wayfell {
 
@@ -33,12 +35,14 @@ struct BookSummary {
 };
 
 /// Makes an empty file a book without addresses.
-void createBook(Database& database);
+void createBook(SQLite::Database& database);
 /// Opens a book to be read. Throws BookError for a file that is none, or is of a newer kind, and
 /// for one that cannot be read.
-Database openBook(const std::filesystem::path& path);
+SQLite::Database openBook(const std::filesystem::path& path);
 
-BookSummary readSummary(Database& book);
-void writeSummary(Database& book, const BookSummary& summary);
+BookSummary readSummary(SQLite::Database& book);
+/// Opens the book for it. Throws as openBook does.
+BookSummary readSummary(const std::filesystem::path& path);
+void writeSummary(SQLite::Database& book, const BookSummary& summary);
 
 }  // namespace wayfell

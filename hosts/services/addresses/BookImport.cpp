@@ -12,6 +12,7 @@
 #include <system_error>
 #include <utility>
 
+#include "hosts/services/sqlite/Sqlite.h"
 #include "hosts/services/stores/PrivateFile.h"
 
 namespace wayfell {
@@ -29,6 +30,14 @@ void syncFolder(const std::filesystem::path& folder) {
   if (descriptor < 0) return;
   fsync(descriptor);
   close(descriptor);
+}
+
+template <class... Values>
+std::int64_t idFound(SQLite::Statement& find, const Values&... parameters) {
+  const StatementRun run(find);
+  SQLite::bind(find, parameters...);
+  find.executeStep();
+  return find.getColumn(0).getInt64();
 }
 
 std::int64_t inUnits(double degrees) { return std::llround(degrees * kBookUnitsPerDegree); }
@@ -78,18 +87,18 @@ class BookImport::Lock {
 };
 
 struct BookImport::Statements {
-  explicit Statements(Database& database)
+  explicit Statements(const SQLite::Database& database)
       : addTown(database, "INSERT OR IGNORE INTO town (city, region, country) VALUES (?1, ?2, ?3)"),
         findTown(database, "SELECT id FROM town WHERE city = ?1 AND region = ?2 AND country = ?3"),
         addStreet(database, "INSERT OR IGNORE INTO street (name, town) VALUES (?1, ?2)"),
         findStreet(database, "SELECT id FROM street WHERE name = ?1 AND town = ?2"),
         addAddress(database, "INSERT INTO address VALUES (?1, ?2, ?2, ?3, ?3, ?4, ?5)") {}
 
-  Statement addTown;
-  Statement findTown;
-  Statement addStreet;
-  Statement findStreet;
-  Statement addAddress;
+  SQLite::Statement addTown;
+  SQLite::Statement findTown;
+  SQLite::Statement addStreet;
+  SQLite::Statement findStreet;
+  SQLite::Statement addAddress;
 };
 
 BookImport::BookImport(std::filesystem::path book, Start start)
@@ -111,14 +120,14 @@ BookImport::~BookImport() { discard(); }
 void BookImport::begin(Start start) {
   const bool old = start == Start::withOld && std::filesystem::exists(book_);
   if (old) {
-    Database book = openBook(book_);
+    openBook(book_);  // so that what cannot be used is not copied
     std::filesystem::copy_file(book_, new_, std::filesystem::copy_options::overwrite_existing);
     std::filesystem::permissions(
         new_, std::filesystem::perms::owner_read | std::filesystem::perms::owner_write);
   }
-  database_ = std::make_unique<Database>(new_, Database::Open::readWrite);
+  database_ = std::make_unique<SQLite::Database>(openDatabase(new_, DatabaseAccess::readWrite));
   // A book that is not complete is thrown away, so nothing has to be undone or safe before its end.
-  database_->execute(
+  database_->exec(
       "PRAGMA journal_mode = OFF; PRAGMA synchronous = OFF; PRAGMA locking_mode = EXCLUSIVE;"
       "PRAGMA cache_size = -65536");  // 64 MiB
   if (old) {
@@ -127,7 +136,7 @@ void BookImport::begin(Start start) {
     createBook(*database_);
   }
   statements_ = std::make_unique<Statements>(*database_);
-  transaction_ = std::make_unique<Transaction>(*database_);
+  transaction_ = std::make_unique<SQLite::Transaction>(*database_);
 }
 
 void BookImport::discard() {
@@ -147,12 +156,8 @@ void BookImport::setCountry(const std::string& code) {
 
 void BookImport::add(const AddressRow& row) {
   const std::int64_t street = streetId(row);
-  statements_->addAddress.bind(1, ++summary_.addresses)
-      .bind(2, inUnits(row.longitude))
-      .bind(3, inUnits(row.latitude))
-      .bind(4, std::string_view(row.number))
-      .bind(5, street)
-      .run();
+  run(statements_->addAddress, ++summary_.addresses, inUnits(row.longitude), inUnits(row.latitude),
+      row.number, street);
   summary_.south = std::min(summary_.south, row.latitude);
   summary_.north = std::max(summary_.north, row.latitude);
   summary_.west = std::min(summary_.west, row.longitude);
@@ -169,24 +174,11 @@ std::int64_t BookImport::streetId(const AddressRow& row) {
 }
 
 std::int64_t BookImport::storedStreetId(const AddressRow& row) {
-  const auto id = [](Statement& add, Statement& find) {
-    add.run();
-    find.step();
-    const std::int64_t found = find.integer(0);
-    find.reset();
-    return found;
-  };
   Statements& s = *statements_;
-  for (Statement* statement : {&s.addTown, &s.findTown}) {
-    statement->bind(1, std::string_view(row.city))
-        .bind(2, std::string_view(row.region))
-        .bind(3, std::string_view(country_));
-  }
-  const std::int64_t town = id(s.addTown, s.findTown);
-  for (Statement* statement : {&s.addStreet, &s.findStreet}) {
-    statement->bind(1, std::string_view(row.street)).bind(2, town);
-  }
-  return id(s.addStreet, s.findStreet);
+  run(s.addTown, row.city, row.region, country_);
+  const std::int64_t town = idFound(s.findTown, row.city, row.region, country_);
+  run(s.addStreet, row.street, town);
+  return idFound(s.findStreet, row.street, town);
 }
 
 void BookImport::commit() {

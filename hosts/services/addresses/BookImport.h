@@ -16,6 +16,10 @@
 #include "hosts/services/addresses/AddressRow.h"
 #include "hosts/services/addresses/BookFile.h"
 
+namespace SQLite {
+class Transaction;
+}
+
 namespace wayfell {
 
 class BookImport {
@@ -27,7 +31,7 @@ class BookImport {
 
   /// Makes the folder if need be, for the user alone, and clears what a dead import has left.
   /// Throws BookError when another import is at work, when the old book is wanted and cannot be
-  /// used, or when nothing can be written, DatabaseError likewise.
+  /// used, or when nothing can be written, SQLite::Exception likewise.
   BookImport(std::filesystem::path book, Start start);
   /// Throws the new book away if it was not committed.
   ~BookImport();
@@ -36,9 +40,9 @@ class BookImport {
 
   /// Where the rows that follow are: an ISO 3166-1 code in capitals, or empty.
   void setCountry(const std::string& code);
-  /// Throws DatabaseError, a full disk among others; there is no going on then.
+  /// Throws SQLite::Exception, a full disk among others; there is no going on then.
   void add(const AddressRow& row);
-  /// Ends the import. What is written survives a power cut. Throws DatabaseError or BookError.
+  /// Ends the import. What is written survives a power cut. Throws SQLite::Exception or BookError.
   void commit();
 
   const BookSummary& summary() const { return summary_; }
@@ -55,9 +59,9 @@ class BookImport {
   std::filesystem::path book_;
   std::filesystem::path new_;
   std::unique_ptr<Lock> lock_;
-  std::unique_ptr<Database> database_;
+  std::unique_ptr<SQLite::Database> database_;
   std::unique_ptr<Statements> statements_;
-  std::unique_ptr<Transaction> transaction_;
+  std::unique_ptr<SQLite::Transaction> transaction_;
   std::string country_;
   BookSummary summary_;
   /// Streets met of late; forgotten when they are too many.

@@ -24,30 +24,32 @@ constexpr auto kImpatience = 50ms;
 
 constexpr int kOpenAttempts = 3;  // each after another process has put the file aside
 
-bool isDamage(const DatabaseError& error) {
-  return error.primaryCode() == SQLITE_CORRUPT || error.primaryCode() == SQLITE_NOTADB;
+bool isDamage(const SQLite::Exception& error) {
+  return error.getErrorCode() == SQLITE_CORRUPT || error.getErrorCode() == SQLITE_NOTADB;
 }
 
-bool isForWantOfAccess(const DatabaseError& error) {
-  return error.primaryCode() == SQLITE_CANTOPEN || error.primaryCode() == SQLITE_READONLY;
+bool isForWantOfAccess(const SQLite::Exception& error) {
+  return error.getErrorCode() == SQLITE_CANTOPEN || error.getErrorCode() == SQLITE_READONLY;
 }
 
 // For the -shm file, which whoever comes first makes and gives its size.
-bool isForWantOfSpace(const DatabaseError& error) { return error.code() == SQLITE_IOERR_SHMSIZE; }
+bool isForWantOfSpace(const SQLite::Exception& error) {
+  return error.getExtendedErrorCode() == SQLITE_IOERR_SHMSIZE;
+}
 
 bool isDenied(const std::filesystem::path& path, int access) {
   return ::access(path.c_str(), access) != 0;
 }
 
 // Where access is wanting, all that SQLite says is that it could not open a file.
-std::string whyNotRead(const DatabaseError& error, const std::filesystem::path& file) {
+std::string whyNotRead(const SQLite::Exception& error, const std::filesystem::path& file) {
   if (isForWantOfAccess(error) && isDenied(file, R_OK)) {
     return std::generic_category().message(errno);
   }
   return error.what();
 }
 
-std::string whyNotWritten(const DatabaseError& error, const std::filesystem::path& file) {
+std::string whyNotWritten(const SQLite::Exception& error, const std::filesystem::path& file) {
   if (isForWantOfAccess(error)) {
     if (isDenied(file, W_OK)) return "it is read-only";
     if (isDenied(file.parent_path(), W_OK)) return "its folder is read-only";
@@ -118,10 +120,10 @@ class SqliteStore::Implementation {
   bool openOnce();
   void connect();
   FileKind startReading();
-  FileKind startReading(Database::Open how);
+  FileKind startReading(DatabaseAccess access);
   void startWriting(FileKind::Kind kind);
 
-  bool putAside(const DatabaseError& damage);
+  bool putAside(const SQLite::Exception& damage);
 
   bool isThere(const Changes& changes);
   bool save();
@@ -169,7 +171,7 @@ void SqliteStore::Implementation::refresh() {
   try {
     if (table_->dataVersion() != dataVersion_) load();
     reading_.over();
-  } catch (const DatabaseError& error) {
+  } catch (const SQLite::Exception& error) {
     if (isDamage(error) && putAside(error)) {
       open();
     } else {
@@ -230,13 +232,13 @@ bool SqliteStore::Implementation::openOnce() {
       mark_ = markOf(file_).value_or(FileMark{});
     }
     // SQLite would wait for somebody at the other end of a pipe.
-    if (!mark_->isFile) throw DatabaseError(SQLITE_CANTOPEN, "it is not a file");
+    if (!mark_->isFile) throw SQLite::Exception("it is not a file", SQLITE_CANTOPEN);
     connect();
     return true;
   } catch (const std::system_error& error) {
     tell(opening_, "cannot be created: " + error.code().message() +
                        "; settings are kept only until the program ends");
-  } catch (const DatabaseError& error) {
+  } catch (const SQLite::Exception& error) {
     table_.reset();
     state_ = State::unreadable;
     if (isDamage(error)) return !putAside(error);
@@ -275,25 +277,26 @@ void SqliteStore::Implementation::connect() {
 // First for reading only, which leaves a file that is not ours as it is.
 FileKind SqliteStore::Implementation::startReading() {
   try {
-    return startReading(Database::Open::readOnly);
-  } catch (const DatabaseError& error) {
+    return startReading(DatabaseAccess::readOnly);
+  } catch (const SQLite::Exception& error) {
     // SQLite needs its files beside the database, and may not be able to make them in this folder.
     // It can do without as long as there is nothing in them that is not in the database itself.
     const bool canDoWithout = isForWantOfAccess(error) || isForWantOfSpace(error);
     if (!canDoWithout || isDenied(file_, R_OK)) throw;
     if (mark_->logSize > 0) {
       const std::string what = isForWantOfSpace(error) ? "the full disk" : "its folder";
-      throw DatabaseError(error.code(), "the latest changes are still in its -wal file, which " +
-                                            what + " does not let be opened");
+      throw SQLite::Exception("the latest changes are still in its -wal file, which " + what +
+                                  " does not let be opened",
+                              error.getErrorCode());
     }
   }
   sealed_ = true;
-  return startReading(Database::Open::immutable);
+  return startReading(DatabaseAccess::immutable);
 }
 
-FileKind SqliteStore::Implementation::startReading(Database::Open how) {
-  Database database(file_, how);
-  database.waitForLocks(kPatience);
+FileKind SqliteStore::Implementation::startReading(DatabaseAccess access) {
+  SQLite::Database database = openDatabase(file_, access);
+  waitForLocks(database, kPatience);
   const FileKind found = kindOf(database);
   if (found.kind == FileKind::settings || found.kind == FileKind::newer) {
     table_.emplace(std::move(database));
@@ -303,16 +306,16 @@ FileKind SqliteStore::Implementation::startReading(Database::Open how) {
 
 void SqliteStore::Implementation::startWriting(FileKind::Kind kind) {
   try {
-    Database database(file_, Database::Open::readWrite);
-    database.waitForLocks(kPatience);
-    if (!database.writable()) throw DatabaseError(SQLITE_READONLY, "it is read-only");
+    SQLite::Database database = openDatabase(file_, DatabaseAccess::readWrite);
+    waitForLocks(database, kPatience);
+    if (!isWritable(database)) throw SQLite::Exception("it is read-only", SQLITE_READONLY);
     if (kind == FileKind::empty) makeSettings(database);
     writeAhead(database, kPatience);
     table_.emplace(std::move(database));
     table_->waitForLocks(patience_);
     state_ = State::writable;
     sealed_ = false;
-  } catch (const DatabaseError& error) {
+  } catch (const SQLite::Exception& error) {
     if (isDamage(error)) throw;
     tell(opening_, "cannot be written to: " + whyNotWritten(error, file_) +
                        "; changes last until the program ends");
@@ -320,7 +323,7 @@ void SqliteStore::Implementation::startWriting(FileKind::Kind kind) {
 }
 
 // False when nothing could be done about it.
-bool SqliteStore::Implementation::putAside(const DatabaseError& damage) {
+bool SqliteStore::Implementation::putAside(const SQLite::Exception& damage) {
   const std::string what = std::string("is damaged: ") + damage.what();
   if (access_ == Access::readOnly || !isOurs_) {
     tell(opening_, what + "; its settings count as missing");
@@ -364,7 +367,7 @@ bool SqliteStore::Implementation::isThere(const Changes& changes) {
     return std::all_of(changes.begin(), changes.end(), [this](const auto& change) {
       return table_->holds(change.first, change.second);
     });
-  } catch (const DatabaseError&) {
+  } catch (const SQLite::Exception&) {
     return false;  // what is wrong shows again when it is written
   }
 }
@@ -397,12 +400,12 @@ SqliteStore::Implementation::Outcome SqliteStore::Implementation::write() {
     table_->write(unsaved_);
     table_->waitForLocks(patience_);
     return Outcome::written;
-  } catch (const DatabaseError& error) {
+  } catch (const SQLite::Exception& error) {
     if (isDamage(error) && putAside(error)) {
       open();
       return Outcome::putAside;
     }
-    if (error.primaryCode() == SQLITE_BUSY) table_->waitForLocks(kImpatience);
+    if (error.getErrorCode() == SQLITE_BUSY) table_->waitForLocks(kImpatience);
     tell(saving_, std::string("changes cannot be saved: ") + error.what() +
                       "; they are tried again with the next change");
     return Outcome::failed;

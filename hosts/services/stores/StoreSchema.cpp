@@ -36,15 +36,17 @@ PRAGMA application_id = 1464226644;
 PRAGMA user_version = 1;
 )sql";
 
+std::int64_t integerOf(SQLite::Database& database, const char* query) {
+  return database.execAndGet(query).getInt64();
+}
+
 // The answers belong together, so they are read in one transaction.
-FileKind readKind(Database& database) {
+FileKind readKind(SQLite::Database& database) {
   FileKind found;
-  found.applicationId = database.integer("PRAGMA application_id");
-  found.version = database.integer("PRAGMA user_version");
-  const std::int64_t tables = database.integer("SELECT count(*) FROM sqlite_master");
-  const bool hasSettings =
-      database.integer(
-          "SELECT count(*) FROM sqlite_master WHERE type = 'table' AND name = 'settings'") == 1;
+  found.applicationId = integerOf(database, "PRAGMA application_id");
+  found.version = integerOf(database, "PRAGMA user_version");
+  const std::int64_t tables = integerOf(database, "SELECT count(*) FROM sqlite_master");
+  const bool hasSettings = database.tableExists("settings");
   if (found.applicationId == 0 && found.version == 0 && tables == 0) {
     found.kind = FileKind::empty;
   } else if (found.applicationId != kApplicationId || !hasSettings || found.version < kVersion) {
@@ -55,124 +57,117 @@ FileKind readKind(Database& database) {
   return found;
 }
 
-std::string journalModeAfter(Database& database, const char* pragma) {
-  Statement mode(database, pragma);
-  return mode.step() ? std::string(mode.text(0)) : "";
+std::string journalModeAfter(SQLite::Database& database, const char* pragma) {
+  return database.execAndGet(pragma).getString();
 }
 
 constexpr std::chrono::milliseconds kModePause(2);
 
-Column columnOf(const Statement& row, int column) {
-  switch (row.type(column)) {
-    case Statement::Type::integer:
-      return row.integer(column);
-    case Statement::Type::real:
-      return row.real(column);
-    case Statement::Type::text:
-      return std::string(row.text(column));
-    case Statement::Type::bytes: {
-      const std::string_view bytes = row.bytes(column);
-      return PropertyValue::Data(bytes.begin(), bytes.end());
-    }
-    case Statement::Type::null:
-      break;
-  }
-  return nullptr;
+Column valueIn(const SQLite::Column& column) {
+  if (column.isInteger()) return column.getInt64();
+  if (column.isFloat()) return column.getDouble();
+  if (column.isText()) return column.getString();
+  if (column.isNull()) return nullptr;
+  const auto* const bytes = static_cast<const std::uint8_t*>(column.getBlob());
+  return PropertyValue::Data(bytes, bytes + column.getBytes());
 }
 
-void bindColumn(Statement& statement, int parameter, const Column& column) {
+void bindBytes(SQLite::Statement& statement, int parameter, const void* bytes, std::size_t size) {
+  // No data would be bound as null, which an empty blob is not.
+  statement.bind(parameter, size > 0 ? bytes : "", static_cast<int>(size));
+}
+
+void bindColumn(SQLite::Statement& statement, int parameter, const Column& column) {
   struct Bind {
-    Statement& statement;
+    SQLite::Statement& statement;
     int parameter;
-    void operator()(std::nullptr_t) const { statement.bindNull(parameter); }
+    void operator()(std::nullptr_t) const { statement.bind(parameter); }
     void operator()(std::int64_t integer) const { statement.bind(parameter, integer); }
     void operator()(double real) const { statement.bind(parameter, real); }
-    void operator()(const std::string& text) const {
-      statement.bind(parameter, std::string_view(text));
-    }
+    void operator()(const std::string& text) const { statement.bind(parameter, text); }
     void operator()(const PropertyValue::Data& bytes) const {
-      statement.bindBytes(parameter, {reinterpret_cast<const char*>(bytes.data()), bytes.size()});
+      bindBytes(statement, parameter, bytes.data(), bytes.size());
     }
   };
   std::visit(Bind{statement, parameter}, column);
 }
 
 // A key is kept as a text is: as bytes if it is not plain.
-void bindKey(Statement& statement, const std::string& key) {
+void bindKey(SQLite::Statement& statement, const std::string& key) {
   if (isPlainText(key)) {
-    statement.bind(1, std::string_view(key));
+    statement.bind(1, key);
   } else {
-    statement.bindBytes(1, key);
+    bindBytes(statement, 1, key.data(), key.size());
   }
 }
 
-PropertyValue valueOfRow(const Statement& row, int type, int value) {
-  return decode(row.text(type), columnOf(row, value));
+PropertyValue valueOfRow(const SQLite::Column& type, const SQLite::Column& value) {
+  return decode(type.getText(), valueIn(value));
 }
 
 }  // namespace
 
-FileKind kindOf(Database& database) {
-  database.execute("BEGIN");
-  const FileKind kind = readKind(database);
-  database.execute("COMMIT");
-  return kind;
+FileKind kindOf(SQLite::Database& database) {
+  const SQLite::Transaction atOneInstant(database);
+  return readKind(database);
 }
 
-void makeSettings(Database& database) {
-  Transaction transaction(database);
-  if (readKind(database).kind == FileKind::empty) database.execute(kSchema);
+void makeSettings(SQLite::Database& database) {
+  SQLite::Transaction transaction(database, SQLite::TransactionBehavior::IMMEDIATE);
+  if (readKind(database).kind == FileKind::empty) database.exec(kSchema);
   transaction.commit();
 }
 
-void writeAhead(Database& database, std::chrono::milliseconds longest) {
+void writeAhead(SQLite::Database& database, std::chrono::milliseconds longest) {
   // With FULL, a commit is on the disk when it returns; with NORMAL, a loss of power would take the
   // last ones. Settings change a few times a minute, so that it costs nothing that anyone notices.
-  database.execute("PRAGMA synchronous = FULL");
+  database.exec("PRAGMA synchronous = FULL");
   if (journalModeAfter(database, "PRAGMA journal_mode") == "wal") return;
   // The change of mode needs the file alone, for which SQLite waits in some cases and not in
   // others.
   using std::chrono::steady_clock;
-  database.waitForLocks(kModePause);
+  waitForLocks(database, kModePause);
   for (const auto end = steady_clock::now() + longest; steady_clock::now() < end;) {
     try {
       journalModeAfter(database, "PRAGMA journal_mode = WAL");
       break;
-    } catch (const DatabaseError& error) {
-      if (error.primaryCode() != SQLITE_BUSY) throw;
+    } catch (const SQLite::Exception& error) {
+      if (error.getErrorCode() != SQLITE_BUSY) throw;
     }
     std::this_thread::sleep_for(kModePause);
   }
-  database.waitForLocks(longest);
+  waitForLocks(database, longest);
 }
 
-SettingsTable::SettingsTable(Database database)
+SettingsTable::SettingsTable(SQLite::Database database)
     : database_(std::move(database)),
       dataVersion_(database_, "PRAGMA data_version"),
       readAll_(database_, "SELECT key, type, value FROM settings"),
       readOne_(database_, "SELECT type, value FROM settings WHERE key = ?1") {}
 
 std::int64_t SettingsTable::dataVersion() {
-  dataVersion_.step();
-  const std::int64_t version = dataVersion_.integer(0);
-  dataVersion_.reset();
-  return version;
+  const StatementRun run(dataVersion_);
+  dataVersion_.executeStep();
+  return dataVersion_.getColumn(0).getInt64();
 }
 
 SettingsTable::Contents SettingsTable::read() {
   Contents contents;
-  while (readAll_.step()) {
+  const StatementRun run(readAll_);
+  while (readAll_.executeStep()) {
+    const SQLite::Column keyColumn = readAll_.getColumn(0);
+    const SQLite::Column type = readAll_.getColumn(1);
     // The schema allows neither. A page that has been cut off reads as zeros, which are these.
-    if (readAll_.type(0) == Statement::Type::null || readAll_.type(1) == Statement::Type::null) {
-      readAll_.reset();
-      throw DatabaseError(SQLITE_CORRUPT, "it has a row without a key or a type");
+    if (keyColumn.isNull() || type.isNull()) {
+      throw SQLite::Exception("it has a row without a key or a type", SQLITE_CORRUPT);
     }
-    const bool isText = readAll_.type(0) == Statement::Type::text;
-    const std::string key(isText ? readAll_.text(0) : readAll_.bytes(0));
+    const std::string key = keyColumn.getString();
     try {
       // Each key has one way to be kept; a row with the other one would be a second value for it.
-      if (isText != isPlainText(key)) throw BadValue("its key is kept in the wrong way");
-      contents.values.insert_or_assign(key, valueOfRow(readAll_, 1, 2));
+      if (keyColumn.isText() != isPlainText(key)) {
+        throw BadValue("its key is kept in the wrong way");
+      }
+      contents.values.insert_or_assign(key, valueOfRow(type, readAll_.getColumn(2)));
     } catch (const BadValue& fault) {
       contents.faults.push_back("the row of " + inQuotes(key) + " holds no value: " + fault.what());
     }
@@ -181,22 +176,20 @@ SettingsTable::Contents SettingsTable::read() {
 }
 
 bool SettingsTable::holds(const std::string& key, const std::optional<PropertyValue>& value) {
+  const StatementRun run(readOne_);
   bindKey(readOne_, key);
-  const bool isThere = readOne_.step();
-  bool same = !isThere && !value;
-  if (isThere && value) {
-    try {
-      same = encode(valueOfRow(readOne_, 0, 1)) == encode(*value);
-    } catch (const BadValue&) {
-      same = false;
-    }
+  const bool isThere = readOne_.executeStep();
+  if (!isThere || !value) return !isThere && !value;
+  try {
+    return encode(valueOfRow(readOne_.getColumn(0), readOne_.getColumn(1))) == encode(*value);
+  } catch (const BadValue&) {
+    return false;
   }
-  if (isThere) readOne_.reset();
-  return same;
 }
 
 void SettingsTable::write(const Changes& changes) {
-  Transaction transaction(database_);
+  // Takes the right to write at once, so that it cannot fail half-way for want of it.
+  SQLite::Transaction transaction(database_, SQLite::TransactionBehavior::IMMEDIATE);
   for (const auto& [key, value] : changes) writeOne(key, value);
   transaction.commit();
 }
@@ -204,8 +197,9 @@ void SettingsTable::write(const Changes& changes) {
 void SettingsTable::writeOne(const std::string& key, const std::optional<PropertyValue>& value) {
   if (!value) {
     if (!remove_) remove_.emplace(database_, "DELETE FROM settings WHERE key = ?1");
+    const StatementRun run(*remove_);
     bindKey(*remove_, key);
-    remove_->run();
+    remove_->exec();
     return;
   }
   if (!upsert_) {
@@ -214,10 +208,11 @@ void SettingsTable::writeOne(const std::string& key, const std::optional<Propert
                     "ON CONFLICT (key) DO UPDATE SET type = excluded.type, value = excluded.value");
   }
   const StoredValue stored = encode(*value);
+  const StatementRun run(*upsert_);
   bindKey(*upsert_, key);
-  upsert_->bind(2, stored.type);
+  upsert_->bind(2, std::string(stored.type));
   bindColumn(*upsert_, 3, stored.value);
-  upsert_->run();
+  upsert_->exec();
 }
 
 }  // namespace wayfell

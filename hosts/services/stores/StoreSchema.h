@@ -1,5 +1,5 @@
 // The table of settings in a SQLite file: what kind of file it is, all of it read at one instant,
-// changes written together. Everything throws DatabaseError.
+// changes written together. Everything throws SQLite::Exception.
 #pragma once
 
 #include <chrono>
@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-#include "hosts/services/sqlite/Database.h"
+#include "hosts/services/sqlite/Sqlite.h"
 #include "platform/PropertyValue.h"
 
 namespace wayfell {
@@ -27,18 +27,18 @@ struct FileKind {
   std::int64_t version = 0;
 };
 
-FileKind kindOf(Database& database);
+FileKind kindOf(SQLite::Database& database);
 /// Gives an empty database the table. Any number of processes may do so at once.
-void makeSettings(Database& database);
+void makeSettings(SQLite::Database& database);
 /// Prepares a connection that writes, and waits as long for locks: commits go to a write-ahead log,
 /// and to the disk. A file that others have open for so long in another mode keeps that, in which
 /// readers and writers wait for each other and lose nothing.
-void writeAhead(Database& database, std::chrono::milliseconds longest);
+void writeAhead(SQLite::Database& database, std::chrono::milliseconds longest);
 
 class SettingsTable {
  public:
   /// Of a database that holds the table.
-  explicit SettingsTable(Database database);
+  explicit SettingsTable(SQLite::Database database);
 
   /// Another number than before when others have written in between.
   std::int64_t dataVersion();
@@ -56,18 +56,20 @@ class SettingsTable {
   /// All or none. Throws BadValue for what cannot be kept.
   void write(const Changes& changes);
 
-  bool writable() const { return database_.writable(); }
-  void waitForLocks(std::chrono::milliseconds longest) { database_.waitForLocks(longest); }
+  bool writable() const { return isWritable(database_); }
+  void waitForLocks(std::chrono::milliseconds longest) {
+    wayfell::waitForLocks(database_, longest);
+  }
 
  private:
   void writeOne(const std::string& key, const std::optional<PropertyValue>& value);
 
-  Database database_;
-  Statement dataVersion_;
-  Statement readAll_;
-  Statement readOne_;
-  std::optional<Statement> upsert_;  // prepared when first needed, since most only read
-  std::optional<Statement> remove_;
+  SQLite::Database database_;
+  SQLite::Statement dataVersion_;
+  SQLite::Statement readAll_;
+  SQLite::Statement readOne_;
+  std::optional<SQLite::Statement> upsert_;  // prepared when first needed, since most only read
+  std::optional<SQLite::Statement> remove_;
 };
 
 }  // namespace wayfell

@@ -12,6 +12,7 @@
 
 #include "Book.h"
 #include "support/Folder.h"
+#include "support/Sql.h"
 
 namespace wayfell {
 namespace {
@@ -206,9 +207,7 @@ TEST(AddressBookTest, WarnsOnceOfABookThatCannotBeUsed) {
     std::function<void(const std::filesystem::path& book)> spoil;
   };
   const auto query = [](const char* sql) {
-    return [sql](const std::filesystem::path& book) {
-      Database(book, Database::Open::readWrite).execute(sql);
-    };
+    return [sql](const std::filesystem::path& book) { execute(book, sql); };
   };
   const Case cases[] = {
       {"not a database",

@@ -8,8 +8,8 @@
 
 #include "Child.h"
 #include "WatchedStore.h"
-#include "hosts/services/sqlite/Database.h"
 #include "support/Folder.h"
+#include "support/Sql.h"
 
 namespace wayfell {
 namespace {
@@ -23,10 +23,6 @@ using testing::IsEmpty;
 
 // A file with "units" 1, and nothing of it in a log.
 void makeSettings(const std::filesystem::path& file) { WatchedStore(file).store.set("units", 1); }
-
-void execute(const std::filesystem::path& file, const char* sql) {
-  Database(file, Database::Open::readWrite).execute(sql);
-}
 
 std::int64_t unitsIn(const SqliteStore& store) {
   const PropertyValue* const units = store.find("units");
@@ -179,15 +175,15 @@ TEST(Failure, PassesOverBadRows) {
                           "it); it is left there and counts as missing"));
   // They stay, but for those that are written or removed.
   EXPECT_TRUE(opened.store.setAll({{"a", 1}, {"b", std::nullopt}, {"e", 1}}));
-  Database rows(file, Database::Open::readOnly);
-  EXPECT_EQ(rows.integer("SELECT count(*) FROM settings"), 5);
-  EXPECT_EQ(rows.integer("SELECT value FROM settings WHERE key = 'a'"), 1);
+  SQLite::Database rows = otherProgram(file);
+  EXPECT_EQ(integerOf(rows, "SELECT count(*) FROM settings"), 5);
+  EXPECT_EQ(integerOf(rows, "SELECT value FROM settings WHERE key = 'a'"), 1);
   // The schema itself keeps such rows out.
   for (const char* row :
        {"'f', 'url', 'x'", "'f', 'integer', 'x'", "'f', 'boolean', 2", "'f', 'text', 1",
         "'f', 'data', 'x'", "'f', 'integer', NULL", "'f', NULL, 1", "NULL, 'integer', 1"}) {
     const std::string sql = std::string("INSERT INTO settings VALUES (") + row + ")";
-    EXPECT_THROW(execute(file, sql.c_str()), DatabaseError) << row;
+    EXPECT_THROW(execute(file, sql.c_str()), SQLite::Exception) << row;
   }
 }
 
@@ -305,13 +301,13 @@ TEST(Failure, DoesNotWaitForTheLogForLong) {
   const Folder folder;
   const auto file = folder / "suite.db";
   makeSettings(file);
-  Database other(file, Database::Open::readWrite);
-  other.execute("PRAGMA journal_mode = DELETE; BEGIN; SELECT * FROM settings");
+  SQLite::Database other = otherProgram(file);
+  other.exec("PRAGMA journal_mode = DELETE; BEGIN; SELECT * FROM settings");
   WatchedStore opened(file);
   EXPECT_EQ(opened.store.state(), State::writable);
-  other.execute("COMMIT");
+  other.exec("COMMIT");
   EXPECT_TRUE(opened.store.setAll({{"units", 2}}));
-  EXPECT_EQ(other.integer("SELECT value FROM settings WHERE key = 'units'"), 2);
+  EXPECT_EQ(integerOf(other, "SELECT value FROM settings WHERE key = 'units'"), 2);
   EXPECT_THAT(opened.warnings, IsEmpty());
 }
 
@@ -351,8 +347,8 @@ TEST(Failure, PutsOffWhatIsLockedForLong) {
   WatchedStore opened(file);
   opened.store.set("units", 1);
   {
-    Database other(file, Database::Open::readWrite);
-    const Transaction stuck(other);
+    SQLite::Database other = otherProgram(file);
+    other.exec("BEGIN IMMEDIATE");
     EXPECT_FALSE(opened.store.setAll({{"units", 2}}));
     EXPECT_EQ(unitsIn(opened.store), 2);
     EXPECT_FALSE(opened.store.setAll({{"speed", 2}}));

@@ -6,10 +6,10 @@
 
 #include "Child.h"
 #include "WatchedStore.h"
-#include "hosts/services/sqlite/Database.h"
 #include "hosts/services/stores/StorePaths.h"
 #include "hosts/services/stores/Stores.h"
 #include "support/Folder.h"
+#include "support/Sql.h"
 
 namespace wayfell {
 namespace {
@@ -56,8 +56,8 @@ TEST(Sharing, WritesNothingThatIsThere) {
   const SqliteStore::Changes changes = {
       {"units", 1}, {"real", 0.0}, {"list", PropertyValue::List{1}}};
   ASSERT_TRUE(store.store.setAll(changes));
-  Database other(file, Database::Open::readOnly);
-  const auto version = [&other] { return other.integer("PRAGMA data_version"); };
+  SQLite::Database other = otherProgram(file);
+  const auto version = [&other] { return integerOf(other, "PRAGMA data_version"); };
   const std::int64_t before = version();
   EXPECT_TRUE(store.store.setAll(changes));
   store.store.set("units", 1);
@@ -74,10 +74,7 @@ TEST(Sharing, WritesNothingThatIsThere) {
 TEST(Sharing, ReadsADatabaseInUtf16) {
   const Folder folder;
   const auto file = folder / "suite.db";
-  Database(file, Database::Open::readWrite)
-      .execute(
-          "PRAGMA encoding = 'UTF-16'; CREATE TABLE a (b); "
-          "DROP TABLE a");
+  execute(file, "PRAGMA encoding = 'UTF-16'; CREATE TABLE a (b); DROP TABLE a");
   WatchedStore store(file);
   store.store.set("\u00e9t\u00e9", "\U0001F9ED\n");
   EXPECT_EQ(WatchedStore(file).store.values(),
