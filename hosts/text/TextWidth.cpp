@@ -40,9 +40,9 @@ const std::uint8_t* bytesOf(std::string_view text) {
 }
 
 // A text as readers take it: letters with their marks, emojis with their parts (UAX 29).
-class Characters {
+class Graphemes {
  public:
-  explicit Characters(std::string_view text) : starts_(text.size()) {
+  explicit Graphemes(std::string_view text) : starts_(text.size()) {
     u8_grapheme_breaks(bytesOf(text), text.size(), starts_.data());
   }
   /// Where the character ends that begins at a place.
@@ -59,7 +59,7 @@ class Characters {
 // How many bytes of a text that needs several lines are the first, blanks at its end included,
 // which need no room (UAX 14).
 std::size_t firstLine(std::string_view text, int columns) {
-  const std::size_t most = std::max(cut(text, columns).size(), Characters(text).endOf(0));
+  const std::size_t most = std::max(cut(text, columns).size(), Graphemes(text).endOf(0));
   std::vector<char> breaks(text.size());
   u8_possible_linebreaks(bytesOf(text), text.size(), kEncoding, breaks.data());
   std::size_t end = std::min(text.find_first_not_of(' ', most), text.size());
@@ -100,7 +100,7 @@ std::string printable(std::string_view text) {
 
 std::string_view cut(std::string_view text, int columns) {
   if (isAscii(text)) return text.substr(0, static_cast<std::size_t>(std::max(0, columns)));
-  const Characters characters(text);
+  const Graphemes characters(text);
   std::size_t length = 0;
   while (length < text.size()) {
     const std::size_t end = characters.endOf(length);

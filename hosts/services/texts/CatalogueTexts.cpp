@@ -57,7 +57,8 @@ std::string complaintOf(const std::string& catalogue, std::string_view key, cons
 CatalogueTexts::CatalogueTexts(Warn warn) : warn_(std::move(warn)) {}
 
 void CatalogueTexts::add(std::string name, std::string bytes) {
-  const Catalogue& catalogue = catalogues_.emplace_front(std::move(name), std::move(bytes));
+  const Catalogue& catalogue =
+      catalogues_.emplace_front(Catalogue{std::move(name), std::move(bytes)});
   const CompiledCatalogue compiled = readCompiledCatalogue(catalogue.bytes);
   if (compiled.fault) {
     warn_(catalogue.name + ": " + compiled.fault + ", so this catalogue is not used");
