@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "hosts/replay/GpxElements.h"
+#include "hosts/services/location/FixAccuracy.h"
 #include "hosts/text/InputError.h"
 #include "hosts/text/IsoTime.h"
 #include "platform/NSString.h"
@@ -11,10 +12,13 @@
 namespace wayfell {
 namespace {
 
-constexpr double kMetresPerDop = 5;
-constexpr double kUsualAccuracy = 5;  // metres
+// An accuracy of the point, from a dilution of precision.
+double accuracyOf(const pugi::xml_node& point, const char* dilution) {
+  const auto given = gpx::number(point, dilution);
+  return given ? *given * kMetresPerDilution : kUsualAccuracy;
+}
 
-// Of an element of the point itself, or of one anywhere in its extensions.
+// The number in an element of the point itself, or in one anywhere in its extensions.
 std::optional<double> numberOrExtension(const pugi::xml_node& point, const char* name) {
   if (const auto own = gpx::number(point, name)) return own;
   const auto node = gpx::child(point, "extensions").find_node([name](const auto& one) {
@@ -72,11 +76,9 @@ std::optional<Event> GpxRecording::next() {
 CLLocation GpxRecording::readPoint(const Point& point) const {
   CLLocation fix;
   fix.coordinate = gpx::coordinate(point.node);
-  const auto hdop = gpx::number(point.node, "hdop");
-  const auto vdop = gpx::number(point.node, "vdop");
+  fix.horizontalAccuracy = accuracyOf(point.node, "hdop");
+  fix.verticalAccuracy = accuracyOf(point.node, "vdop");
   fix.altitude = gpx::number(point.node, "ele").value_or(0);
-  fix.horizontalAccuracy = hdop ? *hdop * kMetresPerDop : kUsualAccuracy;
-  fix.verticalAccuracy = vdop ? *vdop * kMetresPerDop : kUsualAccuracy;
   fix.speed = numberOrExtension(point.node, "speed").value_or(-1);
   fix.course = numberOrExtension(point.node, "course").value_or(-1);
   fix.timestamp = {timeOf(point)};

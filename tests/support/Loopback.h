@@ -160,6 +160,6 @@ inline GpsdAddress loopback(int port) { return {"127.0.0.1", std::to_string(port
 
 /// Enough to go round quickly, long enough for a busy machine.
 inline constexpr GpsdIntervals kQuick = {
-    .firstWait = 0.02, .longestWait = 0.08, .tick = 0.2, .parts = 0.05};
+    .retry = {.first = 0.02, .longest = 0.08}, .tick = 0.2, .parts = 0.05};
 
 }  // namespace wayfell

@@ -1,34 +1,23 @@
 #include "hosts/services/location/GpsdFix.h"
 
-#include <cmath>
+#include "hosts/services/location/FixAccuracy.h"
 
 namespace wayfell {
 namespace {
-
-// From 95 % to 68 % of normally distributed errors: in a plane, where a circle of radius r holds
-// 1 - exp(-r^2 / 2 sigma^2) of them, sqrt(ln 0.32 / ln 0.05); along a line 0.99446 to 1.95996
-// standard deviations. A circle made from the errors along two lines has 1.50959 times the root
-// mean square of their standard deviations, 1.50959 / (1.95996 sqrt 2).
-constexpr double kOfCircle = 0.61673;
-constexpr double kOfLine = 0.50739;
-constexpr double kOfTwoLines = 0.54463;
-
-constexpr double kUsualAccuracy = 5;  // metres
-constexpr double kStandstill = 0.25;  // metres per second
 
 void take(std::optional<double>& value, const std::optional<double>& later) {
   if (later) value = later;
 }
 
 double horizontalAccuracy(const GpsdFix& fix) {
-  if (fix.horizontalError) return kOfCircle * *fix.horizontalError;
+  if (fix.horizontalError) return accuracyOfCircle(*fix.horizontalError);
   if (!fix.eastError || !fix.northError) return kUsualAccuracy;
-  return kOfTwoLines * std::hypot(*fix.eastError, *fix.northError);
+  return accuracyOfTwoLines(*fix.eastError, *fix.northError);
 }
 
 double verticalAccuracy(const GpsdFix& fix) {
   if (!fix.threeDimensional || !fix.altitude) return -1;
-  return fix.verticalError ? kOfLine * *fix.verticalError : kUsualAccuracy;
+  return fix.verticalError ? accuracyOfLine(*fix.verticalError) : kUsualAccuracy;
 }
 
 double course(const GpsdFix& fix) {

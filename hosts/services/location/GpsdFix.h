@@ -1,6 +1,6 @@
 // A position as gpsd reports it, and as the system takes it.
 //
-// Of the location record
+// In the location record
 //   coordinate          is lat and lon.
 //   altitude            is above mean sea level: altMSL, or else alt, which is the same in gpsd
 //                       before 3.20, or else altHAE less geoidSep. What has only a height above
@@ -13,12 +13,7 @@
 //   course              is track, or else -1; also -1 below 0.25 m/s, where it is noise.
 //   timestamp           is time.
 //
-// Why the factors: gpsd's estimates are meant to hold 95 % of all errors, and an accuracy of the
-// platform about 68 %, which is also what the system's screen of 50 m and 70 m is made for.
-// Unconverted, gpsd's model (19 m times HDOP) would have the screen refuse every fix from an HDOP
-// of 2.7 on, as under trees and between houses; converted it does from 4.3 on. A receiver that
-// estimates its own errors may have meant 68 % by them from the start; gpsd passes them on as they
-// are, and they come out up to half too small, well within the screen.
+// FixAccuracy.h says why these factors.
 #pragma once
 
 #include <optional>

@@ -3,7 +3,6 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <system_error>
@@ -28,11 +27,11 @@ GpsdLink::GpsdLink(IoRunLoop& loop, GpsdAddress address, const GpsdIntervals& in
       address_(std::move(address)),
       intervals_(intervals),
       handlers_(std::move(handlers)),
-      wait_(intervals.firstWait) {}
+      delay_(intervals.retry) {}
 
 void GpsdLink::open() {
   if (status_ != Status::closed) return;
-  wait_ = intervals_.firstWait;
+  delay_.succeeded();
   failure_.clear();
   resolve();
 }
@@ -174,11 +173,10 @@ void GpsdLink::disconnect() {
 void GpsdLink::fail(std::string why) {
   disconnect();
   failure_ = std::move(why);
-  const auto wait = std::chrono::duration<double>(wait_);
+  const std::chrono::duration<double> delay(delay_.afterFailure());
   nextAttempt_ = std::chrono::steady_clock::now() +
-                 std::chrono::duration_cast<std::chrono::steady_clock::duration>(wait);
-  timer_ = loop_.scheduleTimer(wait_, false, [this] { resolve(); });
-  wait_ = std::min(2 * wait_, intervals_.longestWait);
+                 std::chrono::duration_cast<std::chrono::steady_clock::duration>(delay);
+  timer_ = loop_.scheduleTimer(delay.count(), false, [this] { resolve(); });
   setStatus(Status::waiting);
 }
 

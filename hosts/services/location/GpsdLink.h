@@ -2,7 +2,7 @@
 // one that was restarted, and leaves one that has stopped talking. Nothing in it blocks.
 //
 // The daemon is asked for reports as soon as it is reached, at each of its addresses in turn. After
-// a failure the link waits, twice as long each time, until a report shows that it is worth it. A
+// a failure the link waits (RetryDelay), until a report shows that the daemon is worth it. A
 // daemon that is silent is asked for its version: one without a receiver answers, one that hangs
 // does not, and is left two to three ticks after its last word. So is one whose address does not
 // take the connection, and whatever else listens there but does not write as gpsd does.
@@ -17,6 +17,7 @@
 #include <vector>
 
 #include "hosts/loop/IoRunLoop.h"
+#include "hosts/services/RetryDelay.h"
 #include "hosts/services/location/GpsdAddress.h"
 #include "hosts/services/location/NameLookup.h"
 #include "hosts/text/LineBuffer.h"
@@ -25,8 +26,7 @@ namespace wayfell {
 
 /// Seconds.
 struct GpsdIntervals {
-  double firstWait = 1;     ///< before the second attempt to connect
-  double longestWait = 30;  ///< before any attempt
+  RetryDelays retry = {};  ///< before the next attempt to connect
   /// How often the link, and what comes over it, is looked after while it is up.
   double tick = 3;
   /// How long a fix may wait for those of its parts that gpsd reports late.
@@ -54,8 +54,8 @@ class GpsdLink {
   void open();
   /// Leaves no descriptor watched and no timer running, and calls no handler.
   void close();
-  /// What came over the link was worth it: the next wait is the first one again.
-  void prove() { wait_ = intervals_.firstWait; }
+  /// What came over the link was worth it: the next delay is the first one again.
+  void prove() { delay_.succeeded(); }
 
   Status status() const { return status_; }
   /// Why the last attempt failed, until one succeeds; empty when none has failed.
@@ -86,7 +86,7 @@ class GpsdLink {
   Status status_ = Status::closed;
   std::string failure_;
   std::chrono::steady_clock::time_point nextAttempt_;
-  double wait_;  // seconds, before the next attempt
+  RetryDelay delay_;
 
   std::unique_ptr<NameLookup> lookup_;
   std::vector<SocketAddress> addresses_;

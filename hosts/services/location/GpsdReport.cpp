@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <string_view>
 
+#include "hosts/services/location/FixAccuracy.h"
 #include "hosts/services/location/GpsdNotice.h"
 
 namespace wayfell {
@@ -14,8 +15,6 @@ namespace {
 // The daemon writes no longer lines.
 constexpr std::size_t kLongestReport = 10240;
 constexpr double kReferenceDate = 978307200;  // 2001-01-01 in Unix seconds
-
-constexpr double kUsualHeadingAccuracy = 5;  // degrees
 
 // Positions and attitudes hold no reports within them. Others are kept from libgps 3.22, which
 // never returns when it finds a class after something that it cannot read.

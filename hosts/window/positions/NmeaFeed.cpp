@@ -1,9 +1,9 @@
 #include "hosts/window/positions/NmeaFeed.h"
 
 #include <QTcpSocket>
-#include <algorithm>
 #include <utility>
 
+#include "hosts/services/location/FixAccuracy.h"
 #include "hosts/window/positions/DeviceFile.h"
 
 namespace wayfell {
@@ -11,8 +11,8 @@ namespace {
 
 constexpr std::chrono::seconds kLongestSilence{9};
 
-// Qt takes an accuracy of twice this times the dilution of precision: 5 m times it, as elsewhere.
-constexpr double kRangeError = 2.5;  // metres
+// Qt takes twice this times the dilution of precision for the accuracy.
+constexpr double kRangeError = kMetresPerDilution / 2;
 
 bool isRecent(const std::optional<std::chrono::steady_clock::time_point>& when) {
   return when && std::chrono::steady_clock::now() - *when < kLongestSilence;
@@ -20,17 +20,14 @@ bool isRecent(const std::optional<std::chrono::steady_clock::time_point>& when) 
 
 }  // namespace
 
-NmeaFeed::NmeaFeed(IoRunLoop& loop, std::string name, OpenDevice openDevice, const NmeaWaits& waits)
-    : loop_(loop),
-      name_(std::move(name)),
-      openDevice_(std::move(openDevice)),
-      waits_(waits),
-      wait_(waits.first) {}
+NmeaFeed::NmeaFeed(IoRunLoop& loop, std::string name, OpenDevice openDevice,
+                   const RetryDelays& delays)
+    : loop_(loop), name_(std::move(name)), openDevice_(std::move(openDevice)), delay_(delays) {}
 
 NmeaFeed::~NmeaFeed() { close(); }
 
 void NmeaFeed::open() {
-  wait_ = waits_.first;
+  delay_.succeeded();
   failure_.clear();
   begin();
 }
@@ -58,7 +55,7 @@ void NmeaFeed::begin() {
   QObject::connect(reader_.get(), &QGeoPositionInfoSource::positionUpdated, reader_.get(),
                    [this](const QGeoPositionInfo& position) {
                      lastPosition_ = Clock::now();
-                     wait_ = waits_.first;
+                     delay_.succeeded();
                      failure_.clear();
                      if (onPosition) onPosition(position);
                    });
@@ -68,11 +65,10 @@ void NmeaFeed::begin() {
 void NmeaFeed::fail(const std::string& reason) {
   end();
   failure_ = reason;
-  timer_ = loop_.scheduleTimer(wait_, false, [this] {
+  timer_ = loop_.scheduleTimer(delay_.afterFailure(), false, [this] {
     timer_.reset();
     begin();
   });
-  wait_ = std::min(2 * wait_, waits_.longest);
 }
 
 void NmeaFeed::end() {
@@ -90,7 +86,7 @@ std::string NmeaFeed::trouble() const {
 }
 
 std::unique_ptr<NmeaFeed> nmeaFromServer(IoRunLoop& loop, const std::string& host,
-                                         std::uint16_t port, const NmeaWaits& waits) {
+                                         std::uint16_t port, const RetryDelays& delays) {
   const auto open = [host, port](const NmeaFeed::Failed& failed) {
     auto socket = std::make_unique<QTcpSocket>();
     QTcpSocket* const each = socket.get();
@@ -101,15 +97,15 @@ std::unique_ptr<NmeaFeed> nmeaFromServer(IoRunLoop& loop, const std::string& hos
     return socket;
   };
   const std::string name = "NMEA from " + host + ":" + std::to_string(port);
-  return std::make_unique<NmeaFeed>(loop, name, open, waits);
+  return std::make_unique<NmeaFeed>(loop, name, open, delays);
 }
 
 std::unique_ptr<NmeaFeed> nmeaFromDevice(IoRunLoop& loop, const std::string& path,
-                                         const NmeaWaits& waits) {
+                                         const RetryDelays& delays) {
   const auto open = [&loop, path](const NmeaFeed::Failed& failed) {
     return DeviceFile::open(loop, path, failed);
   };
-  return std::make_unique<NmeaFeed>(loop, "NMEA from " + path, open, waits);
+  return std::make_unique<NmeaFeed>(loop, "NMEA from " + path, open, delays);
 }
 
 }  // namespace wayfell

@@ -1,6 +1,5 @@
 // NMEA 0183, as receivers speak it, over TCP or from a device file. The connection is kept up: what
-// is not there, or hangs up, is tried again, after a wait that doubles from one second to thirty
-// until a position has come.
+// is not there, or hangs up, is tried again (RetryDelay), soon once a position has come.
 #pragma once
 
 #include <QIODevice>
@@ -13,15 +12,10 @@
 #include <string>
 
 #include "hosts/loop/IoRunLoop.h"
+#include "hosts/services/RetryDelay.h"
 #include "hosts/window/positions/PositionFeed.h"
 
 namespace wayfell {
-
-/// Seconds.
-struct NmeaWaits {
-  double first = 1;
-  double longest = 30;
-};
 
 class NmeaFeed : public PositionFeed {
  public:
@@ -29,7 +23,8 @@ class NmeaFeed : public PositionFeed {
   /// Begins to open a device, which calls back once it has failed, now or later.
   using OpenDevice = std::function<std::unique_ptr<QIODevice>(const Failed& failed)>;
 
-  NmeaFeed(IoRunLoop& loop, std::string name, OpenDevice openDevice, const NmeaWaits& waits = {});
+  NmeaFeed(IoRunLoop& loop, std::string name, OpenDevice openDevice,
+           const RetryDelays& delays = {});
   ~NmeaFeed() override;
 
   void open() override;
@@ -47,8 +42,7 @@ class NmeaFeed : public PositionFeed {
   IoRunLoop& loop_;
   const std::string name_;
   const OpenDevice openDevice_;
-  const NmeaWaits waits_;
-  double wait_;
+  RetryDelay delay_;
   std::shared_ptr<bool> attempt_;  // outlived by what its device may still report
   std::unique_ptr<QIODevice> device_;
   std::unique_ptr<QNmeaPositionInfoSource> reader_;
@@ -60,10 +54,10 @@ class NmeaFeed : public PositionFeed {
 
 /// The host may be a name or an address.
 std::unique_ptr<NmeaFeed> nmeaFromServer(IoRunLoop& loop, const std::string& host,
-                                         std::uint16_t port, const NmeaWaits& waits = {});
+                                         std::uint16_t port, const RetryDelays& delays = {});
 /// A serial port is used at the speed that it is set to, and given back as it was. A file, as
 /// written by one who listens to a receiver, is read to its end.
 std::unique_ptr<NmeaFeed> nmeaFromDevice(IoRunLoop& loop, const std::string& path,
-                                         const NmeaWaits& waits = {});
+                                         const RetryDelays& delays = {});
 
 }  // namespace wayfell

@@ -4,11 +4,11 @@
 #include <QGeoCoordinate>
 #include <cmath>
 
+#include "hosts/services/location/FixAccuracy.h"
+
 namespace wayfell {
 namespace {
 
-constexpr double kUsualAccuracy = 5;          // metres, and degrees
-constexpr double kSlowest = 0.25;             // metres per second
 constexpr double kReferenceDate = 978307200;  // seconds since 1970
 constexpr double kMillisecondsToSecond = 1000;
 
@@ -36,7 +36,7 @@ std::optional<CLLocation> locationOf(const QGeoPositionInfo& info, NSDate now) {
   location.verticalAccuracy =
       hasAltitude ? attribute(info, QGeoPositionInfo::VerticalAccuracy, kUsualAccuracy) : -1;
   location.speed = attribute(info, QGeoPositionInfo::GroundSpeed, -1);
-  const bool stands = location.speed >= 0 && location.speed < kSlowest;
+  const bool stands = location.speed >= 0 && location.speed < kStandstill;
   location.course = stands ? -1 : attribute(info, QGeoPositionInfo::Direction, -1);
   location.timestamp = timeOf(info, now);
   return location;
@@ -47,7 +47,7 @@ CLHeading headingOf(double azimuth, double calibrationLevel, std::optional<doubl
   CLHeading heading;
   heading.magneticHeading = azimuth;
   if (variation) heading.trueHeading = std::fmod(azimuth + *variation + kTurn, kTurn);
-  heading.headingAccuracy = calibrationLevel > 0 ? kUsualAccuracy : -1;
+  heading.headingAccuracy = calibrationLevel > 0 ? kUsualHeadingAccuracy : -1;
   return heading;
 }
 

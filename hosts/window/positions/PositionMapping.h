@@ -1,6 +1,6 @@
 // What Qt tells of positions and of the compass, as the system takes it.
 //
-// Of a QGeoPositionInfo
+// In the location of a QGeoPositionInfo
 //   coordinate          is its latitude and longitude.
 //   altitude            is that of its coordinate, or else 0.
 //   horizontalAccuracy  is HorizontalAccuracy, or else -1: the system drops such a fix.
@@ -10,9 +10,9 @@
 //                       too, as it is noise.
 //   timestamp           is its own, or else now.
 // Accuracies come as the source means them: GeoClue's as they are; those of NMEA are 5 m times the
-// dilution of precision, as for recorded tracks (NmeaFeed).
+// dilution of precision, as for recorded tracks (NmeaFeed, FixAccuracy).
 //
-// Of a QCompassReading
+// In the heading of a QCompassReading
 //   magneticHeading     is its azimuth.
 //   trueHeading         is that and the variation which the last position told (MagneticVariation,
 //                       east positive), or else -1.

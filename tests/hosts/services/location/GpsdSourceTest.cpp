@@ -129,15 +129,15 @@ TEST_F(Gpsd, WaitsForADaemonThatIsNotThere) {
 
 TEST_F(Gpsd, WaitsLongerEachTimeUntilAReportComes) {
   GpsdIntervals intervals = kQuick;
-  intervals.firstWait = 0.05;
-  intervals.longestWait = 0.2;
+  intervals.retry.first = 0.05;
+  intervals.retry.longest = 0.2;
   GpsdSource patient(loop, host.loop, loopback(server.port()), intervals);
   std::vector<int> waits;  // in units of the first, up from what is left of them
   patient.onChange = [&] {
     if (patient.state().kind != Kind::waiting) return;
     const std::chrono::duration<double> left =
         patient.state().nextAttempt - std::chrono::steady_clock::now();
-    waits.push_back(static_cast<int>(std::ceil(left.count() / intervals.firstWait)));
+    waits.push_back(static_cast<int>(std::ceil(left.count() / intervals.retry.first)));
   };
   const auto connected = [&] { return patient.state().device == "/dev/a"; };
   const auto waiting = [&] { return patient.state().kind == Kind::waiting; };

@@ -94,8 +94,8 @@ TEST(RealGpsd, MayBeKilledAndStartedAgain) {
   LoopbackServer receiver(loop);
   const int port = freePort();
   GpsdIntervals intervals;
-  intervals.firstWait = 0.05;
-  intervals.longestWait = 0.1;
+  intervals.retry.first = 0.05;
+  intervals.retry.longest = 0.1;
   intervals.parts = 0.1;
   GpsdSource source(loop, host.loop, loopback(port), intervals);
   host.source = &source;

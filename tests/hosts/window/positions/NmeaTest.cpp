@@ -18,7 +18,7 @@ namespace {
 
 using testing::HasSubstr;
 
-constexpr NmeaWaits kQuickly = {.first = 0.02, .longest = 0.08};
+constexpr RetryDelays kQuickly = {.first = 0.02, .longest = 0.08};
 
 // With the checksum of the standard: all characters between "$" and "*", each or.
 std::string sentence(const std::string& text) {
