@@ -23,7 +23,7 @@ class LiveHost : public Host {
   LiveHost& operator=(const LiveHost&) = delete;
 
   RunLoop& runLoop() override { return loop_; }
-  Clock& clock() override { return clock_; }
+  Clock& clock() override { return systemClock(); }
   KeyValueStore* standardDefaults() override { return stores_.standardDefaults(); }
   KeyValueStore* sharedDefaults(std::string_view suiteName) override {
     return stores_.sharedDefaults(suiteName);
@@ -37,7 +37,6 @@ class LiveHost : public Host {
  private:
   IoRunLoop& loop_;
   LocationSource& source_;
-  SystemClock clock_;
   Stores stores_;
   std::unique_ptr<AttributedGeocoder> geocoder_;
   CatalogueTexts texts_;

@@ -5,9 +5,6 @@
 
 namespace wayfell {
 
-class SystemClock : public Clock {
- public:
-  NSDate now() const override;
-};
+Clock& systemClock();
 
 }  // namespace wayfell

@@ -1,17 +1,12 @@
 #include "hosts/replay/RecordingChoice.h"
 
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
-#include <cerrno>
 #include <cstddef>
-#include <cstring>
+#include <filesystem>
 #include <utility>
 
 #include "hosts/replay/Demo.h"
 #include "hosts/replay/Settings.h"
-#include "hosts/text/InputError.h"
+#include "hosts/text/TextWidth.h"
 
 namespace wayfell {
 namespace {
@@ -25,38 +20,19 @@ std::string RecordingChoice::name() const {
   return file == "-" ? "standard input" : file;
 }
 
-void RecordingChoice::applySettings(ReplayedWidget& widget) const {
-  for (const std::string& text : suite) {
-    try {
-      widget.apply(event::WriteSuite{settingOfText(text)});
-    } catch (const InputError& error) {
-      throw InputError(std::string("--suite: ") + error.what());
-    }
-  }
+std::string RecordingChoice::title() const {
+  if (demo) return "a walk nobody took";
+  if (file == "-") return "from standard input";
+  return printable(std::filesystem::path(file).filename().string());
+}
+
+void FirstSettings::writeTo(ReplayedWidget& widget) const {
+  for (const std::string& text : suite) widget.apply(event::WriteSuite{settingOfText(text)});
   for (const std::string& text : local) {
-    try {
-      event::WriteLocal write{settingOfText(text)};
-      makeAddressDate(write.settings);
-      widget.apply(write);
-    } catch (const InputError& error) {
-      throw InputError(std::string("--local: ") + error.what());
-    }
+    event::WriteLocal write{settingOfText(text)};
+    makeAddressDate(write.settings);
+    widget.apply(write);
   }
-}
-
-OpenFile::OpenFile(const std::string& path)
-    : descriptor_(path == "-" ? STDIN_FILENO
-                              : open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOCTTY)) {
-  if (descriptor_ < 0) throw InputError(std::string("cannot be opened: ") + std::strerror(errno));
-}
-
-OpenFile::~OpenFile() {
-  if (descriptor_ != STDIN_FILENO) close(descriptor_);
-}
-
-bool OpenFile::isOnDisk() const {
-  struct stat status = {};
-  return fstat(descriptor_, &status) == 0 && S_ISREG(status.st_mode);
 }
 
 ChosenRecording::ChosenRecording(const RecordingChoice& choice, Slow slow) {

@@ -8,35 +8,28 @@
 
 #include "hosts/replay/Recording.h"
 #include "hosts/replay/ReplayedWidget.h"
+#include "hosts/text/InputFile.h"
 
 namespace wayfell {
 
 struct RecordingChoice {
   std::string file;  ///< "-" for standard input; not used with the demo
   bool demo = false;
-  std::vector<std::string> suite;  ///< settings to begin with, "KEY=VALUE"
-  std::vector<std::string> local;
 
   bool isChosen() const { return demo || !file.empty(); }
   /// As complaints call the recording.
   std::string name() const;
-  /// Writes the settings. Throws InputError for what cannot be read.
-  void applySettings(ReplayedWidget& widget) const;
+  /// As the screen calls it, fit for a terminal.
+  std::string title() const;
 };
 
-class OpenFile {
- public:
-  /// "-" is standard input. Throws InputError.
-  explicit OpenFile(const std::string& path);
-  ~OpenFile();
-  OpenFile(const OpenFile&) = delete;
-  OpenFile& operator=(const OpenFile&) = delete;
+/// Settings that a recording begins with, each "KEY=VALUE" (settingOfText).
+struct FirstSettings {
+  std::vector<std::string> suite;
+  std::vector<std::string> local;
 
-  int descriptor() const { return descriptor_; }
-  bool isOnDisk() const;
-
- private:
-  int descriptor_;
+  /// Throws InputError for what is none.
+  void writeTo(ReplayedWidget& widget) const;
 };
 
 /// A chosen recording, open for as long as this lives.
@@ -54,7 +47,7 @@ class ChosenRecording {
   Recording& operator*() const { return *recording_; }
 
  private:
-  std::optional<OpenFile> file_;
+  std::optional<InputFile> file_;
   std::string text_;
   std::unique_ptr<Recording> recording_;
 };

@@ -1,8 +1,10 @@
-#include "hosts/terminal/AddressOptions.h"
+// addresses, as the command line has it.
+#include <memory>
 
-#include <CLI/CLI.hpp>
-
-#include "hosts/terminal/CommandHelp.h"
+#include "hosts/terminal/AddressFindCommand.h"
+#include "hosts/terminal/AddressImportCommand.h"
+#include "hosts/terminal/AddressServiceCommand.h"
+#include "hosts/terminal/Commands.h"
 
 namespace wayfell {
 namespace {
@@ -59,60 +61,74 @@ constexpr const char* kUseMore =
     "  wayfell addresses use nominatim --url http://localhost:8080 --yes\n"
     "Exit status: 0 done, 1 not agreed to or not saved, 2 the command line is wrong.";
 
+Command importOptions() {
+  const auto command = std::make_shared<AddressImportCommand>();
+  return {
+      .name = "import",
+      .help = kImportHelp,
+      .more = kImportMore,
+      .options = {{.name = "FILE",
+                   .help = "What to import",
+                   .target = &command->files,
+                   .listed = Listed::files,
+                   .isRequired = true},
+                  {.name = "--country",
+                   .help = "Two letters: where it is; if not said, after a path like us/ca/...",
+                   .target = &command->country,
+                   .value = "CC"},
+                  {.name = "--add", .help = "Keep what is in the book", .target = &command->add}},
+      .run = [command] { return runAddressImport(*command); }};
+}
+
+Command findOptions() {
+  const auto command = std::make_shared<AddressFindCommand>();
+  return {.name = "find",
+          .help = kFindHelp,
+          .more = kFindMore,
+          .options = {{.name = "LAT LON",
+                       .help = "Decimal degrees on WGS 84",
+                       .target = &command->input,
+                       .isRequired = true},
+                      {.name = "--online",
+                       .help = "Ask the server that was agreed to, instead of the book",
+                       .target = &command->online},
+                      {.name = "--json", .help = "Print a JSON object", .target = &command->json}},
+          .run = [command] { return runAddressFind(*command); }};
+}
+
+Command useOptions() {
+  const auto command = std::make_shared<AddressUseCommand>();
+  return {.name = "use",
+          .help = kUseHelp,
+          .more = kUseMore,
+          .options = {{.name = "SERVICE",
+                       .help = "book, nominatim or none",
+                       .target = &command->service,
+                       .words = {{"book", "addresses that were imported"},
+                                 {"nominatim", "a server over the network"},
+                                 {"none", "no addresses"}},
+                       .isRequired = true},
+                      {.name = "--url",
+                       .help = "Another server than the public one",
+                       .target = &command->url,
+                       .value = "URL"},
+                      {.name = "--yes",
+                       .help = "Agree that positions are sent to the server",
+                       .target = &command->agreed}},
+          .run = [command] { return runAddressUse(*command); }};
+}
+
 }  // namespace
 
-AddressOptions::AddressOptions(CLI::App& app) {
-  CLI::App& addresses = *addCommand(app, "addresses", kAddressesHelp, kAddressesMore);
-  addresses.require_subcommand(1);
-  addImport(addresses);
-  addFind(addresses);
-  addInfo(addresses);
-  addUse(addresses);
-}
-
-void AddressOptions::addImport(CLI::App& addresses) {
-  CLI::App* const command = addCommand(addresses, "import", kImportHelp, kImportMore);
-  importCommand_ = command;
-  command->add_option("FILE", import_.files, "What to import")->type_name("")->required();
-  command
-      ->add_option("--country", import_.country,
-                   "Two letters: where it is; if not said, after a path like us/ca/...")
-      ->type_name("CC");
-  command->add_flag("--add", import_.add, "Keep what is in the book");
-}
-
-void AddressOptions::addFind(CLI::App& addresses) {
-  CLI::App* const command = addCommand(addresses, "find", kFindHelp, kFindMore);
-  findCommand_ = command;
-  command->add_option("LAT LON", find_.input, "Decimal degrees on WGS 84")
-      ->type_name("")
-      ->required();
-  command->add_flag("--online", find_.online,
-                    "Ask the server that was agreed to, instead of the book");
-  command->add_flag("--json", find_.json, "Print a JSON object");
-}
-
-void AddressOptions::addInfo(CLI::App& addresses) {
-  infoCommand_ = addCommand(addresses, "info", kInfoHelp, kInfoMore);
-}
-
-void AddressOptions::addUse(CLI::App& addresses) {
-  CLI::App* const command = addCommand(addresses, "use", kUseHelp, kUseMore);
-  useCommand_ = command;
-  command->add_option("SERVICE", use_.service, "book, nominatim or none")
-      ->type_name("")
-      ->required()
-      ->check(oneOf<std::string>({"book", "nominatim", "none"}));
-  command->add_option("--url", use_.url, "Another server than the public one")->type_name("URL");
-  command->add_flag("--yes", use_.agreed, "Agree that positions are sent to the server");
-}
-
-std::optional<int> AddressOptions::run() const {
-  if (importCommand_->parsed()) return runAddressImport(import_);
-  if (findCommand_->parsed()) return runAddressFind(find_);
-  if (infoCommand_->parsed()) return runAddressInfo();
-  if (useCommand_->parsed()) return runAddressUse(use_);
-  return std::nullopt;
+Command addressesOptions() {
+  return {
+      .name = "addresses",
+      .help = kAddressesHelp,
+      .more = kAddressesMore,
+      .commands = {importOptions(),
+                   findOptions(),
+                   {.name = "info", .help = kInfoHelp, .more = kInfoMore, .run = runAddressInfo},
+                   useOptions()}};
 }
 
 }  // namespace wayfell

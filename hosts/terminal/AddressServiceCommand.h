@@ -14,8 +14,8 @@ struct AddressUseCommand {
 };
 
 /// Stores the choice in the widget's own settings. Asks for consent on the terminal where the
-/// position is to be sent to somebody. Returns the status to exit with (see Output.h): kBadInput
-/// when the user does not agree, kBadUsage when nobody can be asked.
+/// position is to be sent to somebody. Returns the status to exit with (see ExitStatus.h):
+/// kBadInput when the user does not agree, kBadUsage when nobody can be asked.
 int runAddressUse(const AddressUseCommand& command);
 
 /// Prints what there is, which may be nothing.

@@ -24,7 +24,7 @@ struct ConvertCommand {
 };
 
 /// Prints on standard output, errors and notes on standard error. Returns the status to exit with
-/// (see Output.h).
+/// (see ExitStatus.h).
 int runConvert(const ConvertCommand& command);
 
 }  // namespace wayfell

@@ -9,8 +9,6 @@
 #include <limits>
 #include <string>
 
-#include "hosts/text/TextWidth.h"
-
 namespace wayfell {
 
 bool Output::readerGone() const { return error_ == EPIPE; }
@@ -43,18 +41,6 @@ int outputColumns() {
   winsize size{};
   const bool known = ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0;
   return known ? size.ws_col : kUsual;
-}
-
-void complain(std::string_view what) {
-  std::fprintf(stderr, "wayfell: %s\n", printable(what).c_str());
-}
-
-void complainMore(std::string_view what) {
-  std::fprintf(stderr, "  %s\n", printable(what).c_str());
-}
-
-void remark(std::string_view what) {
-  if (isatty(STDERR_FILENO) != 0) complain(what);
 }
 
 }  // namespace wayfell

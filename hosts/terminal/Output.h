@@ -1,14 +1,12 @@
-// What every command leaves behind: results on standard output, complaints on standard error, and
-// a status to exit with.
+// What every command leaves behind on standard output.
 #pragma once
 
 #include <string_view>
 
-namespace wayfell {
+#include "hosts/commandline/Complaint.h"
+#include "hosts/commandline/ExitStatus.h"
 
-inline constexpr int kDone = 0;
-inline constexpr int kBadInput = 1;
-inline constexpr int kBadUsage = 2;
+namespace wayfell {
 
 /// Standard output. Errors are kept; nothing is written after the first.
 class Output {
@@ -31,12 +29,5 @@ class Output {
 bool outputIsTerminal();
 /// Of the terminal that standard output is; without end if it is none.
 int outputColumns();
-
-/// Prints "wayfell: " and a text, made fit for a terminal, on standard error.
-void complain(std::string_view what);
-/// Likewise a line that goes on with what was complained about.
-void complainMore(std::string_view what);
-/// Prints a text in the same way, if standard error is a terminal: scripts need not hear it.
-void remark(std::string_view what);
 
 }  // namespace wayfell

@@ -49,7 +49,11 @@ void play(const ReplayCommand& command, const std::string& name, Recording& reco
   }).play(recording, widget);
 }
 
-int playAll(const ReplayCommand& command, ReplayedWidget& widget) {
+}  // namespace
+
+int runReplay(const ReplayCommand& command) {
+  ReplayedWidget widget;
+  command.settings.writeTo(widget);
   const std::string name = command.recording.name();
   Output output;
   int status = kDone;
@@ -62,19 +66,6 @@ int playAll(const ReplayCommand& command, ReplayedWidget& widget) {
     status = kBadInput;
   }
   return output.finish(status);
-}
-
-}  // namespace
-
-int runReplay(const ReplayCommand& command) {
-  ReplayedWidget widget;
-  try {
-    command.recording.applySettings(widget);
-  } catch (const InputError& error) {
-    complain(error.what());
-    return kBadUsage;
-  }
-  return playAll(command, widget);
 }
 
 }  // namespace wayfell

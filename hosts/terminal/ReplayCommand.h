@@ -11,12 +11,13 @@ namespace wayfell {
 /// What the command line asks for.
 struct ReplayCommand {
   RecordingChoice recording;
+  FirstSettings settings;
   std::optional<double> every;  ///< seconds
   bool text = false;
 };
 
 /// Prints on standard output, errors and notes on standard error. Returns the status to exit with
-/// (see Output.h).
+/// (see ExitStatus.h).
 int runReplay(const ReplayCommand& command);
 
 }  // namespace wayfell

@@ -23,7 +23,7 @@ struct SettingsCommand {
 };
 
 /// Prints on standard output, errors and notes on standard error. Returns the status to exit with
-/// (see Output.h).
+/// (see ExitStatus.h).
 int runSettings(const SettingsCommand& command);
 
 }  // namespace wayfell

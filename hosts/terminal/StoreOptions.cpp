@@ -1,9 +1,12 @@
-#include "hosts/terminal/StoreOptions.h"
+// settings, waypoint and track, as the command line has them.
+#include <algorithm>
+#include <memory>
 
-#include <string>
-#include <vector>
-
-#include "hosts/terminal/CommandHelp.h"
+#include "hosts/terminal/Commands.h"
+#include "hosts/settings/KnownSettings.h"
+#include "hosts/terminal/SettingsCommand.h"
+#include "hosts/terminal/TrackCommand.h"
+#include "hosts/terminal/WaypointCommand.h"
 
 namespace wayfell {
 namespace {
@@ -60,115 +63,135 @@ constexpr const char* kTrackMore =
     "Exit status: 0 done, 1 a figure is bad or was not saved, 2 the command line is\n"
     "wrong.";
 
-// Of a command: one of the things that it does. `action` becomes `value` when it is asked for.
-template <class Action>
-CLI::App* addAction(CLI::App& command, const char* name, const char* help, Action& action,
-                    Action value) {
-  CLI::App* const added = addCommand(command, name, help);
-  added->parse_complete_callback([&action, value] { action = value; });
-  return added;
+// One of the things that a command does.
+template <class Asked, class Run>
+Command action(const char* name, const char* help, const std::shared_ptr<Asked>& command,
+               typename Asked::Action asked, Run run, std::vector<Option> options) {
+  return {.name = name, .help = help, .options = std::move(options), .run = [command, asked, run] {
+            command->action = asked;
+            return run(*command);
+          }};
+}
+
+bool holds(const std::vector<std::string>& words, const char* word) {
+  return std::find(words.begin(), words.end(), word) != words.end();
+}
+
+// "metres of the track", or else what its numbers mean: "0 imperial, 1 metric, 2 nautical".
+std::string aboutOf(const KnownSetting& setting) {
+  if (!setting.about.empty()) return std::string(setting.about);
+  std::string about;
+  for (std::size_t i = 0; i < setting.numbers.size() && !setting.numbers[i].empty(); ++i) {
+    about += (i == 0 ? "" : ", ") + std::to_string(i) + ' ' + std::string(setting.numbers[i]);
+  }
+  return about;
+}
+
+Words keysAfter(const std::vector<std::string>& before) {
+  Words keys;
+  for (const KnownSetting& setting : knownSettings()) {
+    if (setting.read == KnownSetting::Read::own && !holds(before, "--local")) continue;
+    keys.push_back({std::string(setting.key), aboutOf(setting)});
+  }
+  return keys;
+}
+
+Words typeNames() {
+  Words names;
+  for (const char* name :
+       {"boolean", "integer", "real", "text", "date", "data", "list", "dictionary"}) {
+    names.push_back({name, ""});
+  }
+  return names;
 }
 
 }  // namespace
 
-StoreOptions::StoreOptions(CLI::App& app) {
-  addSettings(app);
-  addWaypoint(app);
-  addTrack(app);
-}
-
-void StoreOptions::addSettings(CLI::App& app) {
+Command settingsOptions() {
   using Action = SettingsCommand::Action;
-  CLI::App& command = *addCommand(app, "settings", kSettingsHelp, kSettingsMore);
-  command.require_subcommand(1);
-  settingsCommand_ = &command;
-  command.fallthrough();
-  const auto addStore = [&](const char* name, const char* help, StoreChoice choice) {
-    return command.add_flag_callback(
-        name, [this, choice] { settings_.store = choice; }, help);
+  const auto command = std::make_shared<SettingsCommand>();
+  const auto store = [&command](const char* name, const char* help, StoreChoice choice) {
+    return Option{
+        .name = name, .help = help, .target = [command, choice] { command->store = choice; }};
   };
-  CLI::Option* const suite = addStore(
-      "--suite", "Those that the app shares with the widget (if none)", StoreChoice::suite);
-  CLI::Option* const local = addStore("--local", "The widget's own", StoreChoice::local);
-  CLI::Option* const cloud =
-      addStore("--cloud", "Those of the cloud, which are only read", StoreChoice::cloud);
-  // The library's own way of saying so takes half of the help.
-  command.callback([suite, local, cloud] {
-    if (suite->count() + local->count() + cloud->count() > 1) {
-      throw CLI::ValidationError("settings",
-                                 "only one of --suite, --local and --cloud can be meant");
-    }
-  });
-
-  const auto add = [&](const char* name, const char* help, Action action) {
-    return addAction(command, name, help, settings_.action, action);
-  };
-  CLI::App* const list = add("list", "Print all of them: key, type and value", Action::list);
-  CLI::App* const get = add("get", "Print the value of one", Action::get);
-  CLI::App* const set = add("set", "Write one", Action::set);
-  CLI::App* const unset = add("unset", "Remove one", Action::unset);
-  for (CLI::App* const action : {get, set, unset}) {
-    action->add_option("KEY", settings_.key)->required()->type_name("");
-  }
-  for (CLI::App* const action : {list, get}) {
-    addJson(*action, settings_.json);
-  }
-  set->add_option("VALUE", settings_.value)->required()->type_name("");
-  set->add_option("--type", settings_.type,
-                  "boolean, integer, real, text, date, data, list or dictionary")
-      ->type_name("TYPE")
-      ->check(oneOf<std::string>(
-          {"boolean", "integer", "real", "text", "date", "data", "list", "dictionary"}));
-  set->footer(kSetMore);
+  const Option key = {
+      .name = "KEY", .help = "", .target = &command->key, .offered = keysAfter, .isRequired = true};
+  const Option json = jsonOption(command->json);
+  Command set =
+      action("set", "Write one", command, Action::set, runSettings,
+             {key,
+              {.name = "VALUE", .help = "", .target = &command->value, .isRequired = true},
+              {.name = "--type",
+               .help = "boolean, integer, real, text, date, data, list or dictionary",
+               .target = &command->type,
+               .value = "TYPE",
+               .words = typeNames()}});
+  set.more = kSetMore;
+  return {
+      .name = "settings",
+      .help = kSettingsHelp,
+      .more = kSettingsMore,
+      .options = {store("--suite", "Those that the app shares with the widget (if none)",
+                        StoreChoice::suite),
+                  store("--local", "The widget's own", StoreChoice::local),
+                  store("--cloud", "Those of the cloud, which are only read", StoreChoice::cloud)},
+      .commands = {action("list", "Print all of them: key, type and value", command, Action::list,
+                          runSettings, {json}),
+                   action("get", "Print the value of one", command, Action::get, runSettings,
+                          {key, json}),
+                   set, action("unset", "Remove one", command, Action::unset, runSettings, {key})},
+      .sharesOptions = true,
+      .alternatives = {"--suite", "--local", "--cloud"}};
 }
 
-void StoreOptions::addWaypoint(CLI::App& app) {
+Command waypointOptions() {
   using Action = WaypointCommand::Action;
-  CLI::App& command = *addCommand(app, "waypoint", kWaypointHelp, kWaypointMore);
-  command.require_subcommand(1);
-  waypointCommand_ = &command;
-  const auto add = [&](const char* name, const char* help, Action action) {
-    return addAction(command, name, help, waypoint_.action, action);
-  };
-  CLI::App* const set = add("set", "Set it to a position, or to a waypoint of a file", Action::set);
-  auto* const position =
-      set->add_option("LAT LON", waypoint_.position, "Decimal degrees on WGS 84")->type_name("");
-  auto* const gpx = set->add_option("--gpx", waypoint_.gpx, "A file with it; - is standard input")
-                        ->type_name("FILE")
-                        ->excludes(position);
-  set->add_option("--name", waypoint_.name, "Which one of the file; not needed for the only one")
-      ->type_name("NAME")
-      ->needs(gpx);
-  CLI::App* const show =
-      add("show", "Print its position, in the format of the panel", Action::show);
-  show->add_flag("--json", waypoint_.json, "Print a JSON object with numbers instead");
-  add("clear", "Have none any more", Action::clear);
+  const auto command = std::make_shared<WaypointCommand>();
+  return {
+      .name = "waypoint",
+      .help = kWaypointHelp,
+      .more = kWaypointMore,
+      .commands = {action("set", "Set it to a position, or to a waypoint of a file", command,
+                          Action::set, runWaypoint,
+                          {{.name = "LAT LON",
+                            .help = "Decimal degrees on WGS 84",
+                            .target = &command->position},
+                           {.name = "--gpx",
+                            .help = "A file with it; - is standard input",
+                            .target = &command->gpx,
+                            .value = "FILE",
+                            .listed = Listed::files,
+                            .excludes = {"LAT LON"}},
+                           {.name = "--name",
+                            .help = "Which one of the file; not needed for the only one",
+                            .target = &command->name,
+                            .value = "NAME",
+                            .needs = {"--gpx"}}}),
+                   action("show", "Print its position, in the format of the panel", command,
+                          Action::show, runWaypoint,
+                          {{.name = "--json",
+                            .help = "Print a JSON object with numbers instead",
+                            .target = &command->json}}),
+                   action("clear", "Have none any more", command, Action::clear, runWaypoint, {})}};
 }
 
-void StoreOptions::addTrack(CLI::App& app) {
+Command trackOptions() {
   using Action = TrackCommand::Action;
-  CLI::App& command = *addCommand(app, "track", kTrackHelp, kTrackMore);
-  command.require_subcommand(1);
-  trackCommand_ = &command;
-  const auto add = [&](const char* name, const char* help, Action action) {
-    return addAction(command, name, help, track_.action, action);
-  };
-  CLI::App* const publish =
-      add("publish", "Write distance and time, both at once", Action::publish);
-  publish->add_option("DISTANCE", track_.distance, "Metres, or with a unit: 1.2km, 3mi, 2nm, 500ft")
-      ->required()
-      ->type_name("");
-  publish->add_option("TIME", track_.time, "Seconds, or MM:SS, or H:MM:SS")
-      ->required()
-      ->type_name("");
-  add("clear", "Remove both", Action::clear);
-}
-
-std::optional<int> StoreOptions::run() const {
-  if (settingsCommand_->parsed()) return runSettings(settings_);
-  if (waypointCommand_->parsed()) return runWaypoint(waypoint_);
-  if (trackCommand_->parsed()) return runTrack(track_);
-  return std::nullopt;
+  const auto command = std::make_shared<TrackCommand>();
+  return {.name = "track",
+          .help = kTrackHelp,
+          .more = kTrackMore,
+          .commands = {action("publish", "Write distance and time, both at once", command,
+                              Action::publish, runTrack,
+                              {{.name = "DISTANCE",
+                                .help = "Metres, or with a unit: 1.2km, 3mi, 2nm, 500ft",
+                                .target = &command->distance,
+                                .isRequired = true},
+                               {.name = "TIME",
+                                .help = "Seconds, or MM:SS, or H:MM:SS",
+                                .target = &command->time,
+                                .isRequired = true}}),
+                       action("clear", "Remove both", command, Action::clear, runTrack, {})}};
 }
 
 }  // namespace wayfell

@@ -1,11 +1,15 @@
-#include "hosts/terminal/ToolOptions.h"
-
+// convert, distance and datums, as the command line has them.
 #include <algorithm>
-#include <string>
-#include <vector>
+#include <array>
+#include <iterator>
+#include <memory>
 
+#include "datums/Catalogue.h"
 #include "hosts/places/PositionText.h"
-#include "hosts/terminal/CommandHelp.h"
+#include "hosts/terminal/Commands.h"
+#include "hosts/terminal/ConvertCommand.h"
+#include "hosts/terminal/DatumsCommand.h"
+#include "hosts/terminal/DistanceCommand.h"
 
 namespace wayfell {
 namespace {
@@ -56,71 +60,98 @@ constexpr const char* kDatumsMore =
     "  wayfell datums --names krassovsky\n"
     "Exit status: 0 done, 1 nothing is found, 2 the command line is wrong.";
 
+constexpr std::array kUnits = {"imperial", "metric", "nautical"};
+
+Words datumNames() {
+  Words names;
+  for (const CatalogueDatum& datum : kDatums) names.push_back({std::string(datum.name), ""});
+  return names;
+}
+
 }  // namespace
 
-ToolOptions::ToolOptions(CLI::App& app) {
-  addConvert(app);
-  addDistance(app);
-  addDatums(app);
+Option jsonOption(bool& json) {
+  return {.name = "--json", .help = "Print one JSON object a line", .target = &json};
 }
 
-void ToolOptions::addConvert(CLI::App& app) {
-  CLI::App* const command = addCommand(app, "convert", kConvertHelp, kConvertMore);
-  convertCommand_ = command;
-  std::vector<std::string> formats(kPositionFormats.begin(), kPositionFormats.end());
-  formats.emplace_back("all");
-  command->add_option("LAT LON", convert_.input, "Positions, or references with --from")
-      ->type_name("");
-  command->add_option("--to", convert_.to, "Format: dec, dm, dms, mgrs, utm or all (if none)")
-      ->type_name("FORMAT")
-      ->check(oneOf(formats));
-  command->add_option("--from", convert_.from, "Read references instead: utm or mgrs")
-      ->type_name("FORMAT")
-      ->check(oneOf<std::string>({"utm", "mgrs"}));
-  command->add_option("--datum", convert_.datum, "Datum of texts and references; WGS 84 if none")
-      ->type_name("NAME");
-  command->add_option("--utm-type", convert_.utmType, "Letters: 0 hemispheres (if none), 1 bands")
-      ->type_name("TYPE")
-      ->check(oneOf<int>({0, 1}));
-  addJson(*command, convert_.json);
+Command convertOptions() {
+  const auto command = std::make_shared<ConvertCommand>();
+  Words formats;
+  for (const auto& format : kPositionFormats) formats.push_back({std::string(format), ""});
+  formats.push_back({"all", ""});
+  return {.name = "convert",
+          .help = kConvertHelp,
+          .more = kConvertMore,
+          .options = {{.name = "LAT LON",
+                       .help = "Positions, or references with --from",
+                       .target = &command->input},
+                      {.name = "--to",
+                       .help = "Format: dec, dm, dms, mgrs, utm or all (if none)",
+                       .target = &command->to,
+                       .value = "FORMAT",
+                       .words = formats},
+                      {.name = "--from",
+                       .help = "Read references instead: utm or mgrs",
+                       .target = &command->from,
+                       .value = "FORMAT",
+                       .words = {{"utm", ""}, {"mgrs", ""}}},
+                      {.name = "--datum",
+                       .help = "Datum of texts and references; WGS 84 if none",
+                       .target = &command->datum,
+                       .value = "NAME",
+                       .offered = [](const auto& /*before*/) { return datumNames(); }},
+                      {.name = "--utm-type",
+                       .help = "Letters: 0 hemispheres (if none), 1 bands",
+                       .target = &command->utmType,
+                       .value = "TYPE",
+                       .words = {{"0", "hemispheres"}, {"1", "latitude bands"}}},
+                      jsonOption(command->json)},
+          .run = [command] { return runConvert(*command); }};
 }
 
-void ToolOptions::addDistance(CLI::App& app) {
-  CLI::App* const command = addCommand(app, "distance", kDistanceHelp, kDistanceMore);
-  distanceCommand_ = command;
-  const std::vector<std::string> units = {"imperial", "metric", "nautical"};
-  command->add_option("LAT LON", distance_.input, "Two positions, or one to start from")
-      ->type_name("");
-  command->add_option("--bearing", distance_.bearing, "Degrees clockwise from north")
-      ->type_name("DEGREES");
-  command->add_option("--distance", distance_.distance, "How far to go")->type_name("METRES");
-  command
-      ->add_option_function<std::string>(
-          "--units",
-          [this, units](const std::string& name) {
-            distance_.units =
-                static_cast<int>(std::find(units.begin(), units.end(), name) - units.begin());
-          },
-          "imperial, metric (if none) or nautical")
-      ->type_name("UNITS")
-      ->check(oneOf(units));
-  command->add_flag("--mils", distance_.mils, "Show the bearing in mils, 6400 to the circle");
-  addJson(*command, distance_.json);
+Command distanceOptions() {
+  const auto command = std::make_shared<DistanceCommand>();
+  const auto takeUnits = [command](const std::string& name) {
+    const auto* const found = std::find(kUnits.begin(), kUnits.end(), name);
+    command->units = static_cast<int>(std::distance(kUnits.begin(), found));
+  };
+  return {.name = "distance",
+          .help = kDistanceHelp,
+          .more = kDistanceMore,
+          .options = {{.name = "LAT LON",
+                       .help = "Two positions, or one to start from",
+                       .target = &command->input},
+                      {.name = "--bearing",
+                       .help = "Degrees clockwise from north",
+                       .target = &command->bearing,
+                       .value = "DEGREES"},
+                      {.name = "--distance",
+                       .help = "How far to go",
+                       .target = &command->distance,
+                       .value = "METRES"},
+                      {.name = "--units",
+                       .help = "imperial, metric (if none) or nautical",
+                       .target = takeUnits,
+                       .value = "UNITS",
+                       .words = {{kUnits[0], ""}, {kUnits[1], ""}, {kUnits[2], ""}}},
+                      {.name = "--mils",
+                       .help = "Show the bearing in mils, 6400 to the circle",
+                       .target = &command->mils},
+                      jsonOption(command->json)},
+          .run = [command] { return runDistance(*command); }};
 }
 
-void ToolOptions::addDatums(CLI::App& app) {
-  CLI::App* const command = addCommand(app, "datums", kDatumsHelp, kDatumsMore);
-  datumsCommand_ = command;
-  command->add_option("WORDS", datums_.words, "What to look for")->type_name("");
-  command->add_flag("--names", datums_.names, "Print names only, one a line (not with --json)");
-  addJson(*command, datums_.json);
-}
-
-std::optional<int> ToolOptions::run() const {
-  if (convertCommand_->parsed()) return runConvert(convert_);
-  if (distanceCommand_->parsed()) return runDistance(distance_);
-  if (datumsCommand_->parsed()) return runDatums(datums_);
-  return std::nullopt;
+Command datumsOptions() {
+  const auto command = std::make_shared<DatumsCommand>();
+  return {.name = "datums",
+          .help = kDatumsHelp,
+          .more = kDatumsMore,
+          .options = {{.name = "WORDS", .help = "What to look for", .target = &command->words},
+                      {.name = "--names",
+                       .help = "Print names only, one a line (not with --json)",
+                       .target = &command->names},
+                      jsonOption(command->json)},
+          .run = [command] { return runDatums(*command); }};
 }
 
 }  // namespace wayfell

@@ -15,7 +15,7 @@ struct TrackCommand {
   std::string time;      ///< seconds, or "MM:SS", or "H:MM:SS"
 };
 
-/// Errors go to standard error. Returns the status to exit with (see Output.h).
+/// Errors go to standard error. Returns the status to exit with (see ExitStatus.h).
 int runTrack(const TrackCommand& command);
 
 }  // namespace wayfell

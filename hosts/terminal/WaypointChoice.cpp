@@ -8,11 +8,11 @@
 
 #include "hosts/places/PositionText.h"
 #include "hosts/replay/GpxRecording.h"
-#include "hosts/replay/RecordingChoice.h"
 #include "hosts/terminal/Output.h"
 #include "hosts/text/FoldedText.h"
 #include "hosts/text/InputBytes.h"
 #include "hosts/text/InputError.h"
+#include "hosts/text/InputFile.h"
 #include "hosts/text/TextScanner.h"
 
 namespace wayfell {
@@ -21,7 +21,7 @@ namespace {
 using Waypoints = std::vector<GpxWaypoint>;
 
 Waypoints waypointsIn(const std::string& file) {
-  const OpenFile open(file);
+  const InputFile open(file);
   Waypoints waypoints = waypointsOfGpx(
       InputBytes(bytesOfFile(open.descriptor())).readAll(GpxRecording::kLongestFile));
   if (waypoints.empty()) throw InputError("no waypoints in the GPX file");

@@ -20,7 +20,7 @@ struct WaypointCommand {
 };
 
 /// Prints on standard output, errors and notes on standard error. Returns the status to exit with
-/// (see Output.h).
+/// (see ExitStatus.h).
 int runWaypoint(const WaypointCommand& command);
 
 }  // namespace wayfell

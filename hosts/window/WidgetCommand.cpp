@@ -4,9 +4,10 @@
 #include <QGuiApplication>
 #include <QLocale>
 #include <QLoggingCategory>
-#include <cstdio>
 #include <utility>
 
+#include "hosts/commandline/Complaint.h"
+#include "hosts/commandline/ExitStatus.h"
 #include "hosts/places/PositionText.h"
 #include "hosts/services/stores/StorePaths.h"
 #include "hosts/services/stores/Stores.h"
@@ -48,13 +49,6 @@ class DrawingWithoutDriver {
 double desktopFontScale() {
   constexpr double kUsualPixels = 15;
   return QFontInfo(QGuiApplication::font()).pixelSize() / kUsualPixels;
-}
-
-// As complaints begin that are about a recording.
-std::string nameOf(const SourceChoice& choice) {
-  const auto* const replay = std::get_if<source::Replay>(&choice);
-  if (!replay) return "";
-  return (replay->file == "-" ? "standard input" : replay->file) + ": ";
 }
 
 // As the texts are: in a language without a catalogue they are English.
@@ -122,11 +116,7 @@ void show(QtRunLoop& loop, Stage& stage, const WidgetCommand& command, WindowMem
 
 }  // namespace
 
-void complain(const std::string& what) {
-  std::fprintf(stderr, "wayfell-widget: %s\n", what.c_str());
-}
-
-int runWidget(const WidgetCommand& command) {
+int runWidget(const Sources& sources, const WidgetCommand& command) {
   const auto display = connectToDisplay();
   if (!display) {
     complain("no display answers; in a terminal, \"wayfell today\" shows the panel");
@@ -145,14 +135,11 @@ int runWidget(const WidgetCommand& command) {
   const Warn warn = [&notices](const std::string& sentence) { notices.warn(sentence); };
   Stores stores([&loop] { return loop.turn(); }, warn);
   WindowMemory memory(stores.standardDefaults());
-  try {
-    const auto stage = openStage(loop, command.stage, warn);
-    show(loop, *stage, command, memory, notices, drawing);
-    if (const auto fault = stage->scene().fault()) throw InputError(*fault);
-  } catch (const InputError& error) {
-    complain(nameOf(command.stage.source) + error.what());
-    return kBadInput;
-  }
+  const OpenedSource opened = openSource(loop, sources, command.source, warn);
+  if (opened.missing) warn(*opened.missing);
+  if (opened.note) warn(*opened.note);
+  show(loop, *opened.stage, command, memory, notices, drawing);
+  if (const auto fault = opened.stage->fault()) throw InputError(*fault);
   return kDone;
 }
 

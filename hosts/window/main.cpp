@@ -1,21 +1,17 @@
-// The command line of wayfell-widget.
-
-#include <CLI/CLI.hpp>
+// The program wayfell-widget and its command line.
 #include <algorithm>
-#include <csignal>
-#include <exception>
 #include <memory>
 #include <string>
-#include <vector>
 
+#include "hosts/commandline/ExitStatus.h"
+#include "hosts/live/SourceOptions.h"
 #include "hosts/places/PositionText.h"
-#include "hosts/scene/Playback.h"
 #include "hosts/window/Display.h"
 #include "hosts/window/WidgetCommand.h"
+#include "hosts/window/WindowSources.h"
 
+namespace wayfell {
 namespace {
-
-constexpr const char* kVersion = "wayfell-widget " WAYFELL_VERSION;
 
 constexpr const char* kHelp =
     "Shows the panel in a small window: position, speed, heading, waypoint and track.";
@@ -45,124 +41,80 @@ constexpr const char* kMore =
     "Exit status: 0 done, 1 the input is bad or no display answers, 2 the command line is\n"
     "wrong.";
 
-template <class Value>
-CLI::Validator oneOf(const std::vector<Value>& values) {
-  CLI::Validator validator = CLI::IsMember(values);
-  validator.description("");
-  return validator;
+constexpr std::size_t kOptionColumns = 26;
+
+bool isFontScale(double scale) { return scale >= 1 && scale <= PanelStyle::kGreatestFontScale; }
+
+template <class Names>
+Words wordsOf(const Names& names) {
+  Words words;
+  for (const auto& name : names) words.push_back({std::string(name), ""});
+  return words;
 }
 
-std::string checkSource(const std::string& text) {
-  if (wayfell::sourceChoiceOf(text)) return "";
-  return "expected auto, gpsd[=HOST:PORT], geoclue, nmea=DEVICE, nmea=HOST:PORT, replay=FILE or "
-         "demo";
+// The texts are copied as they are shown unless a format is named.
+std::optional<std::size_t> copyFormatOf(const std::string& name) {
+  const auto* const found = std::find(kPositionFormats.begin(), kPositionFormats.end(), name);
+  if (found == kPositionFormats.end()) return std::nullopt;
+  return static_cast<std::size_t>(found - kPositionFormats.begin());
 }
 
-std::string checkRate(const std::string& text) {
-  double rate = 0;
-  const bool number = CLI::detail::lexical_cast(text, rate);
-  using wayfell::Playback;
-  if (number && (rate == 0 || (rate >= Playback::kSlowest && rate <= Playback::kFastest))) {
-    return "";
-  }
-  return "expected a rate from 0.1 to 1000, or 0 to start in a pause";
+std::vector<Option> lookOptions(WidgetCommand& command) {
+  Words formats = wordsOf(kPositionFormats);
+  formats.push_back({"shown", ""});
+  return {
+      {.name = "--always-on-top",
+       .help = "Keep the window above others",
+       .target = &command.window.alwaysOnTop},
+      {.name = "--theme",
+       .help = "Look: dark, light, sunlight (greatest contrast) or auto (as the desktop); the last "
+               "one if none",
+       .target = &command.theme,
+       .value = "NAME",
+       .words = wordsOf(kThemes)},
+      {.name = "--opaque", .help = "Let nothing shine through", .target = &command.window.opaque},
+      {.name = "--font-scale",
+       .help = "Size of the texts, 1 to 2; the desktop's if none",
+       .target = &command.fontScale,
+       .value = "N",
+       .check = numberThat(isFontScale, "expected a size from 1 to 2")},
+      {.name = "--still",
+       .help = "Turn the compass without moving pictures",
+       .target = &command.still},
+      {.name = "--copy-format",
+       .help = "How the position is copied: dec, dm, dms, mgrs, utm or shown (if none)",
+       .target = [&command](const std::string& name) { command.copyFormat = copyFormatOf(name); },
+       .value = "FORMAT",
+       .words = formats}};
 }
 
-void addRecording(CLI::App& app, wayfell::StageWishes& stage) {
-  app.add_option("--rate", stage.rate,
-                 "Recorded seconds to a real one, 0.1 to 1000; 0 starts in a pause")
-      ->type_name("N")
-      ->check(checkRate);
-  app.add_option("--suite", stage.recording.suite,
-                 "Set a value of the shared settings first, for a recording; a JSON number, true "
-                 "or false keeps its type, all else is text (repeatable)")
-      ->type_name("KEY=VALUE")
-      ->allow_extra_args(false);
-  app.add_option("--local", stage.recording.local, "Likewise of the widget's own settings")
-      ->type_name("KEY=VALUE")
-      ->allow_extra_args(false);
-  // For tests: what the recording's snapshots show.
-  app.add_option("--snapshots", stage.snapshots)->group("");
-}
-
-void addLook(CLI::App& app, wayfell::WidgetCommand& command) {
-  app.add_flag("--always-on-top", command.window.alwaysOnTop, "Keep the window above others");
-  app.add_option("--theme", command.theme,
-                 "Look: dark, light, sunlight (greatest contrast) or auto (as the desktop); the "
-                 "last one if none")
-      ->type_name("NAME")
-      ->check(oneOf(std::vector<std::string>(wayfell::kThemes.begin(), wayfell::kThemes.end())));
-  app.add_flag("--opaque", command.window.opaque, "Let nothing shine through");
-  app.add_option("--font-scale", command.fontScale,
-                 "Size of the texts, 1 to 2; the desktop's if none")
-      ->type_name("N")
-      ->check(CLI::Range(1.0, wayfell::PanelStyle::kGreatestFontScale).description(""));
-  app.add_flag("--still", command.still, "Turn the compass without moving pictures");
-}
-
-void addCopyFormat(CLI::App& app, wayfell::WidgetCommand& command) {
-  using wayfell::kPositionFormats;
-  std::vector<std::string> formats(kPositionFormats.begin(), kPositionFormats.end());
-  formats.emplace_back("shown");
-  app.add_option_function<std::string>(
-         "--copy-format",
-         [&command](const std::string& name) {
-           const auto* const found =
-               std::find(kPositionFormats.begin(), kPositionFormats.end(), name);
-           if (found != kPositionFormats.end()) {
-             command.copyFormat = static_cast<std::size_t>(found - kPositionFormats.begin());
-           }
-         },
-         "How the position is copied: dec, dm, dms, mgrs, utm or shown (if none)")
-      ->type_name("FORMAT")
-      ->check(oneOf(formats));
-}
-
-int run(int argc, char** argv) {
-  CLI::App app(kHelp, "wayfell-widget");
-  const auto formatter = std::make_shared<CLI::Formatter>();
-  formatter->column_width(26);
-  app.formatter(formatter);
-  app.set_version_flag("--version", kVersion);
-  app.footer(kMore);
-  wayfell::WidgetCommand command;
-  app.add_option_function<std::string>(
-         "--source",
-         [&command](const std::string& text) {
-           command.stage.source = *wayfell::sourceChoiceOf(text);
-         },
-         "Where positions come from, as below (auto if none)")
-      ->type_name("SOURCE")
-      ->check(checkSource);
-  addRecording(app, command.stage);
-  addLook(app, command);
-  addCopyFormat(app, command);
+int runWindow(int argc, char** argv) {
+  const Sources sources = windowSources();
+  WidgetCommand command;
   bool checkDisplay = false;
-  app.add_flag("--check-display", checkDisplay, "Only tell, by the exit status, if one answers");
-  try {
-    app.parse(argc, argv);
-    if (!wayfell::isRecording(command.stage.source)) {
-      for (const char* option : {"--rate", "--suite", "--local", "--snapshots"}) {
-        if (app.count(option) > 0) {
-          throw CLI::RequiredError(option + std::string(": --source demo or replay=FILE"));
-        }
-      }
-    }
-  } catch (const CLI::ParseError& error) {
-    return app.exit(error) == 0 ? wayfell::kDone : wayfell::kBadUsage;
-  }
-  if (checkDisplay) return wayfell::connectToDisplay() ? wayfell::kDone : wayfell::kBadInput;
-  return wayfell::runWidget(command);
+  Command program = {.name = "wayfell-widget",
+                     .help = kHelp,
+                     .more = kMore,
+                     .run =
+                         [&] {
+                           if (!checkDisplay) return runWidget(sources, command);
+                           return connectToDisplay() ? kDone : kBadInput;
+                         },
+                     .optionColumns = kOptionColumns};
+  addSourceOptions(program, sources, command.source);
+  program.options.push_back({.name = "--snapshots",
+                             .help = "For tests: writes what the recording's snapshots show",
+                             .target = &command.source.snapshots,
+                             .value = "FILE",
+                             .isHidden = true});
+  for (const Option& option : lookOptions(command)) program.options.push_back(option);
+  program.options.push_back({.name = "--check-display",
+                             .help = "Only tell, by the exit status, if one answers",
+                             .target = &checkDisplay});
+  return runProgram(program, "wayfell-widget " WAYFELL_VERSION, argc, argv);
 }
 
 }  // namespace
+}  // namespace wayfell
 
-int main(int argc, char** argv) {
-  std::signal(SIGPIPE, SIG_IGN);  // a server that hangs up shows as a failed write
-  try {
-    return run(argc, argv);
-  } catch (const std::exception& error) {
-    wayfell::complain(error.what());
-    return wayfell::kBadInput;
-  }
-}
+int main(int argc, char** argv) { return wayfell::runWindow(argc, argv); }

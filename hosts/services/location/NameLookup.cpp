@@ -12,6 +12,7 @@
 namespace wayfell {
 namespace {
 
+// Takes as long as it takes, but no time for an address in digits.
 FoundAddresses lookUp(const GpsdAddress& address, int flags) {
   addrinfo hints = {};
   hints.ai_family = AF_UNSPEC;
@@ -37,8 +38,6 @@ FoundAddresses lookUp(const GpsdAddress& address, int flags) {
 
 }  // namespace
 
-FoundAddresses lookUp(const GpsdAddress& address) { return lookUp(address, 0); }
-
 // What the thread and its owner both hold. The loop is null once the owner has gone.
 struct NameLookup::Shared {
   std::mutex mutex;
@@ -62,7 +61,7 @@ NameLookup::NameLookup(IoRunLoop& loop, const GpsdAddress& address, Completion c
     return;
   }
   try {
-    std::thread([report, address] { report(lookUp(address)); }).detach();
+    std::thread([report, address] { report(lookUp(address, 0)); }).detach();
   } catch (const std::system_error& error) {
     report({{}, error.code().message()});
   }

@@ -27,9 +27,6 @@ struct FoundAddresses {
   std::string failure;
 };
 
-/// Takes as long as it takes. An address in digits takes no time.
-FoundAddresses lookUp(const GpsdAddress& address);
-
 class NameLookup {
  public:
   using Completion = std::function<void(FoundAddresses)>;

@@ -1,0 +1,69 @@
+#include "hosts/live/SourceChoice.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "hosts/live/GpsdStatus.h"
+#include "hosts/live/SystemClock.h"
+#include "hosts/services/location/GpsdProbe.h"
+#include "hosts/services/location/GpsdSource.h"
+
+namespace wayfell {
+namespace {
+
+GpsdAddress addressOf(const std::string& where) {
+  return where.empty() ? GpsdAddress() : *gpsdAddressOf(where);
+}
+
+LiveSource openGpsd(HostRunLoop& loop, const std::string& where) {
+  const GpsdAddress address = addressOf(where);
+  auto source = std::make_unique<GpsdSource>(loop, systemClock(), address);
+  SourceStatus status = statusOf(*source, address);
+  return {std::move(source), std::move(status)};
+}
+
+LiveKind gpsd() {
+  return {.name = "gpsd",
+          .forms = "gpsd[=HOST:PORT]",
+          .takes = [](const std::string& where) { return where.empty() || gpsdAddressOf(where); },
+          .open = openGpsd,
+          .called = "gpsd at " + GpsdAddress().text(),
+          .isThere = [](HostRunLoop& loop) { return gpsdAnswers(loop, GpsdAddress()); }};
+}
+
+}  // namespace
+
+Sources::Sources(std::vector<LiveKind> more) : live_(std::move(more)) {
+  live_.insert(live_.begin(), gpsd());
+}
+
+std::optional<SourceChoice> Sources::choiceOf(std::string_view text) const {
+  const auto equals = text.find('=');
+  if (equals != std::string_view::npos && equals + 1 == text.size()) return std::nullopt;
+  SourceChoice choice{std::string(text.substr(0, equals))};
+  if (equals != std::string_view::npos) choice.where = text.substr(equals + 1);
+  bool isSource = false;
+  if (choice.kind == "auto" || choice.kind == "demo") {
+    isSource = choice.where.empty();
+  } else if (choice.kind == "replay") {
+    isSource = !choice.where.empty();
+  } else {
+    isSource = std::any_of(live_.begin(), live_.end(), [&choice](const LiveKind& kind) {
+      return kind.name == choice.kind && kind.takes(choice.where);
+    });
+  }
+  return isSource ? std::optional(choice) : std::nullopt;
+}
+
+std::string Sources::forms() const {
+  std::string forms = "auto";
+  for (const LiveKind& kind : live_) forms += ", " + kind.forms;
+  return forms + ", replay=FILE or demo";
+}
+
+const LiveKind& Sources::live(const std::string& name) const {
+  return *std::find_if(live_.begin(), live_.end(),
+                       [&name](const LiveKind& kind) { return kind.name == name; });
+}
+
+}  // namespace wayfell
