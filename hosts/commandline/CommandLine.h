@@ -51,7 +51,7 @@ struct Command {
   std::string help;
   std::string more = {};  ///< what stands below the options: details, examples, statuses
   std::vector<Option> options = {};
-  std::vector<Command> commands = {};  ///< of which one has to follow
+  std::vector<Command> commands = {};  ///< one of them has to follow
   /// Whether its options may also stand behind those commands.
   bool sharesOptions = false;
   std::vector<std::string> alternatives = {};  ///< options of which at most one is taken
@@ -59,7 +59,7 @@ struct Command {
   std::function<std::string()> missing = {};
   /// Returns the status to exit with (see ExitStatus.h).
   std::function<int()> run = {};
-  std::size_t optionColumns = 21;  ///< of the help, before what it says of each option
+  std::size_t optionColumns = 21;  ///< width of the help's first column, which names the options
 };
 
 /// For numbers: the complaint, unless the value is one and it fits.

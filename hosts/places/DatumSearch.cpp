@@ -168,7 +168,7 @@ std::vector<DatumSearch::Hint> DatumSearch::hints(std::string_view text) const {
 }
 
 std::vector<std::size_t> DatumSearch::near(std::string_view text) const {
-  std::vector<std::vector<std::string>> meanings;  // of each word that has any
+  std::vector<std::vector<std::string>> meanings;  // one list for each word that has any
   for (const std::string_view word : wordsOf(text)) {
     const std::string folded = foldedName(word);
     std::vector<std::string> meaning;

@@ -16,7 +16,7 @@ namespace wayfell {
 
 class DatumSearch {
  public:
-  /// Of the datum manager's catalogue as it is now, whose order gives the numbers below.
+  /// Searches the datum manager's catalogue as it is now; a number below is a place in its order.
   DatumSearch();
 
   /// The datum of exactly this name, or else of this name but for what does not matter.
@@ -25,7 +25,7 @@ class DatumSearch {
   std::vector<std::size_t> find(std::string_view text) const;
 
   struct Hint {
-    std::string word;               ///< of the text, as it was typed
+    std::string word;               ///< a word of the text, as it was typed
     std::vector<std::string> near;  ///< words of the catalogue, nearest first; may be empty
   };
   /// The words of a text that no datum has, and what may have been meant.
@@ -52,7 +52,7 @@ class DatumSearch {
   std::vector<const Word*> nearWords(std::string_view folded) const;
 
   std::vector<Entry> entries_;
-  std::vector<Word> words_;  // of all names, each once, by their folded form
+  std::vector<Word> words_;  // all names' words, each once, by their folded form
 };
 
 }  // namespace wayfell

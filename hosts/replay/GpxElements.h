@@ -23,7 +23,7 @@ std::string_view text(const pugi::xml_node& node);
 // They throw InputError, whose text begins with the field, for anything but a finite number.
 
 double number(std::string_view digits, const char* field);
-/// Of an element of the point itself; none without it.
+/// The number in an element of the point itself; none without it.
 std::optional<double> number(const pugi::xml_node& point, const char* name);
 /// lat and lon: both must be there, within 90 and 180 degrees.
 CLLocationCoordinate2D coordinate(const pugi::xml_node& point);

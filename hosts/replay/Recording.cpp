@@ -25,7 +25,7 @@ std::string shown(std::string_view beginning) {
 }
 
 [[noreturn]] void refuse(std::string_view beginning) {
-  // Of NMEA 0183 sentences, "$GPGGA" or AIS's "!AIVDM".
+  // NMEA 0183 sentences begin so, "$GPGGA" or AIS's "!AIVDM".
   if (beginning.front() == '$' || beginning.front() == '!') {
     throw InputError(
         "NMEA sentences are not read directly: run them through gpsd, and save what gpspipe -w "

@@ -35,7 +35,7 @@ bool isCode(std::string_view characters, std::string_view text) {
   return (text.size() == 2 || text.size() == 3) && isMadeOf(characters, text);
 }
 
-// Of language[_TERRITORY][.charset][@modifier].
+// The parts of language[_TERRITORY][.charset][@modifier].
 std::optional<LocaleName> localeName(std::string_view text) {
   const auto modifier = takeBehind(text, '@');
   takeBehind(text, '.');

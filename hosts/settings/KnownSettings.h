@@ -30,7 +30,7 @@ struct KnownSetting {
   std::string_view about;  ///< what it is; may be empty where its numbers say it
   /// What the numbers mean, from 0 on; no and yes are 0 and 1. The first empty one ends them.
   std::array<std::string_view, 5> numbers = {};
-  /// Of what the widget makes sense of.
+  /// The values that the widget makes sense of lie between these.
   double lowest = -std::numeric_limits<double>::infinity();
   double greatest = std::numeric_limits<double>::infinity();
 };

@@ -30,7 +30,7 @@ std::string text(const CNPostalAddress& address) {
          address.state.value_or(kMissing);
 }
 
-// Of texts of others, which are not to write all over a terminal.
+// Other people's texts are not to write all over a terminal.
 std::string shown(const std::string& text) { return outputIsTerminal() ? printable(text) : text; }
 
 // Complains, and remembers that.

@@ -10,7 +10,7 @@ namespace wayfell {
 /// What the command line asks for.
 struct AddressImportCommand {
   std::vector<std::string> files;      ///< "-" is standard input
-  std::optional<std::string> country;  ///< of all files; unset: after the path of each
+  std::optional<std::string> country;  ///< where all files are from; unset: after the path of each
   bool add = false;                    ///< keeps what the old book holds
 };
 

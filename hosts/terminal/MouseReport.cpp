@@ -5,8 +5,8 @@ namespace {
 
 constexpr int kX10Offset = 32;
 constexpr int kGreatestNumber = 10000;  // no screen is larger
-// Of the button's number: which of three, and whether it is none but a motion or a wheel. The bits
-// between tell of keys held down, which change nothing.
+// Bits of the button's number: which of three, and whether it is none but a motion or a wheel. The
+// bits between tell of keys held down, which change nothing.
 constexpr int kButton = 3;
 constexpr int kNoButton = 32 | 64 | 128;
 

@@ -27,7 +27,7 @@ class Output {
 };
 
 bool outputIsTerminal();
-/// Of the terminal that standard output is; without end if it is none.
+/// The columns of the terminal that standard output is; without end if it is none.
 int outputColumns();
 
 }  // namespace wayfell

@@ -16,8 +16,8 @@ struct SettingsCommand {
   StoreChoice store = StoreChoice::suite;  ///< the cloud's are only listed and got
   std::string key;                         ///< of all but list
   std::string value;                       ///< of set
-  /// Of the value, as the stores name it. Unset: a JSON number, true or false keeps its type, all
-  /// else is text.
+  /// The value's type, as the stores name it. Unset: a JSON number, true or false keeps its type,
+  /// all else is text.
   std::optional<std::string> type;
   bool json = false;  ///< of list and get
 };

@@ -2,8 +2,8 @@
 #include <algorithm>
 #include <memory>
 
-#include "hosts/terminal/Commands.h"
 #include "hosts/settings/KnownSettings.h"
+#include "hosts/terminal/Commands.h"
 #include "hosts/terminal/SettingsCommand.h"
 #include "hosts/terminal/TrackCommand.h"
 #include "hosts/terminal/WaypointCommand.h"

@@ -20,7 +20,7 @@ class CsvRecords {
   /// Goes to the next record that is not a blank line; false at the end. Throws InputError for a
   /// quotation mark that is never closed, and for a record over kLongestRecord.
   bool next();
-  /// Of the current record; valid until the next.
+  /// A field of the current record; valid until the next record.
   std::size_t size() const { return ends_.size(); }
   std::string_view field(std::size_t number) const;
   /// Where the current record begins, counted from 1.
@@ -36,8 +36,8 @@ class CsvRecords {
   [[noreturn]] void fail(const std::string& what) const;
 
   InputBytes input_;
-  std::string text_;               // of all fields
-  std::vector<std::size_t> ends_;  // of each field in it
+  std::string text_;               // all fields, one after the other
+  std::vector<std::size_t> ends_;  // where each field ends in it
   State state_ = State::fieldStart;
   std::size_t line_ = 0;
   std::size_t nextLine_ = 1;

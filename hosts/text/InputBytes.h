@@ -33,8 +33,8 @@ class InputBytes {
  private:
   ByteSource source_;
   std::vector<char> buffer_ = std::vector<char>(std::size_t{1} << 16U);
-  std::size_t position_ = 0;  // of the next byte in the buffer
-  std::size_t end_ = 0;       // of the bytes in the buffer
+  std::size_t position_ = 0;  // where the next byte is in the buffer
+  std::size_t end_ = 0;       // where the bytes in the buffer end
 };
 
 }  // namespace wayfell

@@ -101,7 +101,7 @@ class JsonLine::Builder {
 
   JsonLine& line_;
   std::size_t deepest_;
-  Text key_;  // of the member that comes next
+  Text key_;  // the name of the member that comes next
 };
 
 void JsonLine::parse(std::string_view text, std::size_t deepest) {

@@ -56,7 +56,7 @@ class JsonLine::Value {
  public:
   Kind kind() const { return node().kind; }
   bool isNumber() const { return kind() == Kind::integer || kind() == Kind::real; }
-  /// Of the kind that each is for only.
+  /// Each is only for values of its kind.
   bool boolean() const { return node().boolean; }
   std::int64_t integer() const { return node().integer; }
   double real() const { return node().real; }

@@ -22,7 +22,7 @@ class LineBuffer {
 
  private:
   std::string bytes_;
-  std::size_t start_ = 0;    // of the line that comes next
+  std::size_t start_ = 0;    // where the next line begins
   std::size_t scanned_ = 0;  // no line ends before this
   bool passingOver_ = false;
 };

@@ -23,7 +23,7 @@ class LineReader {
   std::optional<std::string_view> next();
   /// The next call of next() gives the same line once more.
   void putBack() { putBack_ = true; }
-  /// Of the line read last, counted from 1.
+  /// The number of the line read last, counted from 1.
   std::size_t number() const { return number_; }
 
   /// Passes over the byte order mark and the blank lines at the start, and returns what follows:

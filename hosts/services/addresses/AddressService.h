@@ -18,7 +18,7 @@ struct AddressChoice {
 
   /// "book", "nominatim" or "none". Unset: the book, which may be missing.
   std::optional<std::string> service;
-  /// Of the Nominatim server; unset is the public one.
+  /// The Nominatim server's URL; unset is the public one.
   std::optional<std::string> url;
 };
 

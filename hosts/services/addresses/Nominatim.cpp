@@ -14,7 +14,8 @@ constexpr long kOk = 200;
 constexpr long kTooManyRequests = 429;
 constexpr long kUnavailable = 503;
 
-// Of what all such servers have their addresses from, for one that does not say.
+// The credit for the data that all such servers have their addresses from, for one that does not
+// say.
 constexpr const char* kUsualAttribution = "Data © OpenStreetMap contributors, ODbL 1.0";
 
 bool isPosition(const CLLocationCoordinate2D& position) {

@@ -26,9 +26,9 @@ namespace wayfell {
 struct GpsdReport {
   enum class Kind { other, position, attitude };
   Kind kind = Kind::other;
-  /// Of a position; none while the receiver has no fix.
+  /// What a report of a position says; none while the receiver has no fix.
   std::optional<GpsdFix> fix;
-  /// Of an attitude.
+  /// What a report of an attitude says.
   std::optional<CLHeading> heading;
   /// When it was taken, if the report says so.
   std::optional<NSDate> time;

@@ -42,7 +42,7 @@ FoundAddresses lookUp(const GpsdAddress& address, int flags) {
 struct NameLookup::Shared {
   std::mutex mutex;
   IoRunLoop* loop;
-  Completion completion;  // of the loop's thread
+  Completion completion;  // called on the loop's thread
 };
 
 NameLookup::NameLookup(IoRunLoop& loop, const GpsdAddress& address, Completion completion)

@@ -37,7 +37,7 @@ void writeAhead(SQLite::Database& database, std::chrono::milliseconds longest);
 
 class SettingsTable {
  public:
-  /// Of a database that holds the table.
+  /// The database must hold the table.
   explicit SettingsTable(SQLite::Database database);
 
   /// Another number than before when others have written in between.

@@ -23,7 +23,7 @@ nlohmann::json lastOf(std::string_view recording);
 std::string complaintAbout(std::string_view recording);
 
 std::vector<Event> eventsOf(std::string_view recording);
-/// Of a recording that has nothing but fixes.
+/// What a recording that has nothing but fixes says of them.
 std::vector<CLLocation> fixesOf(std::string_view recording);
 
 }  // namespace wayfell

@@ -26,7 +26,7 @@ class LoopbackServer {
   std::size_t piece = 0;
   bool closesAfterwards = true;
 
-  /// Of all requests, from the first line to the blank one.
+  /// The heads of all requests, from the first line to the blank one.
   std::vector<std::string> requests;
 
   explicit LoopbackServer(IoRunLoop& loop)
