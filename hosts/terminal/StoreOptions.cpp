@@ -96,6 +96,16 @@ Words keysAfter(const std::vector<std::string>& before) {
   return keys;
 }
 
+Words valuesAfter(const std::vector<std::string>& before) {
+  Words values;
+  const KnownSetting* const setting = knownSetting(before.back());
+  if (!setting) return values;
+  for (const std::string& choice : choicesOf(*setting)) {
+    values.push_back({choice, std::string(setting->numbers[values.size()])});
+  }
+  return values;
+}
+
 Words typeNames() {
   Words names;
   for (const char* name :
@@ -117,15 +127,18 @@ Command settingsOptions() {
   const Option key = {
       .name = "KEY", .help = "", .target = &command->key, .offered = keysAfter, .isRequired = true};
   const Option json = jsonOption(command->json);
-  Command set =
-      action("set", "Write one", command, Action::set, runSettings,
-             {key,
-              {.name = "VALUE", .help = "", .target = &command->value, .isRequired = true},
-              {.name = "--type",
-               .help = "boolean, integer, real, text, date, data, list or dictionary",
-               .target = &command->type,
-               .value = "TYPE",
-               .words = typeNames()}});
+  Command set = action("set", "Write one", command, Action::set, runSettings,
+                       {key,
+                        {.name = "VALUE",
+                         .help = "",
+                         .target = &command->value,
+                         .offered = valuesAfter,
+                         .isRequired = true},
+                        {.name = "--type",
+                         .help = "boolean, integer, real, text, date, data, list or dictionary",
+                         .target = &command->type,
+                         .value = "TYPE",
+                         .words = typeNames()}});
   set.more = kSetMore;
   return {
       .name = "settings",
