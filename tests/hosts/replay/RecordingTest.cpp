@@ -8,68 +8,11 @@
 #include "hosts/replay/Recording.h"
 #include "hosts/replay/Settings.h"
 #include "hosts/text/InputError.h"
-#include "hosts/text/IsoTime.h"
-#include "hosts/text/LineReader.h"
 
 namespace wayfell {
 namespace {
 
 using testing::ElementsAre;
-
-TEST(LineReader, GivesTheSameLinesHoweverTheBytesArrive) {
-  const std::string longest(LineReader::kLongestLine, 'x');
-  const std::string text = "one\r\n\n \t\n" + longest + "\nlast";
-  for (const std::size_t chunk : {std::size_t{1}, std::size_t{7}, text.size()}) {
-    const auto source = [rest = std::string_view(text), chunk](char* buffer,
-                                                               std::size_t size) mutable {
-      const std::size_t count = rest.copy(buffer, std::min(size, chunk));
-      rest.remove_prefix(count);
-      return count;
-    };
-    LineReader lines{InputBytes(source)};
-    EXPECT_EQ(lines.next(), "one");
-    EXPECT_EQ(lines.number(), 1U);
-    lines.putBack();
-    EXPECT_EQ(lines.next(), "one");
-    EXPECT_EQ(lines.next(), longest);
-    EXPECT_EQ(lines.number(), 4U);
-    EXPECT_EQ(lines.next(), "last");
-    EXPECT_EQ(lines.next(), std::nullopt);
-  }
-}
-
-// Seconds since 2001-01-01: by GNU date, `date -d TIME +%s` less 978307200.
-TEST(IsoTime, CountsFromTheReferenceDate) {
-  struct Case {
-    const char* text;
-    std::optional<double> seconds;
-  };
-  const Case cases[] = {
-      {"2001-01-01T00:00:00Z", 0},
-      {"2000-12-31T23:59:59.25Z", -0.75},
-      {"2010-10-04T05:13:19Z", 307861999},
-      {"2010-10-04T05:13:19", 307861999},
-      {"2010-10-04T07:13:19+02:00", 307861999},
-      {"2010-10-03T22:43:19-06:30", 307861999},
-      {"2024-02-29T12:00:00.001Z", 730900800.001},
-      {"2016-12-31T23:59:60Z", 504921600},
-      {"2023-02-29T12:00:00Z", std::nullopt},
-      {"2024-13-01T12:00:00Z", std::nullopt},
-      {"2024-02-29T24:00:00Z", std::nullopt},
-      {"2024-02-29T12:00:00z", std::nullopt},
-      {"2024-02-29T12:00:00.Z", std::nullopt},
-      {"2024-02-29T12:00:00+0200", std::nullopt},
-      {"2024-02-29 12:00:00", std::nullopt},
-      {"2024-02-29", std::nullopt},
-      {"", std::nullopt},
-  };
-  for (const Case& each : cases) {
-    const auto date = dateOfIsoTime(each.text);
-    EXPECT_EQ(date ? std::optional(date->timeIntervalSinceReferenceDate) : std::nullopt,
-              each.seconds)
-        << each.text;
-  }
-}
 
 TEST(Settings, OfTheCommandLineKeepTheTypesOfNumbersAndBooleans) {
   const std::pair<const char*, PropertyValue> cases[] = {

@@ -3,6 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "support/Program.h"
 
 namespace wayfell {
@@ -170,31 +172,86 @@ TEST(DatumsTest, SaysWhatIsApplied) {
   EXPECT_EQ(none.errors, "wayfell: no datum has \"tokio\"; did you mean Tokyo?\n");
 }
 
-TEST(ToolsTest, RefuseWrongCommandLines) {
-  const std::vector<std::string> wrong[] = {
-      {"convert", "--to", "feet", "1", "2"},
-      {"convert", "--utm-type", "2", "1", "2"},
-      {"distance", "1", "2"},
-      {"distance", "--bearing", "5", "1", "2"},
-      {"datums", "--names", "--json", "wgs"},
-      {"convert", "--every", "2"},
-  };
-  for (const auto& arguments : wrong) {
-    const Finished finished = wayfell(arguments);
-    EXPECT_EQ(finished.status, 2) << arguments[0] << ' ' << arguments[1];
-    EXPECT_EQ(finished.output, "");
-    EXPECT_NE(finished.errors, "");
-  }
-  EXPECT_EQ(wayfell({"convert", "1"}).status, 1);
+// Runs a line of a shell, in which "wayfell" stands for the program.
+Finished shell(const std::string& line) {
+  return run({"sh", "-c", "wayfell() { '" WAYFELL_PROGRAM "' \"$@\"; }; " + line});
 }
 
-TEST(ToolsTest, HaveHelpWithExamplesAndAVersion) {
-  for (const char* command : {"convert", "distance", "datums"}) {
-    const Finished help = wayfell({command, "--help"});
-    EXPECT_EQ(help.status, 0);
-    EXPECT_THAT(help.output, HasSubstr(std::string("Examples:\n  wayfell ") + command));
-    EXPECT_THAT(wayfell({command, "--version"}).output, testing::StartsWith("wayfell "));
+std::ptrdiff_t linesOf(const std::string& text) {
+  return std::count(text.begin(), text.end(), '\n');
+}
+
+TEST(CommandLine, IsRefusedWithAReason) {
+  struct Case {
+    const char* arguments;
+    const char* reason;
+  };
+  const Case cases[] = {
+      {"", "A subcommand is required"},
+      {"fly", "The following argument was not expected: fly"},
+      {"replay", "FILE or --demo is required"},
+      {"replay --demo -", "FILE excludes --demo"},
+      {"replay --demo --every 0", "--every: expected a number of seconds, at least 0.001"},
+      {"replay --demo --every inf", "--every: expected"},
+      {"replay --demo --suite units", "--suite: \"units\" is not KEY=VALUE"},
+      {"replay --demo --fast", "--fast"},
+      {"today --rate 2", "--rate: --demo or --replay is required"},
+      {"today --gpsd here:0", "--gpsd: expected HOST:PORT"},
+      {"today --source nmea=/dev/ttyS0",
+       "--source: expected auto, gpsd[=HOST:PORT], replay=FILE or demo"},
+      {"today --demo --source gpsd",
+       "today: only one of --source, --gpsd, --replay and --demo can be meant"},
+      {"today --demo --rate -1", "--rate: expected a rate from 0.1 to 1000, or 0"},
+      {"today --demo --rate nan", "--rate: expected"},
+      {"settings --suite list --cloud", "only one of --suite, --local and --cloud can be meant"},
+      {"convert --to feet 1 2", "--to: feet not in {dec,dm,dms,mgrs,utm,all}"},
+      {"convert --utm-type 2 1 2", "--utm-type: 2 not in {0,1}"},
+      {"waypoint set --name x", "--name requires --gpx"},
+      {"distance 1 2", "distance"},
+      {"distance --bearing 5 1 2", "distance"},
+      {"datums --names --json wgs", "--json"},
+  };
+  for (const Case& c : cases) {
+    const Finished refused = shell("wayfell " + std::string(c.arguments));
+    EXPECT_EQ(refused.status, 2) << c.arguments;
+    EXPECT_EQ(refused.output, "");
+    EXPECT_THAT(refused.errors, HasSubstr(c.reason));
   }
+  EXPECT_EQ(shell("wayfell settings list --version").output, shell("wayfell --version").output);
+}
+
+TEST(Replaying, SaysWhatIsWrongAndKeepsWhatWasWritten) {
+  const Finished broken =
+      shell(R"(printf '{"t":0,"show":true}\n{"t":1,"shw":1}\n' | wayfell replay -)");
+  EXPECT_EQ(broken.errors, "wayfell: standard input: line 2: shw: unknown event\n");
+  EXPECT_EQ(broken.status, 1);
+  EXPECT_EQ(linesOf(broken.output), 1);
+  const std::string missing = "/nowhere: cannot be opened: No such file or directory\n";
+  for (const char* command : {"wayfell replay ", "wayfell today --source replay="}) {
+    const Finished finished = shell(command + std::string("/nowhere"));
+    EXPECT_EQ(finished.errors, "wayfell: " + missing);
+    EXPECT_EQ(finished.status, 1);
+  }
+  EXPECT_EQ(shell("wayfell replay /").errors, "wayfell: /: cannot be read: Is a directory\n");
+}
+
+TEST(Replaying, SetsValuesBeforeTheFirstEvent) {
+  const Finished set =
+      shell(R"(printf '{"t":0,"suite":{"a":3}}\n' | wayfell replay - )"
+            R"(--suite a=1 --suite 'b=x y' --suite c=true --suite d=1.0 --local k=7)");
+  EXPECT_THAT(set.output, HasSubstr(R"("suite":{"a":3,"b":"x y","c":true,"d":1.0})"));
+  EXPECT_THAT(set.output, HasSubstr(R"("k":7)"));
+  EXPECT_EQ(set.status, 0);
+}
+
+TEST(Replaying, EndsQuietlyWhenItsReaderGoesAndNotWhenTheDiskIsFull) {
+  // The status goes past the pipe, whose reader takes nothing.
+  const Finished quiet =
+      shell("{ { wayfell replay --demo --every 0.1 2>&3; echo $? >&3; } | true; } 3>&1");
+  EXPECT_EQ(quiet.output, "0\n");
+  const Finished full = shell("wayfell replay --demo >/dev/full");
+  EXPECT_EQ(full.errors, "wayfell: standard output: No space left on device\n");
+  EXPECT_EQ(full.status, 1);
 }
 
 }  // namespace

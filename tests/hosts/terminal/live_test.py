@@ -307,23 +307,6 @@ class NoTerminal(unittest.TestCase):
             with Screen(["sh", "-c", shlex.join(walk()) + "; cat"], term=term) as screen:
                 screen.wait_for_lines(expected("printed"), "printed")
 
-    def test_complains(self):
-        for arguments, status, complaint in [
-            (["--rate", "2"], 2, "--rate: --demo or --replay"),
-            (["--gpsd", "here:0"], 2, "HOST:PORT"),
-            (["--demo", "--gpsd", "localhost"], 2, "--gpsd"),
-            (["--demo", "--rate", "-1"], 2, "--rate"),
-            (["--demo", "--rate", "nan"], 2, "--rate"),
-            (["--demo", "--replay", "x"], 2, "--replay"),
-            (["--demo", "--suite", "units"], 2, "--suite"),
-            (["--replay", "no/such/file"], 1, "No such file"),
-            (["--replay", "/dev/null"], 1, "empty"),
-        ]:
-            with self.subTest(arguments):
-                done = self.run_today(*arguments)
-                self.assertEqual((done.returncode, done.stdout), (status, ""))
-                self.assertIn(complaint, done.stderr)
-
 
 if __name__ == "__main__":
     PROGRAM = str(pathlib.Path(sys.argv.pop(1)).resolve())

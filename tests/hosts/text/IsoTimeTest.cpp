@@ -39,5 +39,36 @@ TEST(IsoTimeTest, WritesNothingBeyondFourDigitYears) {
   }
 }
 
+// Seconds since 2001-01-01: by GNU date, `date -d TIME +%s` less 978307200.
+TEST(IsoTimeTest, ReadsOffsetsFractionsAndNothingElse) {
+  struct Case {
+    const char* text;
+    std::optional<double> seconds;
+  };
+  const Case cases[] = {
+      {"2010-10-04T05:13:19Z", 307861999},
+      {"2010-10-04T05:13:19", 307861999},
+      {"2010-10-04T07:13:19+02:00", 307861999},
+      {"2010-10-03T22:43:19-06:30", 307861999},
+      {"2024-02-29T12:00:00.001Z", 730900800.001},
+      {"2016-12-31T23:59:60Z", 504921600},
+      {"2023-02-29T12:00:00Z", std::nullopt},
+      {"2024-13-01T12:00:00Z", std::nullopt},
+      {"2024-02-29T24:00:00Z", std::nullopt},
+      {"2024-02-29T12:00:00z", std::nullopt},
+      {"2024-02-29T12:00:00.Z", std::nullopt},
+      {"2024-02-29T12:00:00+0200", std::nullopt},
+      {"2024-02-29 12:00:00", std::nullopt},
+      {"2024-02-29", std::nullopt},
+      {"", std::nullopt},
+  };
+  for (const Case& each : cases) {
+    const auto date = dateOfIsoTime(each.text);
+    EXPECT_EQ(date ? std::optional(date->timeIntervalSinceReferenceDate) : std::nullopt,
+              each.seconds)
+        << each.text;
+  }
+}
+
 }  // namespace
 }  // namespace wayfell
