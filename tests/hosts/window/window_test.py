@@ -246,14 +246,6 @@ class WindowTest(unittest.TestCase):
                 self.assertEqual(window.ended(), 0)
                 self.assertNotIn("wayfell-widget:", window.process.stderr.read())
 
-    def test_a_recording_that_breaks_off_is_told(self):
-        file = self.display.path("broken.jsonl")
-        file.write_text('{"t":0,"appear":true}\n{"t":1,', encoding="utf-8")
-        with Window(self.display, WIDGET, "--source", f"replay={file}") as window:
-            window.keys("q")
-            self.assertEqual(window.ended(), 1)
-            self.assertIn("line 2", window.process.stderr.read())
-
 
 class CommandLineTest(unittest.TestCase):
     def run_widget(self, *arguments, **environment):

@@ -42,6 +42,13 @@ TEST(GpsdFix, HasItsAltitudeAboveMeanSeaLevel) {
   }
 }
 
+// Errors of 95 % become accuracies of 68 %: 7.5 times 0.61673, 5 (of 3 and 4) times 0.54463.
+TEST(GpsdFix, MakesItsAccuracyOfTheErrors) {
+  EXPECT_NEAR(locationOf(R"(,"eph":7.5,"epx":3,"epy":4)").horizontalAccuracy, 4.62548, 1e-5);
+  EXPECT_NEAR(locationOf(R"(,"epx":3,"epy":4)").horizontalAccuracy, 2.72315, 1e-5);
+  EXPECT_EQ(locationOf(R"(,"epx":3)").horizontalAccuracy, 5);
+}
+
 TEST(GpsdFix, HasACourseOnlyWhileItMoves) {
   struct Case {
     const char* fields;
