@@ -24,7 +24,7 @@ LiveSource openGpsd(HostRunLoop& loop, const std::string& where) {
 
 LiveKind gpsd() {
   return {.name = "gpsd",
-          .forms = "gpsd[=HOST:PORT]",
+          .forms = {{"gpsd[=HOST:PORT]", "a gpsd, here or elsewhere; it is waited for if need be"}},
           .takes = [](const std::string& where) { return where.empty() || gpsdAddressOf(where); },
           .open = openGpsd,
           .called = "gpsd at " + GpsdAddress().text(),
@@ -55,10 +55,18 @@ std::optional<SourceChoice> Sources::choiceOf(std::string_view text) const {
   return isSource ? std::optional(choice) : std::nullopt;
 }
 
-std::string Sources::forms() const {
-  std::string forms = "auto";
-  for (const LiveKind& kind : live_) forms += ", " + kind.forms;
-  return forms + ", replay=FILE or demo";
+std::vector<SourceForm> Sources::forms() const {
+  std::string first;
+  for (const LiveKind& kind : live_) {
+    if (kind.isThere) first += kind.name + ", or else ";
+  }
+  std::vector<SourceForm> forms = {{"auto", first + "demo: the first that is there"}};
+  for (const LiveKind& kind : live_) {
+    forms.insert(forms.end(), kind.forms.begin(), kind.forms.end());
+  }
+  forms.push_back({"replay=FILE", "a GPX track, reports of gpsd (gpspipe -w) or a scenario"});
+  forms.push_back({"demo", "the recording that is built in"});
+  return forms;
 }
 
 const LiveKind& Sources::live(const std::string& name) const {

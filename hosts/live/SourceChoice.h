@@ -30,10 +30,16 @@ struct LiveSource {
   SourceStatus status;
 };
 
+/// How a source is written, and what it is, for those who ask for help.
+struct SourceForm {
+  std::string written;  ///< "gpsd[=HOST:PORT]"
+  std::string about;
+};
+
 /// A kind of live source.
 struct LiveKind {
-  std::string name;   ///< "gpsd"
-  std::string forms;  ///< as complaints list them: "gpsd[=HOST:PORT]"
+  std::string name;  ///< "gpsd"
+  std::vector<SourceForm> forms;
   /// Whether that may stand behind "="; "" is none.
   std::function<bool(const std::string& where)> takes;
   std::function<LiveSource(HostRunLoop& loop, const std::string& where)> open;
@@ -51,8 +57,8 @@ class Sources {
 
   /// None for what is no source.
   std::optional<SourceChoice> choiceOf(std::string_view text) const;
-  /// What there is, for complaints: "auto, gpsd[=HOST:PORT], replay=FILE or demo".
-  std::string forms() const;
+  /// All that choiceOf takes.
+  std::vector<SourceForm> forms() const;
 
   const std::vector<LiveKind>& live() const { return live_; }
   const LiveKind& live(const std::string& name) const;

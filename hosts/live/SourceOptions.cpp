@@ -1,5 +1,6 @@
 #include "hosts/live/SourceOptions.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "hosts/replay/Settings.h"
@@ -29,13 +30,37 @@ std::string checkSetting(const std::string& text) {
   }
 }
 
-Words kindsOf(const Sources& sources) {
-  Words kinds = {{"auto", "what is there, or else the demo"}};
-  for (const LiveKind& kind : sources.live()) kinds.push_back({kind.name, "live"});
-  kinds.push_back({"gpsd=", "a gpsd elsewhere", Listed::hosts});
-  kinds.push_back({"replay=", "a recording", Listed::files});
-  kinds.push_back({"demo", "the recording that is built in"});
-  return kinds;
+// "gpsd" and "gpsd=" for "gpsd[=HOST:PORT]".
+Words wordsOf(const Sources& sources) {
+  Words words;
+  for (const auto& [written, about] : sources.forms()) {
+    const std::string kind = written.substr(0, written.find_first_of("[="));
+    const bool takesMore = written.find('=') != std::string::npos;
+    if (!takesMore || written.find('[') != std::string::npos) words.push_back({kind, about});
+    const bool isHost = written.find("HOST") != std::string::npos;
+    if (takesMore) words.push_back({kind + '=', about, isHost ? Listed::hosts : Listed::files});
+  }
+  return words;
+}
+
+// "auto, gpsd[=HOST:PORT], replay=FILE or demo"
+std::string listOf(const Sources& sources) {
+  std::string list;
+  const std::vector<SourceForm> forms = sources.forms();
+  for (std::size_t i = 0; i < forms.size(); ++i) {
+    list += (i == 0 ? "" : i + 1 < forms.size() ? ", " : " or ") + forms[i].written;
+  }
+  return list;
+}
+
+std::string helpOn(const Sources& sources) {
+  constexpr std::size_t kColumns = 18;
+  std::string help = "SOURCE is where positions come from:\n";
+  for (const auto& [written, about] : sources.forms()) {
+    const std::size_t rest = kColumns - std::min(kColumns, written.size());
+    help.append("  ").append(written).append(rest, ' ').append(about).append("\n");
+  }
+  return help + '\n';
 }
 
 Option sourceOption(const Sources& sources, SourceWishes& wishes) {
@@ -44,10 +69,10 @@ Option sourceOption(const Sources& sources, SourceWishes& wishes) {
           .target = [&sources,
                      &wishes](const std::string& text) { wishes.source = *sources.choiceOf(text); },
           .value = "SOURCE",
-          .offered = [&sources](const auto& /*before*/) { return kindsOf(sources); },
+          .offered = [&sources](const auto& /*before*/) { return wordsOf(sources); },
           .check =
               [&sources](const std::string& text) {
-                return sources.choiceOf(text) ? "" : "expected " + sources.forms();
+                return sources.choiceOf(text) ? "" : "expected " + listOf(sources);
               }};
 }
 
@@ -119,6 +144,7 @@ void addSourceOptions(Command& command, const Sources& sources, SourceWishes& wi
   for (Option& option : firstSettingsOptions(wishes.settings)) {
     command.options.push_back(std::move(option));
   }
+  command.more.insert(0, helpOn(sources));
   command.alternatives = {"--source", "--gpsd", "--replay", "--demo"};
   command.missing = [&wishes] { return recordingThatIsMissing(wishes); };
 }

@@ -8,7 +8,8 @@
 
 namespace wayfell {
 
-/// Adds --source with its shorthands, and what is for recordings. All that is given must live on.
+/// Adds --source with its shorthands and what is for recordings, and puts first below the options
+/// what sources there are. All that is given must live on.
 void addSourceOptions(Command& command, const Sources& sources, SourceWishes& wishes);
 
 /// --suite and --local, with which a recording begins.

@@ -1,10 +1,12 @@
 // addresses, as the command line has it.
 #include <memory>
 
+#include "hosts/services/addresses/AddressBook.h"
 #include "hosts/terminal/AddressFindCommand.h"
 #include "hosts/terminal/AddressImportCommand.h"
 #include "hosts/terminal/AddressServiceCommand.h"
 #include "hosts/terminal/Commands.h"
+#include "platform/NSString.h"
 
 namespace wayfell {
 namespace {
@@ -32,8 +34,6 @@ constexpr const char* kImportMore =
     "  zcat berlin.csv.gz | wayfell addresses import --country DE -\n"
     "Exit status: 0 done, 1 a row is left out or nothing imported, 2 the command line\n"
     "is wrong.";
-
-constexpr const char* kFindHelp = "Finds the address of a position, within 100 m";
 
 constexpr const char* kFindMore =
     "Examples:\n"
@@ -83,7 +83,8 @@ Command importOptions() {
 Command findOptions() {
   const auto command = std::make_shared<AddressFindCommand>();
   return {.name = "find",
-          .help = kFindHelp,
+          .help = "Finds the address of a position, within " + shortestText(AddressBook::kRadius) +
+                  " m",
           .more = kFindMore,
           .options = {{.name = "LAT LON",
                        .help = "Decimal degrees on WGS 84",

@@ -33,12 +33,6 @@ constexpr const char* kTodayHelp =
     "first fix.";
 
 constexpr const char* kTodayMore =
-    "SOURCE is where positions come from:\n"
-    "  auto                 gpsd where one answers here, or else the demo\n"
-    "  gpsd, gpsd=HOST:PORT a gpsd, here or elsewhere; it is waited for if need be\n"
-    "  replay=FILE          a GPX track, reports of gpsd (gpspipe -w) or a scenario\n"
-    "  demo                 the recording that is built in\n"
-    "\n"
     "Keys: 0 to 4 choose the format of the position, t switches the layout, o opens the app, h\n"
     "hides and shows the panel, ? shows the keys, q quits. A click on a format, on [Open] or on "
     "the\n"

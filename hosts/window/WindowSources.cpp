@@ -50,7 +50,7 @@ LiveSource openNmea(HostRunLoop& loop, const std::string& where) {
 Sources windowSources() {
   return Sources(
       {{.name = "geoclue",
-        .forms = "geoclue",
+        .forms = {{"geoclue", "the desktop's location service"}},
         .takes = [](const std::string& where) { return where.empty(); },
         .open =
             [](HostRunLoop& loop, const std::string& /*where*/) {
@@ -59,7 +59,8 @@ Sources windowSources() {
         .called = "GeoClue",
         .isThere = [](HostRunLoop& /*loop*/) { return geoclueIsThere(); }},
        {.name = "nmea",
-        .forms = "nmea=DEVICE, nmea=HOST:PORT",
+        .forms = {{"nmea=DEVICE", "a receiver that speaks NMEA, at the speed the port is set to"},
+                  {"nmea=HOST:PORT", "likewise over TCP"}},
         .takes =
             [](const std::string& where) { return isDevice(where) || serverOf(where).has_value(); },
         .open = openNmea}});

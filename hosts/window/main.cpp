@@ -17,15 +17,6 @@ constexpr const char* kHelp =
     "Shows the panel in a small window: position, speed, heading, waypoint and track.";
 
 constexpr const char* kMore =
-    "SOURCE is where positions come from:\n"
-    "  auto                 gpsd where one answers, or else GeoClue, or else the demo\n"
-    "  gpsd, gpsd=HOST:PORT a gpsd, here or elsewhere; it is waited for if need be\n"
-    "  geoclue              the desktop's location service\n"
-    "  nmea=/dev/ttyUSB0    a receiver that speaks NMEA, at the speed the port is set to\n"
-    "  nmea=HOST:PORT       likewise over TCP\n"
-    "  replay=FILE          a GPX track, reports of gpsd (gpspipe -w) or a scenario\n"
-    "  demo                 the recording that is built in\n"
-    "\n"
     "Pointer: drag the window by anything but a button, or by its left or right edge to\n"
     "make it wider; click on the position to copy it.\n"
     "Keys: 0 to 4 choose the format of the position, t switches the layout, o opens the\n"

@@ -9,8 +9,6 @@
 namespace wayfell {
 namespace {
 
-constexpr std::chrono::seconds kLongestSilence{9};
-
 // Qt takes twice this times the dilution of precision for the accuracy.
 constexpr double kRangeError = kMetresPerDilution / 2;
 

@@ -2,12 +2,16 @@
 #pragma once
 
 #include <QGeoPositionInfo>
+#include <chrono>
 #include <functional>
 #include <string>
 
 #include "platform/Host.h"
 
 namespace wayfell {
+
+/// Who has said nothing for so long is silent.
+inline constexpr std::chrono::seconds kLongestSilence{9};
 
 class PositionFeed {
  public:

