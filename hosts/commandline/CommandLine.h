@@ -15,11 +15,18 @@ enum class Listed { nothing, files, hosts };
 
 /// What a value may be.
 struct Word {
-  std::string text;   ///< "mgrs"; one that ends in "=" goes on with what `rest` says
-  std::string about;  ///< what it means, in a few words; may be empty
+  std::string text;        ///< "mgrs"; one that ends in "=" goes on with what `rest` says
+  std::string about = {};  ///< what it means, in a few words
   Listed rest = Listed::nothing;
 };
 using Words = std::vector<Word>;
+
+template <class Names>
+Words wordsOf(const Names& names) {
+  Words words;
+  for (const auto& name : names) words.push_back({std::string(name)});
+  return words;
+}
 
 /// Takes what was said. A flag's takes no value, a list's takes any number of them; an argument
 /// without a value is left as it was.

@@ -1,4 +1,4 @@
-// A scene, and all that it stands on: live (LiveStage) or a recording (RecordedStage).
+// A scene, and all that it stands on.
 #pragma once
 
 #include <optional>

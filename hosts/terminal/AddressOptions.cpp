@@ -63,21 +63,19 @@ constexpr const char* kUseMore =
 
 Command importOptions() {
   const auto command = std::make_shared<AddressImportCommand>();
-  return {
-      .name = "import",
-      .help = kImportHelp,
-      .more = kImportMore,
-      .options = {{.name = "FILE",
-                   .help = "What to import",
-                   .target = &command->files,
-                   .listed = Listed::files,
-                   .isRequired = true},
-                  {.name = "--country",
-                   .help = "Two letters: where it is; if not said, after a path like us/ca/...",
-                   .target = &command->country,
-                   .value = "CC"},
-                  {.name = "--add", .help = "Keep what is in the book", .target = &command->add}},
-      .run = [command] { return runAddressImport(*command); }};
+  return {.name = "import",
+          .help = kImportHelp,
+          .more = kImportMore,
+          .options = {{.name = "FILE",
+                       .help = "What to import",
+                       .target = &command->files,
+                       .listed = Listed::files,
+                       .isRequired = true},
+                      {"--country",
+                       "Two letters: where it is; if not said, after a path like us/ca/...",
+                       &command->country, "CC"},
+                      {"--add", "Keep what is in the book", &command->add}},
+          .run = [command] { return runAddressImport(*command); }};
 }
 
 Command findOptions() {
@@ -90,10 +88,9 @@ Command findOptions() {
                        .help = "Decimal degrees on WGS 84",
                        .target = &command->input,
                        .isRequired = true},
-                      {.name = "--online",
-                       .help = "Ask the server that was agreed to, instead of the book",
-                       .target = &command->online},
-                      {.name = "--json", .help = "Print a JSON object", .target = &command->json}},
+                      {"--online", "Ask the server that was agreed to, instead of the book",
+                       &command->online},
+                      {"--json", "Print a JSON object", &command->json}},
           .run = [command] { return runAddressFind(*command); }};
 }
 
@@ -109,13 +106,8 @@ Command useOptions() {
                                  {"nominatim", "a server over the network"},
                                  {"none", "no addresses"}},
                        .isRequired = true},
-                      {.name = "--url",
-                       .help = "Another server than the public one",
-                       .target = &command->url,
-                       .value = "URL"},
-                      {.name = "--yes",
-                       .help = "Agree that positions are sent to the server",
-                       .target = &command->agreed}},
+                      {"--url", "Another server than the public one", &command->url, "URL"},
+                      {"--yes", "Agree that positions are sent to the server", &command->agreed}},
           .run = [command] { return runAddressUse(*command); }};
 }
 

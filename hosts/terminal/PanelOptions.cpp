@@ -78,9 +78,7 @@ Command replayOptions() {
                    .value = "TEXT",
                    .listed = Listed::files,
                    .excludes = {"--demo"}},
-                  {.name = "--demo",
-                   .help = "Replay the recording that is built in",
-                   .target = &command->recording.demo}},
+                  {"--demo", "Replay the recording that is built in", &command->recording.demo}},
       .missing = [command] { return command->recording.isChosen() ? "" : "FILE or --demo"; },
       .run = [command] { return runReplay(*command); },
       .optionColumns = kOptionColumns};
@@ -91,9 +89,7 @@ Command replayOptions() {
                             .value = "SECONDS",
                             .check = numberThat(isSpan, "expected a number of seconds, at least " +
                                                             shortestText(Replay::kShortestSpan))});
-  replay.options.push_back({.name = "--text",
-                            .help = "Draw the panel instead of printing JSON",
-                            .target = &command->text});
+  replay.options.push_back({"--text", "Draw the panel instead of printing JSON", &command->text});
   return replay;
 }
 

@@ -1,5 +1,6 @@
 // settings, waypoint and track, as the command line has them.
 #include <algorithm>
+#include <array>
 #include <memory>
 
 #include "hosts/settings/KnownSettings.h"
@@ -66,8 +67,8 @@ constexpr const char* kTrackMore =
 // One of the things that a command does.
 template <class Asked, class Run>
 Command action(const char* name, const char* help, const std::shared_ptr<Asked>& command,
-               typename Asked::Action asked, Run run, std::vector<Option> options) {
-  return {.name = name, .help = help, .options = std::move(options), .run = [command, asked, run] {
+               typename Asked::Action asked, Run run, const std::vector<Option>& options) {
+  return {.name = name, .help = help, .options = options, .run = [command, asked, run] {
             command->action = asked;
             return run(*command);
           }};
@@ -106,14 +107,8 @@ Words valuesAfter(const std::vector<std::string>& before) {
   return values;
 }
 
-Words typeNames() {
-  Words names;
-  for (const char* name :
-       {"boolean", "integer", "real", "text", "date", "data", "list", "dictionary"}) {
-    names.push_back({name, ""});
-  }
-  return names;
-}
+constexpr std::array kTypes = {"boolean", "integer", "real", "text",
+                               "date",    "data",    "list", "dictionary"};
 
 }  // namespace
 
@@ -134,11 +129,8 @@ Command settingsOptions() {
                          .target = &command->value,
                          .offered = valuesAfter,
                          .isRequired = true},
-                        {.name = "--type",
-                         .help = "boolean, integer, real, text, date, data, list or dictionary",
-                         .target = &command->type,
-                         .value = "TYPE",
-                         .words = typeNames()}});
+                        {"--type", "boolean, integer, real, text, date, data, list or dictionary",
+                         &command->type, "TYPE", wordsOf(kTypes)}});
   set.more = kSetMore;
   return {
       .name = "settings",
@@ -166,9 +158,7 @@ Command waypointOptions() {
       .more = kWaypointMore,
       .commands = {action("set", "Set it to a position, or to a waypoint of a file", command,
                           Action::set, runWaypoint,
-                          {{.name = "LAT LON",
-                            .help = "Decimal degrees on WGS 84",
-                            .target = &command->position},
+                          {{"LAT LON", "Decimal degrees on WGS 84", &command->position},
                            {.name = "--gpx",
                             .help = "A file with it; - is standard input",
                             .target = &command->gpx,
@@ -182,9 +172,7 @@ Command waypointOptions() {
                             .needs = {"--gpx"}}}),
                    action("show", "Print its position, in the format of the panel", command,
                           Action::show, runWaypoint,
-                          {{.name = "--json",
-                            .help = "Print a JSON object with numbers instead",
-                            .target = &command->json}}),
+                          {{"--json", "Print a JSON object with numbers instead", &command->json}}),
                    action("clear", "Have none any more", command, Action::clear, runWaypoint, {})}};
 }
 

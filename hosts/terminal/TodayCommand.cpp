@@ -9,8 +9,9 @@
 #include <vector>
 
 #include "hosts/loop/uv/EventLoop.h"
+#include "hosts/terminal/LivePanel.h"
 #include "hosts/terminal/Output.h"
-#include "hosts/terminal/ShowScene.h"
+#include "hosts/terminal/PanelText.h"
 #include "hosts/terminal/Terminal.h"
 #include "hosts/text/ElapsedText.h"
 #include "hosts/text/InputError.h"
@@ -25,38 +26,33 @@ constexpr double kPatience = 1;   // before someone who waits is told what for
 // terminal on the stage first, and on standard error when that is over.
 class Notices {
  public:
-  // While it lives the stage, which must outlive it, is on the terminal.
-  class OnScreen {
-   public:
-    OnScreen(Notices& notices, Stage& stage) : notices_(notices) { notices.stage_ = &stage; }
-    ~OnScreen() {
-      notices_.stage_ = nullptr;
-      notices_.sayAll();
-    }
-    OnScreen(const OnScreen&) = delete;
-    OnScreen& operator=(const OnScreen&) = delete;
-
-   private:
-    Notices& notices_;
-  };
-
   void warn(const std::string& sentence) {
     last_ = sentence;
     if (!stage_) return complain(sentence);
     stage_->tell(sentence);
     kept_.push_back(sentence);
   }
+  void showOn(Stage& stage) { stage_ = &stage; }
+  void leave() {
+    stage_ = nullptr;
+    for (const std::string& sentence : std::exchange(kept_, {})) complain(sentence);
+  }
   const std::optional<std::string>& last() const { return last_; }
 
  private:
-  void sayAll() {
-    for (const std::string& sentence : std::exchange(kept_, {})) complain(sentence);
-  }
-
   Stage* stage_ = nullptr;
   std::vector<std::string> kept_;
   std::optional<std::string> last_;
 };
+
+// The panel as text, and the line below it. The caption stands in the frame on the right.
+int printPanel(const WidgetInterface& interface, const std::string& caption,
+               const std::string& below) {
+  Output output;
+  for (const std::string& line : panelText(interface, caption)) output.line(line);
+  output.line(below);
+  return output.finish(kDone);
+}
 
 int printRecording(Stage& stage, Player& player) {
   player.advanceToFirstFix();
@@ -93,13 +89,33 @@ int printOnce(EventLoop& loop, const OpenedSource& opened) {
   return status;
 }
 
-// Returns the signal that ended it, if one did.
+// Until the user quits or a signal ends it, which is then returned. The note is told until the
+// first key.
+std::optional<int> showScene(EventLoop& loop, Scene& scene,
+                             const std::optional<std::string>& note) {
+  std::optional<int> endedBy;
+  // Before the terminal, whose library would otherwise watch for some of them itself.
+  for (const int signal : {SIGINT, SIGTERM, SIGHUP, SIGQUIT}) {
+    loop.onSignal(signal, [&loop, &endedBy, signal] {
+      endedBy = signal;
+      loop.stop();
+    });
+  }
+  Terminal terminal;
+  LivePanel panel(loop, terminal, scene);
+  if (note) panel.tell(*note);
+  panel.run();
+  return endedBy;
+}
+
 std::optional<int> showUntilEnd(EventLoop& loop, const OpenedSource& opened, Notices& notices) {
-  const Notices::OnScreen onScreen(notices, *opened.stage);
   std::optional<std::string> note = opened.missing;
   if (!note) note = opened.note;
   if (!note) note = notices.last();
-  return showScene(loop, opened.stage->scene(), note);
+  notices.showOn(*opened.stage);
+  const std::optional<int> endedBy = showScene(loop, opened.stage->scene(), note);
+  notices.leave();
+  return endedBy;
 }
 
 int show(const Sources& sources, const SourceWishes& wishes, std::optional<int>& endedBy) {
@@ -113,7 +129,8 @@ int show(const Sources& sources, const SourceWishes& wishes, std::optional<int>&
   } else {
     status = printOnce(loop, opened);
   }
-  if (const auto fault = opened.stage->fault()) throw InputError(*fault);
+  const auto fault = opened.stage->fault();
+  if (fault && !endedBy) throw InputError(*fault);
   return status;
 }
 

@@ -64,47 +64,39 @@ constexpr std::array kUnits = {"imperial", "metric", "nautical"};
 
 Words datumNames() {
   Words names;
-  for (const CatalogueDatum& datum : kDatums) names.push_back({std::string(datum.name), ""});
+  for (const CatalogueDatum& datum : kDatums) names.push_back({std::string(datum.name)});
   return names;
 }
 
 }  // namespace
 
-Option jsonOption(bool& json) {
-  return {.name = "--json", .help = "Print one JSON object a line", .target = &json};
-}
+Option jsonOption(bool& json) { return {"--json", "Print one JSON object a line", &json}; }
 
 Command convertOptions() {
   const auto command = std::make_shared<ConvertCommand>();
-  Words formats;
-  for (const auto& format : kPositionFormats) formats.push_back({std::string(format), ""});
-  formats.push_back({"all", ""});
+  Words formats = wordsOf(kPositionFormats);
+  formats.push_back({"all"});
   return {.name = "convert",
           .help = kConvertHelp,
           .more = kConvertMore,
-          .options = {{.name = "LAT LON",
-                       .help = "Positions, or references with --from",
-                       .target = &command->input},
-                      {.name = "--to",
-                       .help = "Format: dec, dm, dms, mgrs, utm or all (if none)",
-                       .target = &command->to,
-                       .value = "FORMAT",
-                       .words = formats},
-                      {.name = "--from",
-                       .help = "Read references instead: utm or mgrs",
-                       .target = &command->from,
-                       .value = "FORMAT",
-                       .words = {{"utm", ""}, {"mgrs", ""}}},
+          .options = {{"LAT LON", "Positions, or references with --from", &command->input},
+                      {"--to", "Format: dec, dm, dms, mgrs, utm or all (if none)", &command->to,
+                       "FORMAT", formats},
+                      {"--from",
+                       "Read references instead: utm or mgrs",
+                       &command->from,
+                       "FORMAT",
+                       {{"utm"}, {"mgrs"}}},
                       {.name = "--datum",
                        .help = "Datum of texts and references; WGS 84 if none",
                        .target = &command->datum,
                        .value = "NAME",
                        .offered = [](const auto& /*before*/) { return datumNames(); }},
-                      {.name = "--utm-type",
-                       .help = "Letters: 0 hemispheres (if none), 1 bands",
-                       .target = &command->utmType,
-                       .value = "TYPE",
-                       .words = {{"0", "hemispheres"}, {"1", "latitude bands"}}},
+                      {"--utm-type",
+                       "Letters: 0 hemispheres (if none), 1 bands",
+                       &command->utmType,
+                       "TYPE",
+                       {{"0", "hemispheres"}, {"1", "latitude bands"}}},
                       jsonOption(command->json)},
           .run = [command] { return runConvert(*command); }};
 }
@@ -118,40 +110,26 @@ Command distanceOptions() {
   return {.name = "distance",
           .help = kDistanceHelp,
           .more = kDistanceMore,
-          .options = {{.name = "LAT LON",
-                       .help = "Two positions, or one to start from",
-                       .target = &command->input},
-                      {.name = "--bearing",
-                       .help = "Degrees clockwise from north",
-                       .target = &command->bearing,
-                       .value = "DEGREES"},
-                      {.name = "--distance",
-                       .help = "How far to go",
-                       .target = &command->distance,
-                       .value = "METRES"},
-                      {.name = "--units",
-                       .help = "imperial, metric (if none) or nautical",
-                       .target = takeUnits,
-                       .value = "UNITS",
-                       .words = {{kUnits[0], ""}, {kUnits[1], ""}, {kUnits[2], ""}}},
-                      {.name = "--mils",
-                       .help = "Show the bearing in mils, 6400 to the circle",
-                       .target = &command->mils},
+          .options = {{"LAT LON", "Two positions, or one to start from", &command->input},
+                      {"--bearing", "Degrees clockwise from north", &command->bearing, "DEGREES"},
+                      {"--distance", "How far to go", &command->distance, "METRES"},
+                      {"--units", "imperial, metric (if none) or nautical", takeUnits, "UNITS",
+                       wordsOf(kUnits)},
+                      {"--mils", "Show the bearing in mils, 6400 to the circle", &command->mils},
                       jsonOption(command->json)},
           .run = [command] { return runDistance(*command); }};
 }
 
 Command datumsOptions() {
   const auto command = std::make_shared<DatumsCommand>();
-  return {.name = "datums",
-          .help = kDatumsHelp,
-          .more = kDatumsMore,
-          .options = {{.name = "WORDS", .help = "What to look for", .target = &command->words},
-                      {.name = "--names",
-                       .help = "Print names only, one a line (not with --json)",
-                       .target = &command->names},
-                      jsonOption(command->json)},
-          .run = [command] { return runDatums(*command); }};
+  return {
+      .name = "datums",
+      .help = kDatumsHelp,
+      .more = kDatumsMore,
+      .options = {{"WORDS", "What to look for", &command->words},
+                  {"--names", "Print names only, one a line (not with --json)", &command->names},
+                  jsonOption(command->json)},
+      .run = [command] { return runDatums(*command); }};
 }
 
 }  // namespace wayfell

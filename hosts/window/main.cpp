@@ -36,13 +36,6 @@ constexpr std::size_t kOptionColumns = 26;
 
 bool isFontScale(double scale) { return scale >= 1 && scale <= PanelStyle::kGreatestFontScale; }
 
-template <class Names>
-Words wordsOf(const Names& names) {
-  Words words;
-  for (const auto& name : names) words.push_back({std::string(name), ""});
-  return words;
-}
-
 // The texts are copied as they are shown unless a format is named.
 std::optional<std::size_t> copyFormatOf(const std::string& name) {
   const auto* const found = std::find(kPositionFormats.begin(), kPositionFormats.end(), name);
@@ -52,26 +45,20 @@ std::optional<std::size_t> copyFormatOf(const std::string& name) {
 
 std::vector<Option> lookOptions(WidgetCommand& command) {
   Words formats = wordsOf(kPositionFormats);
-  formats.push_back({"shown", ""});
+  formats.push_back({"shown"});
   return {
-      {.name = "--always-on-top",
-       .help = "Keep the window above others",
-       .target = &command.window.alwaysOnTop},
-      {.name = "--theme",
-       .help = "Look: dark, light, sunlight (greatest contrast) or auto (as the desktop); the last "
-               "one if none",
-       .target = &command.theme,
-       .value = "NAME",
-       .words = wordsOf(kThemes)},
-      {.name = "--opaque", .help = "Let nothing shine through", .target = &command.window.opaque},
+      {"--always-on-top", "Keep the window above others", &command.window.alwaysOnTop},
+      {"--theme",
+       "Look: dark, light, sunlight (greatest contrast) or auto (as the desktop); the last "
+       "one if none",
+       &command.theme, "NAME", wordsOf(kThemes)},
+      {"--opaque", "Let nothing shine through", &command.window.opaque},
       {.name = "--font-scale",
        .help = "Size of the texts, 1 to 2; the desktop's if none",
        .target = &command.fontScale,
        .value = "N",
        .check = numberThat(isFontScale, "expected a size from 1 to 2")},
-      {.name = "--still",
-       .help = "Turn the compass without moving pictures",
-       .target = &command.still},
+      {"--still", "Turn the compass without moving pictures", &command.still},
       {.name = "--copy-format",
        .help = "How the position is copied: dec, dm, dms, mgrs, utm or shown (if none)",
        .target = [&command](const std::string& name) { command.copyFormat = copyFormatOf(name); },
@@ -99,9 +86,8 @@ int runWindow(int argc, char** argv) {
                              .value = "FILE",
                              .isHidden = true});
   for (const Option& option : lookOptions(command)) program.options.push_back(option);
-  program.options.push_back({.name = "--check-display",
-                             .help = "Only tell, by the exit status, if one answers",
-                             .target = &checkDisplay});
+  program.options.push_back(
+      {"--check-display", "Only tell, by the exit status, if one answers", &checkDisplay});
   return runProgram(program, "wayfell-widget " WAYFELL_VERSION, argc, argv);
 }
 
