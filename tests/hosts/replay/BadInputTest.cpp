@@ -19,11 +19,7 @@ struct BadInput {
 const BadInput kBadInputs[] = {
     // What it is at all.
     {"", "empty"},
-    {"\xEF\xBB\xBF \r\n\n", "empty"},
     {"\0\1"s, "begins with the bytes 00 01; a GPX track"},
-    {"\x7F"
-     "ELF",
-     "begins with the bytes 7F 45 4C 46;"},
     {"once upon a time", "begins with \"once upon a \";"},
     {"[{\"t\":0}]", "begins with \"[{\"t\":0}]\";"},
     {"$GPGGA,123519,4807.038,N\r\n", "NMEA sentences are not read directly: run them through gpsd"},
@@ -32,7 +28,6 @@ const BadInput kBadInputs[] = {
     {"{\"t\":0,\"show\":true}\n{\"t\":1,\"fix\":{\"lat", "line 2: not JSON at column 19: "},
     {"{\"t\":0,\"show\":true}\n\n{\"t\":1,\"tap\":\"\0\"}"s, "line 3: not JSON at column 15: "},
     {R"({"t":0,"fix":{"latitude":NaN,"longitude":8}})", "line 1: not JSON at column 26: "},
-    {R"({"t":0,"fix":{"latitude":1e999,"longitude":8}})", "line 1: not JSON at column 30: "},
     {R"({"t":0,"show":true} {"t":1,"show":true})", "line 1: not JSON at column 21: "},
     {"{\"t\":0,\"suite\":{\"a\":\"\xFF\"}}", "line 1: not UTF-8"},
     {"{\"t\":0,\"suite\":{\"a\":\"\xED\xA0\x80\"}}", "line 1: not UTF-8"},  // half of a pair
@@ -53,25 +48,20 @@ const BadInput kBadInputs[] = {
     {R"({"t":0,"fly":true})", "line 1: fly: unknown event"},
     {R"({"t":0,"show":true,"appear":true})", "line 1: appear: a second event on the line"},
     {R"({"t":0,"show":1})", "line 1: show: expected true"},
-    {R"({"t":0,"appear":false})", "line 1: appear: expected true"},
 
     // Fields.
     {R"({"t":0,"fix":7})", "line 1: fix: expected an object"},
     {R"({"t":0,"fix":{"longitude":8}})", "line 1: fix.latitude: missing"},
     {R"({"t":0,"fix":{"latitude":"47","longitude":8}})", "line 1: fix.latitude: expected a number"},
     {R"({"t":0,"fix":{"latitude":47,"longitude":8,"sped":1}})", "line 1: fix.sped: unknown field"},
-    {R"({"t":0,"fix":{"latitude":47,"latitude":48,"longitude":8}})",
-     "line 1: fix.latitude: given twice"},
     {R"({"t":0,"fixes":[]})", "line 1: fixes: expected at least one fix"},
     {R"({"t":0,"fixes":[{"latitude":1,"longitude":2},{"latitude":1}]})",
      "line 1: fixes[1].longitude: missing"},
     {R"({"t":0,"heading":{}})", "line 1: heading: expected trueHeading or magneticHeading"},
-    {R"({"t":0,"heading":{"trueHeading":null}})", "line 1: heading.trueHeading: expected a number"},
     {R"({"t":0,"authorization":5})", "line 1: authorization: expected an integer from 0 to 4"},
     {R"({"t":0,"segment":1.0})", "line 1: segment: expected an integer from 0 to 4"},
     {R"({"t":0,"course":1})", "line 1: course: expected true or false"},
     {R"({"t":0,"placemark":{"town":"A"}})", "line 1: placemark.town: unknown field"},
-    {R"({"t":0,"placemark":{"city":1}})", "line 1: placemark.city: expected a text"},
     {R"({"t":0,"tap":"altitudeLabel"})", "line 1: tap: expected \"toggleViewButton\""},
     {R"({"t":0,"call":"viewDidLoad"})", "line 1: call: expected \"openAppWithCoordinate\""},
     {R"({"t":0,"call":"updateCurrentLocationDisplayWithUnits"})", "line 1: index: missing"},
@@ -85,15 +75,12 @@ const BadInput kBadInputs[] = {
     {R"({"class":"VERSION","release":"3.22"})", "no fix with a time in gpsd's reports"},
     {"{\"class\":\"VERSION\"}\n{\"class\":\"TPV\",\"mode\":3,\"la",
      "line 2: not JSON at column 28: "},
-    {"{\"class\":\"VERSION\"}\n{\"class\":\"TPV\",\"lat\":nan}", "line 2: not JSON at column 23: "},
-    {"{\"class\":\"VERSION\"}\n\"TPV\"", "line 2: expected an object"},
     {"{\"class\":\"TPV\",\"mode\":2,\"time\":\"2021-01-02T03:04:05.5Z\",\"lat\":1,\"lon\":2}\n"
      "{\"class\":\"TPV\",\"mode\":2,\"time\":\"2021-01-02T03:04:03Z\",\"lat\":1,\"lon\":2}\n",
      "line 2: time: 2.5 seconds before the time of the fix before"},
 
     // GPX.
     {"<gpx>\n<trk>\n</gpx>", "line 3: not well-formed XML: "},
-    {"<gpx><trk><trkseg>", "line 1: not well-formed XML: "},
     {"<html><trk/></html>", "not GPX: the document is of type <html>"},
     {"<gpx><wpt lat=\"1\" lon=\"2\"/><trk><trkseg/></trk></gpx>", "no track points"},
     {"<gpx><name>\xFF</name></gpx>", "not UTF-8"},

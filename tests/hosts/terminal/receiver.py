@@ -24,8 +24,8 @@ def sentence(body):
 class Receiver:
     """Writes NMEA to whoever connects, several times a second: what `state` says then.
 
-    state: "latitude" and "longitude" as NMEA has them, "altitude" in metres above the sea, "knots"
-    and "course"; no latitude is no fix.
+    state: "latitude" and "longitude" as NMEA has them, "altitude" in metres above the sea, "knots",
+    "course" and, for one with a compass, "heading"; no latitude is no fix.
     """
 
     def __init__(self, **state):
@@ -57,6 +57,8 @@ class Receiver:
                  f"GPGGA,{clock},{place},1,08,0.9,{state['altitude']},M,47.0,M,,",
                  "GPGSA,A,3,01,02,03,04,05,06,07,08,,,,,1.5,0.9,1.2",
                  f"GPGST,{clock},2.0,2.0,2.0,0.0,2.0,2.0,3.0"]
+        if "heading" in state:
+            lines.append(f"GPHDT,{state['heading']},T")
         return b"".join(map(sentence, lines))
 
 

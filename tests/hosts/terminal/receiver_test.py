@@ -81,6 +81,9 @@ class OnAReceiver(unittest.TestCase):
             screen.wait_for_text("968 m")
             lines = screen.wait_for_text("45°")  # there is no compass
             self.assertIn("course", lines[-2])
+            gpsd.receiver.state = {**HERE, "heading": "90.0"}
+            lines = screen.wait_for_text("90°")
+            self.assertIn("compass, true", lines[-2])
             self.assertIn(f"gpsd at {gpsd.address}", lines[-2])
 
             gpsd.kill()

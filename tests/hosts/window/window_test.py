@@ -191,14 +191,6 @@ class WindowTest(unittest.TestCase):
             window.wait_for_geometry("told", lambda x, y, w, height: height - 286 > 40)
             self.wait_for_panel(window, "expanded")
 
-    def test_the_position_is_copied_in_another_format(self):
-        walker = Walker(self.display, "--copy-format", "mgrs")
-        with walker.window as window:
-            walker.step(2)
-            window.keys("ctrl+c")
-            grid = converted("mgrs", "45.0000255", "7.0000359")
-            wait_until(lambda: self.display.clipboard() == grid, grid)
-
     def wait_until_it_copies(self, window, text):
         def copies():
             window.keys("ctrl+c")
