@@ -1,7 +1,6 @@
 #include "hosts/terminal/AddressImportCommand.h"
 
 #include <SQLiteCpp/Exception.h>
-#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -21,6 +20,7 @@
 #include "hosts/terminal/Output.h"
 #include "hosts/terminal/Progress.h"
 #include "hosts/text/InputError.h"
+#include "hosts/text/InputFile.h"
 #include "hosts/text/TextScanner.h"
 
 namespace wayfell {
@@ -61,22 +61,14 @@ class Interruption {
   }
 };
 
-// A file that is read, or standard input for "-".
+// A file that is read until the user interrupts it.
 class Input {
  public:
-  explicit Input(const std::string& name)
-      : descriptor_(name == "-" ? STDIN_FILENO : open(name.c_str(), O_RDONLY | O_CLOEXEC)) {
-    if (descriptor_ < 0) throw InputError(std::strerror(errno));
-  }
-  ~Input() {
-    if (descriptor_ != STDIN_FILENO) close(descriptor_);
-  }
-  Input(const Input&) = delete;
-  Input& operator=(const Input&) = delete;
+  explicit Input(const std::string& name) : file_(name) {}
 
   std::size_t read(char* buffer, std::size_t size) const {
     for (;;) {
-      const ssize_t count = ::read(descriptor_, buffer, size);
+      const ssize_t count = ::read(file_.descriptor(), buffer, size);
       if (count >= 0) return static_cast<std::size_t>(count);
       if (errno != EINTR) throw InputError(std::string("cannot be read: ") + std::strerror(errno));
       Interruption::check();
@@ -84,7 +76,7 @@ class Input {
   }
 
  private:
-  int descriptor_;
+  InputFile file_;
 };
 
 // "/home/jo" is somebody's, not Jordan's.
