@@ -1,15 +1,12 @@
 #include "hosts/services/stores/PrivateFile.h"
 
 #include <fcntl.h>
-#include <sys/file.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
-#include <array>
 #include <cerrno>
-#include <ctime>
-#include <string>
 #include <system_error>
+
+#include "hosts/services/stores/Descriptor.h"
 
 namespace wayfell {
 namespace {
@@ -21,20 +18,6 @@ constexpr mode_t kUserOnlyFolder = 0700;
 
 [[noreturn]] void fail() { throw std::system_error(errno, std::generic_category()); }
 
-class Descriptor {
- public:
-  explicit Descriptor(int descriptor) : descriptor_(descriptor) {}
-  ~Descriptor() {
-    if (descriptor_ >= 0) close(descriptor_);
-  }
-  Descriptor(const Descriptor&) = delete;
-  Descriptor& operator=(const Descriptor&) = delete;
-  int get() const { return descriptor_; }
-
- private:
-  int descriptor_;
-};
-
 void createFolders(const fs::path& folder) {
   if (folder.empty() || fs::is_directory(folder)) return;
   createFolders(folder.parent_path());
@@ -45,49 +28,7 @@ void createFolders(const fs::path& folder) {
   }
 }
 
-fs::path beside(const fs::path& file, const std::string& suffix) {
-  fs::path path = file;
-  path += suffix;
-  return path;
-}
-
-std::string nowInUtc() {
-  const std::time_t now = std::time(nullptr);
-  std::tm parts{};
-  gmtime_r(&now, &parts);
-  std::array<char, 32> text{};
-  const std::size_t size = std::strftime(text.data(), text.size(), "%Y%m%dT%H%M%SZ", &parts);
-  return {text.data(), size};
-}
-
-fs::path freeNameFor(const fs::path& file) {
-  const std::string suffix = ".corrupt-" + nowInUtc();
-  fs::path name = beside(file, suffix);
-  for (int i = 2; fs::exists(name); ++i) name = beside(file, suffix + '-' + std::to_string(i));
-  return name;
-}
-
 }  // namespace
-
-std::optional<FileMark> markOf(const fs::path& file) {
-  struct stat status {};
-  if (stat(file.c_str(), &status) != 0) return std::nullopt;
-  struct stat log {};
-  const bool hasLog = stat(beside(file, "-wal").c_str(), &log) == 0;
-  const std::int64_t seconds = status.st_mtim.tv_sec;
-  return FileMark{status.st_dev,
-                  status.st_ino,
-                  status.st_size,
-                  seconds * 1'000'000'000 + status.st_mtim.tv_nsec,
-                  hasLog ? log.st_size : 0,
-                  S_ISREG(status.st_mode)};
-}
-
-bool isStillAt(const fs::path& file, const FileMark& mark) {
-  struct stat status {};
-  return stat(file.c_str(), &status) == 0 && status.st_dev == mark.device &&
-         status.st_ino == mark.inode;
-}
 
 void createPrivateFile(const fs::path& file) {
   createFolders(file.parent_path());
@@ -98,24 +39,6 @@ void createPrivateFile(const fs::path& file) {
   } else if (fchmod(made.get(), kUserOnlyFile) != 0) {
     fail();
   }
-}
-
-std::optional<fs::path> setAside(const fs::path& file, const FileMark& damaged) {
-  // Two processes that find the damage at once take turns, so that the second one does not take
-  // away the new file of the first. Where folders cannot be locked they may still be renamed in.
-  const Descriptor folder(open(file.parent_path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-  if (folder.get() >= 0) flock(folder.get(), LOCK_EX);
-
-  if (!isStillAt(file, damaged)) return std::nullopt;
-  const fs::path name = freeNameFor(file);
-  // The file itself goes last: a new one must not find another's log beside it.
-  for (const char* suffix : {"-wal", "-shm", ""}) {
-    if (std::rename(beside(file, suffix).c_str(), beside(name, suffix).c_str()) != 0 &&
-        errno != ENOENT) {
-      fail();
-    }
-  }
-  return name;
 }
 
 }  // namespace wayfell

@@ -1,40 +1,12 @@
-// Files that nobody but the user may read, and what becomes of damaged ones.
+// Files that nobody but the user may read.
 #pragma once
 
-#include <sys/types.h>
-
-#include <cstdint>
 #include <filesystem>
-#include <optional>
 
 namespace wayfell {
-
-/// Which file it is that stands at a path, and what its contents are likely to be.
-struct FileMark {
-  dev_t device = 0;
-  ino_t inode = 0;
-  off_t size = 0;
-  std::int64_t modified = 0;  ///< nanoseconds since 1970
-  off_t logSize = 0;          ///< of the write-ahead log beside it; 0 without one
-  bool isFile = true;         ///< and not a folder, a pipe ...
-
-  friend bool operator==(const FileMark&, const FileMark&) = default;
-};
-
-/// None when there is no file, or none that can be seen.
-std::optional<FileMark> markOf(const std::filesystem::path& file);
-/// Whether the file that was marked still stands at the path, whatever its contents. Costs half as
-/// much.
-bool isStillAt(const std::filesystem::path& file, const FileMark& mark);
 
 /// Makes the file, empty, and the folders that it takes, for the user alone whatever the umask. A
 /// file and folders that are there stay as they are. Throws std::system_error.
 void createPrivateFile(const std::filesystem::path& file);
-
-/// Renames a damaged database and the log beside it to "NAME.corrupt-20251231T235959Z" and returns
-/// the new path. None when the path is not that file's any more: another process was faster.
-/// Throws std::system_error.
-std::optional<std::filesystem::path> setAside(const std::filesystem::path& file,
-                                              const FileMark& damaged);
 
 }  // namespace wayfell

@@ -62,4 +62,10 @@ fs::path localStoreFile() { return configFolder() / "widget.db"; }
 
 fs::path cloudStoreFile() { return dataFolder() / (std::string(kCloud) + ".db"); }
 
+fs::path beside(const fs::path& file, std::string_view suffix) {
+  fs::path path = file;
+  path += suffix;
+  return path;
+}
+
 }  // namespace wayfell

@@ -23,4 +23,8 @@ std::filesystem::path localStoreFile();
 /// folder.
 std::filesystem::path cloudStoreFile();
 
+/// The path whose name goes on with the suffix: SQLite has files with "-wal" and "-shm" beside a
+/// database.
+std::filesystem::path beside(const std::filesystem::path& file, std::string_view suffix);
+
 }  // namespace wayfell

@@ -1,0 +1,150 @@
+#include <sqlite3.h>
+#include <unistd.h>
+
+#include <system_error>
+#include <utility>
+
+#include "hosts/services/stores/DamagedFile.h"
+#include "hosts/services/stores/PrivateFile.h"
+#include "hosts/services/stores/SqliteStoreImplementation.h"
+
+namespace wayfell {
+
+void SqliteStore::Implementation::open() {
+  for (int attempt = 0; attempt < kOpenAttempts; ++attempt) {
+    if (openOnce()) return;
+  }
+}
+
+// False when the file was put aside, by this process or another, and a new one is to be opened.
+bool SqliteStore::Implementation::openOnce() {
+  table_.reset();
+  state_ = State::unreadable;
+  sealed_ = false;
+  isOurs_ = true;
+  values_.clear();
+  overlay(unsaved_, values_);
+  mark_ = markOf(file_);
+  if (!mark_ && access_ == Access::readOnly) {
+    state_ = State::missing;
+    opening_.over();
+    return true;
+  }
+  try {
+    if (!mark_) {
+      createPrivateFile(file_);
+      mark_ = markOf(file_).value_or(FileMark{});
+    }
+    // SQLite would wait for somebody at the other end of a pipe.
+    if (!mark_->isFile) throw SQLite::Exception("it is not a file", SQLITE_CANTOPEN);
+    connect();
+    return true;
+  } catch (const std::system_error& error) {
+    tell(opening_, "cannot be created: " + error.code().message() +
+                       "; settings are kept only until the program ends");
+  } catch (const SQLite::Exception& error) {
+    table_.reset();
+    state_ = State::unreadable;
+    if (isDamage(error)) return !putAside(error);
+    if (!isStillAt(file_, *mark_)) return false;
+    tell(opening_, "cannot be read: " + whyNotRead(error, file_) +
+                       "; its settings count as missing, and changes last until the program ends");
+  }
+  return true;
+}
+
+void SqliteStore::Implementation::connect() {
+  const FileKind found = startReading();
+  switch (found.kind) {
+    case FileKind::foreign:
+      tell(opening_, "belongs to another program (its application_id is " +
+                         std::to_string(found.applicationId) +
+                         "); its settings count as missing, and it is not written to");
+      return;
+    case FileKind::newer:
+      state_ = State::readable;
+      isOurs_ = false;
+      tell(opening_, "was written by a later version of this program (its user_version is " +
+                         std::to_string(found.version) +
+                         "); it is read as far as it can be, and not written to");
+      break;
+    case FileKind::empty:
+    case FileKind::settings:
+      state_ = found.kind == FileKind::empty ? State::missing : State::readable;
+      if (access_ == Access::readWrite) startWriting(found.kind);
+  }
+  if (table_) load();
+  const bool isAsWanted = access_ == Access::readOnly ? isOurs_ : state_ == State::writable;
+  if (isAsWanted) opening_.over();
+}
+
+// First for reading only, which leaves a file that is not ours as it is.
+FileKind SqliteStore::Implementation::startReading() {
+  try {
+    return startReading(DatabaseAccess::readOnly);
+  } catch (const SQLite::Exception& error) {
+    // SQLite needs its files beside the database, and may not be able to make them in this folder.
+    // It can do without as long as there is nothing in them that is not in the database itself.
+    const bool canDoWithout = isForWantOfAccess(error) || isForWantOfSpace(error);
+    if (!canDoWithout || isDenied(file_, R_OK)) throw;
+    if (mark_->logSize > 0) {
+      const std::string what = isForWantOfSpace(error) ? "the full disk" : "its folder";
+      throw SQLite::Exception("the latest changes are still in its -wal file, which " + what +
+                                  " does not let be opened",
+                              error.getErrorCode());
+    }
+  }
+  sealed_ = true;
+  return startReading(DatabaseAccess::immutable);
+}
+
+FileKind SqliteStore::Implementation::startReading(DatabaseAccess access) {
+  SQLite::Database database = openDatabase(file_, access);
+  waitForLocks(database, kPatience);
+  const FileKind found = kindOf(database);
+  if (found.kind == FileKind::settings || found.kind == FileKind::newer) {
+    table_.emplace(std::move(database));
+  }
+  return found;
+}
+
+void SqliteStore::Implementation::startWriting(FileKind::Kind kind) {
+  try {
+    SQLite::Database database = openDatabase(file_, DatabaseAccess::readWrite);
+    waitForLocks(database, kPatience);
+    if (!isWritable(database)) throw SQLite::Exception("it is read-only", SQLITE_READONLY);
+    if (kind == FileKind::empty) makeSettings(database);
+    writeAhead(database, kPatience);
+    table_.emplace(std::move(database));
+    table_->waitForLocks(patience_);
+    state_ = State::writable;
+    sealed_ = false;
+  } catch (const SQLite::Exception& error) {
+    if (isDamage(error)) throw;
+    tell(opening_, "cannot be written to: " + whyNotWritten(error, file_) +
+                       "; changes last until the program ends");
+  }
+}
+
+// False when nothing could be done about it.
+bool SqliteStore::Implementation::putAside(const SQLite::Exception& damage) {
+  const std::string what = std::string("is damaged: ") + damage.what();
+  if (access_ == Access::readOnly || !isOurs_) {
+    tell(opening_, what + "; its settings count as missing");
+    return false;
+  }
+  try {
+    if (const auto name = setAside(file_, *mark_)) {
+      tell(opening_, what + "; it is kept as " + name->filename().string() +
+                         ", and a new one is begun without settings");
+    }
+    return true;
+  } catch (const std::system_error& error) {
+    tell(opening_,
+         what + "; it cannot be put aside (" + error.code().message() +
+             "), so its settings count as missing and changes last until the program ends");
+    return false;
+  }
+}
+
+}  // namespace wayfell
