@@ -7,6 +7,7 @@
 #include "coordinates/ConvertCoordinates.h"
 #include "coordinates/CoordinateLookup.h"
 #include "datums/DatumManager.h"
+#include "hosts/places/PositionRange.h"
 #include "hosts/text/JsonWriter.h"
 #include "platform/NSString.h"
 #include "settings/UserDefaults.h"
@@ -24,8 +25,8 @@ struct Axis {
   char positive;   // letters, capitals
   char negative;
 };
-constexpr Axis kLatitude = {"latitude", 90, 'N', 'S'};
-constexpr Axis kLongitude = {"longitude", 180, 'E', 'W'};
+constexpr Axis kLatitude = {"latitude", kGreatestLatitude, 'N', 'S'};
+constexpr Axis kLongitude = {"longitude", kGreatestLongitude, 'E', 'W'};
 
 [[noreturn]] void refuse(const std::string& why) { throw std::invalid_argument(why); }
 
@@ -46,10 +47,7 @@ double takeDegrees(TextScanner& scanner, const Axis& axis) {
     if (std::signbit(degrees)) refuse("a " + name + " with both a sign and a letter");
     if (letter == axis.negative) degrees = -degrees;
   }
-  if (std::abs(degrees) > axis.largest) {
-    refuse(name + ' ' + shortestText(degrees) + " is beyond " +
-           shortestText(std::copysign(axis.largest, degrees)));
-  }
+  checkDegrees(degrees, axis.largest, name);
   return degrees;
 }
 

@@ -7,6 +7,7 @@
 
 #include "coordinates/ConvertCoordinates.h"
 #include "coordinates/CoordinateLookup.h"
+#include "hosts/places/PositionRange.h"
 #include "platform/NSString.h"
 
 namespace wayfell {
@@ -119,9 +120,7 @@ std::string squareName(const MgrsReference& reference) {
 CLLocationCoordinate2D withinGlobe(CLLocationCoordinate2D position) {
   if (position.longitude > 180) position.longitude -= 360;
   if (position.longitude < -180) position.longitude += 360;
-  if (!(std::abs(position.latitude) <= 90 && std::abs(position.longitude) <= 180)) {
-    refuse("there is no such place");
-  }
+  if (!isPosition(position)) refuse("there is no such place");
   return position;
 }
 

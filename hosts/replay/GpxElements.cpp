@@ -5,6 +5,7 @@
 #include <cmath>
 #include <cstddef>
 
+#include "hosts/places/PositionRange.h"
 #include "hosts/text/InputError.h"
 #include "hosts/text/Utf8.h"
 #include "platform/NSString.h"
@@ -78,8 +79,8 @@ std::optional<double> number(const pugi::xml_node& point, const char* name) {
 
 CLLocationCoordinate2D coordinate(const pugi::xml_node& point) {
   CLLocationCoordinate2D coordinate;
-  coordinate.latitude = degrees(point, "lat", 90);
-  coordinate.longitude = degrees(point, "lon", 180);
+  coordinate.latitude = degrees(point, "lat", kGreatestLatitude);
+  coordinate.longitude = degrees(point, "lon", kGreatestLongitude);
   return coordinate;
 }
 

@@ -25,7 +25,7 @@ std::string_view text(const pugi::xml_node& node);
 double number(std::string_view digits, const char* field);
 /// The number in an element of the point itself; none without it.
 std::optional<double> number(const pugi::xml_node& point, const char* name);
-/// lat and lon: both must be there, within 90 and 180 degrees.
+/// lat and lon: both must be there, and be a position.
 CLLocationCoordinate2D coordinate(const pugi::xml_node& point);
 
 }  // namespace wayfell::gpx

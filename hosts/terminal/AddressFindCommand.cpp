@@ -46,7 +46,7 @@ int findInBook(const CLLocationCoordinate2D& position, bool asJson) {
   AddressBook book(addressBookPath(), AddressBook::Missing::isWarnedAbout, warningTo(warned));
   const auto found = book.nearest(position);
   if (!found) {
-    if (!warned) complain("no address within " + fixedText(AddressBook::kRadius, 0) + " m");
+    if (!warned) complain("no address " + radiusText());
     return kBadInput;
   }
   Output output;
@@ -102,6 +102,8 @@ int findOnline(const CLLocationCoordinate2D& position, bool asJson) {
 }
 
 }  // namespace
+
+std::string radiusText() { return "within " + fixedText(AddressBook::kRadius, 0) + " m"; }
 
 int runAddressFind(const AddressFindCommand& command) {
   CLLocationCoordinate2D position;

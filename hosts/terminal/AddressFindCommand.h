@@ -13,6 +13,9 @@ struct AddressFindCommand {
   bool json = false;
 };
 
+/// "within 100 m": how near to the position an address of the book must be.
+std::string radiusText();
+
 /// Prints on standard output, errors on standard error. Returns the status to exit with (see
 /// Output.h): kBadInput when there is no address.
 int runAddressFind(const AddressFindCommand& command);

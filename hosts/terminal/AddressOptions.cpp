@@ -81,8 +81,7 @@ Command importOptions() {
 Command findOptions() {
   const auto command = std::make_shared<AddressFindCommand>();
   return {.name = "find",
-          .help = "Finds the address of a position, within " + shortestText(AddressBook::kRadius) +
-                  " m",
+          .help = "Finds the address of a position, " + radiusText(),
           .more = kFindMore,
           .options = {{.name = "LAT LON",
                        .help = "Decimal degrees on WGS 84",

@@ -5,6 +5,7 @@
 
 #include "hosts/terminal/ChosenStore.h"
 #include "hosts/terminal/Output.h"
+#include "hosts/text/ElapsedText.h"
 #include "hosts/text/TextScanner.h"
 #include "platform/UnitFactors.h"
 
@@ -31,20 +32,9 @@ double metresOf(std::string_view text) {
   refuse(text, "a distance: metres, 0 or more, or with one of km, mi, nm and ft");
 }
 
-// Hours and minutes may be left out; what stands behind a colon is less than 60.
 double secondsOf(std::string_view text) {
-  constexpr const char* kExpected = "a time: seconds, 0 or more, or MM:SS or H:MM:SS";
-  TextScanner scanner(text);
-  double seconds = 0;
-  int parts = 0;
-  do {
-    const auto number = scanner.number();
-    if (!number || *number < 0 || (parts > 0 && *number >= 60)) refuse(text, kExpected);
-    seconds = seconds * 60 + *number;
-    ++parts;
-  } while (parts < 3 && scanner.take(":"));
-  if (!scanner.atEnd()) refuse(text, kExpected);
-  return seconds;
+  if (const auto seconds = secondsOfElapsedText(text)) return *seconds;
+  refuse(text, "a time: seconds, 0 or more, or MM:SS or H:MM:SS");
 }
 
 int publish(const TrackCommand& command) {

@@ -12,7 +12,7 @@ struct TrackCommand {
 
   Action action = Action::publish;
   std::string distance;  ///< metres, or with a unit: "1.2km", "800 m", "3mi", "2nm", "500ft"
-  std::string time;      ///< seconds, or "MM:SS", or "H:MM:SS"
+  std::string time;      ///< see secondsOfElapsedText
 };
 
 /// Errors go to standard error. Returns the status to exit with (see ExitStatus.h).

@@ -110,4 +110,12 @@ void JsonLine::parse(std::string_view text, std::size_t deepest) {
   nlohmann::json::sax_parse(text.begin(), text.end(), &builder);
 }
 
+std::optional<JsonLine::Value> JsonLine::Value::member(std::string_view name) const {
+  if (kind() != Kind::object) return std::nullopt;
+  for (const Value& member : *this) {
+    if (member.key() == name) return member;
+  }
+  return std::nullopt;
+}
+
 }  // namespace wayfell

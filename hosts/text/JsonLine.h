@@ -9,6 +9,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <limits>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -67,6 +68,8 @@ class JsonLine::Value {
   }
   /// The name of a member of an object.
   std::string_view key() const { return part(node().key); }
+  /// The first member of that name; none where there is none, and of what is no object.
+  std::optional<Value> member(std::string_view name) const;
 
   // Members of an object and elements of a list, in order; others have none.
   class Iterator;

@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include "hosts/places/PositionRange.h"
 #include "hosts/services/addresses/BookFile.h"
 #include "hosts/services/addresses/StreetText.h"
 #include "hosts/services/sqlite/Sqlite.h"
@@ -16,7 +17,7 @@ namespace wayfell {
 namespace {
 
 constexpr double kEarthRadius = 6371008.8;  // metres; the mean of WGS 84's
-constexpr double kHalfTurn = 180 * kBookUnitsPerDegree;
+constexpr double kHalfTurn = kGreatestLongitude * kBookUnitsPerDegree;
 
 double radians(double degrees) { return degrees * kPi / 180; }
 double degrees(double radians) { return radians * 180 / kPi; }
@@ -47,7 +48,8 @@ std::vector<Box> boxesAround(const CLLocationCoordinate2D& position, double dist
   const double up = degrees(angle);
   const double south = std::floor((position.latitude - up) * kBookUnitsPerDegree) - kMargin;
   const double north = std::ceil((position.latitude + up) * kBookUnitsPerDegree) + kMargin;
-  if (std::abs(position.latitude) + up >= 90) return {{-kHalfTurn, kHalfTurn, south, north}};
+  if (std::abs(position.latitude) + up >= kGreatestLatitude)
+    return {{-kHalfTurn, kHalfTurn, south, north}};
   // Where the circle's easternmost point is, which lies a little poleward of its centre.
   const double aside = degrees(std::asin(std::sin(angle) / std::cos(radians(position.latitude))));
   const double west = std::floor((position.longitude - aside) * kBookUnitsPerDegree) - kMargin;
@@ -63,10 +65,6 @@ std::vector<Box> boxesAround(const CLLocationCoordinate2D& position, double dist
 
 std::optional<std::string> orNone(std::string_view text) {
   return text.empty() ? std::nullopt : std::optional<std::string>(text);
-}
-
-bool isPosition(const CLLocationCoordinate2D& position) {
-  return std::abs(position.latitude) <= 90 && std::abs(position.longitude) <= 180;
 }
 
 }  // namespace

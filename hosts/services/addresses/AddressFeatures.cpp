@@ -14,22 +14,15 @@ namespace {
 
 using Value = JsonLine::Value;
 
-std::optional<Value> member(Value object, std::string_view key) {
-  for (const Value& value : object) {
-    if (object.kind() == JsonLine::Kind::object && value.key() == key) return value;
-  }
-  return std::nullopt;
-}
-
 bool isText(const std::optional<Value>& value, std::string_view text) {
   return value && value->kind() == JsonLine::Kind::text && value->text() == text;
 }
 
 void readPosition(Value feature, AddressRow& row) {
-  const auto geometry = member(feature, "geometry");
-  const auto coordinates = geometry ? member(*geometry, "coordinates") : std::nullopt;
+  const auto geometry = feature.member("geometry");
+  const auto coordinates = geometry ? geometry->member("coordinates") : std::nullopt;
   std::vector<double> numbers;
-  if (coordinates && isText(member(*geometry, "type"), "Point")) {
+  if (coordinates && isText(geometry->member("type"), "Point")) {
     for (const Value& value : *coordinates) {
       if (value.isNumber()) numbers.push_back(value.number());
     }
@@ -42,7 +35,7 @@ void readPosition(Value feature, AddressRow& row) {
 // Numbers of houses are texts, and in some files numbers.
 void readPart(std::string& part, const std::optional<Value>& properties, std::string_view key) {
   part.clear();
-  const auto value = properties ? member(*properties, key) : std::nullopt;
+  const auto value = properties ? properties->member(key) : std::nullopt;
   if (!value) return;
   if (value->kind() == JsonLine::Kind::text) setPart(part, value->text(), key);
   if (value->kind() == JsonLine::Kind::integer) part = std::to_string(value->integer());
@@ -50,13 +43,13 @@ void readPart(std::string& part, const std::optional<Value>& properties, std::st
 }
 
 void readFeature(Value feature, AddressRow& row) {
-  if (isText(member(feature, "type"), "FeatureCollection")) {
+  if (isText(feature.member("type"), "FeatureCollection")) {
     throw std::invalid_argument(
         "a FeatureCollection, not a Feature a line (jq -c '.features[]' makes it so)");
   }
-  if (!isText(member(feature, "type"), "Feature")) throw std::invalid_argument("not a Feature");
+  if (!isText(feature.member("type"), "Feature")) throw std::invalid_argument("not a Feature");
   readPosition(feature, row);
-  const auto properties = member(feature, "properties");
+  const auto properties = feature.member("properties");
   readPart(row.number, properties, "number");
   readPart(row.street, properties, "street");
   readPart(row.city, properties, "city");

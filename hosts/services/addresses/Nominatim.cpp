@@ -1,9 +1,9 @@
 #include "hosts/services/addresses/Nominatim.h"
 
 #include <algorithm>
-#include <cmath>
 #include <utility>
 
+#include "hosts/places/PositionRange.h"
 #include "hosts/services/addresses/NominatimAnswer.h"
 #include "hosts/text/InputError.h"
 
@@ -17,10 +17,6 @@ constexpr long kUnavailable = 503;
 // The credit for the data that all such servers have their addresses from, for one that does not
 // say.
 constexpr const char* kUsualAttribution = "Data © OpenStreetMap contributors, ODbL 1.0";
-
-bool isPosition(const CLLocationCoordinate2D& position) {
-  return std::abs(position.latitude) <= 90 && std::abs(position.longitude) <= 180;
-}
 
 }  // namespace
 

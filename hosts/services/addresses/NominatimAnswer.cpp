@@ -13,18 +13,11 @@ namespace {
 
 using Value = JsonLine::Value;
 
-std::optional<Value> member(Value object, std::string_view key) {
-  for (const Value& value : object) {
-    if (value.key() == key) return value;
-  }
-  return std::nullopt;
-}
-
 // The first of the members that has a text in it.
 std::string firstText(Value object, std::initializer_list<std::string_view> keys) {
   std::string text;
   for (const std::string_view key : keys) {
-    const auto value = member(object, key);
+    const auto value = object.member(key);
     if (value && value->kind() == JsonLine::Kind::text) setPart(text, value->text(), key);
     if (!text.empty()) break;
   }
@@ -53,10 +46,10 @@ NominatimAnswer read(Value root) {
   if (root.kind() != JsonLine::Kind::object) throw InputError("not an object");
   NominatimAnswer answer;
   answer.licence = firstText(root, {"licence"});
-  const auto address = member(root, "address");
+  const auto address = root.member("address");
   if (address && address->kind() == JsonLine::Kind::object) {
     answer.placemark = placemarkOf(*address);
-  } else if (!member(root, "error")) {
+  } else if (!root.member("error")) {
     throw InputError("neither an address nor an error");
   }
   return answer;

@@ -1,21 +1,14 @@
 #include "hosts/services/addresses/RowParts.h"
 
-#include <cmath>
 #include <stdexcept>
 
+#include "hosts/places/PositionRange.h"
 #include "hosts/text/Utf8.h"
-#include "platform/NSString.h"
 
 namespace wayfell {
 namespace {
 
 bool isBlank(char c) { return (c >= 0 && c <= ' ') || c == '\x7f'; }
-
-void checkDegrees(double degrees, double most, const char* name) {
-  if (std::abs(degrees) <= most) return;
-  throw std::invalid_argument(std::string(name) + ' ' + shortestText(degrees) + " is beyond " +
-                              shortestText(std::copysign(most, degrees)));
-}
 
 }  // namespace
 
@@ -39,8 +32,8 @@ void setPart(std::string& part, std::string_view text, std::string_view name) {
 }
 
 void checkPosition(const AddressRow& row) {
-  checkDegrees(row.latitude, 90, "latitude");
-  checkDegrees(row.longitude, 180, "longitude");
+  checkDegrees(row.latitude, kGreatestLatitude, "latitude");
+  checkDegrees(row.longitude, kGreatestLongitude, "longitude");
 }
 
 }  // namespace wayfell

@@ -11,21 +11,18 @@ constexpr std::string_view kBeginning = "{\"class\":\"";
 // A receiver is closed that has been activated at the time 0. One that has not been activated at
 // all is waiting for gpsd to open it.
 GpsdDevice deviceOf(JsonLine::Value object) {
-  GpsdDevice device;
-  for (const JsonLine::Value& member : object) {
-    if (member.key() == "path") device.path = member.text();
-    if (member.key() == "activated") device.closed = member.isNumber() && member.number() == 0;
-  }
-  return device;
+  const auto path = object.member("path");
+  const auto activated = object.member("activated");
+  return {path ? std::string(path->text()) : std::string(),
+          activated && activated->isNumber() && activated->number() == 0};
 }
 
 std::vector<GpsdDevice> devicesOf(JsonLine::Value object) {
   std::vector<GpsdDevice> devices;
-  for (const JsonLine::Value& member : object) {
-    if (member.key() != "devices" || member.kind() != JsonLine::Kind::list) continue;
-    for (const JsonLine::Value& device : member) {
-      if (device.kind() == JsonLine::Kind::object) devices.push_back(deviceOf(device));
-    }
+  const auto list = object.member("devices");
+  if (!list || list->kind() != JsonLine::Kind::list) return devices;
+  for (const JsonLine::Value& device : *list) {
+    if (device.kind() == JsonLine::Kind::object) devices.push_back(deviceOf(device));
   }
   return devices;
 }
