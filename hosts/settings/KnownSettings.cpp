@@ -73,13 +73,17 @@ std::string readAs(Kind kind, const PropertyValue& value) {
   return "none";
 }
 
-std::string rangeOf(const KnownSetting& setting) {
-  std::string range;
+// "0 imperial, 1 metric, 2 nautical"; empty where numbers have no names.
+std::string namedNumbersOf(const KnownSetting& setting) {
+  std::string named;
   for (std::size_t i = 0; i < setting.numbers.size() && !setting.numbers[i].empty(); ++i) {
-    range +=
-        (range.empty() ? "" : ", ") + std::to_string(i) + ' ' + std::string(setting.numbers[i]);
+    named += (i == 0 ? "" : ", ") + std::to_string(i) + ' ' + std::string(setting.numbers[i]);
   }
-  if (!range.empty()) return range;
+  return named;
+}
+
+std::string rangeOf(const KnownSetting& setting) {
+  if (const std::string named = namedNumbersOf(setting); !named.empty()) return named;
   const std::string lowest = shortestText(setting.lowest);
   if (std::isinf(setting.greatest)) return lowest + " and more";
   return lowest + " to " + shortestText(setting.greatest);
@@ -101,12 +105,17 @@ const KnownSetting* knownSetting(std::string_view key) {
   return found == std::end(kSettings) ? nullptr : found;
 }
 
-std::vector<std::string> choicesOf(const KnownSetting& setting) {
-  if (setting.kind == Kind::boolean) return {"false", "true"};
-  std::vector<std::string> choices;
-  for (const std::string_view number : setting.numbers) {
-    if (number.empty()) break;
-    choices.push_back(std::to_string(choices.size()));
+std::string aboutOf(const KnownSetting& setting) {
+  return setting.about.empty() ? namedNumbersOf(setting) : std::string(setting.about);
+}
+
+std::vector<SettingChoice> choicesOf(const KnownSetting& setting) {
+  const bool isBoolean = setting.kind == Kind::boolean;
+  std::vector<SettingChoice> choices;
+  for (std::size_t i = 0; i < setting.numbers.size(); ++i) {
+    const std::string meaning(setting.numbers[i]);
+    if (isBoolean ? i > 1 : meaning.empty()) break;
+    choices.push_back({isBoolean ? (i == 0 ? "false" : "true") : std::to_string(i), meaning});
   }
   return choices;
 }

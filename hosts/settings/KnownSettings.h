@@ -41,9 +41,17 @@ std::span<const KnownSetting> knownSettings();
 /// None for a key that the widget does not read.
 const KnownSetting* knownSetting(std::string_view key);
 
-/// The values that make sense, as they are typed, where they can be listed: "false" and "true", or
-/// "0", "1" ... What each means is among the setting's numbers, under the same index.
-std::vector<std::string> choicesOf(const KnownSetting& setting);
+/// What it is, in a few words: "metres of the track", or else what its numbers mean: "0 imperial, 1
+/// metric, 2 nautical".
+std::string aboutOf(const KnownSetting& setting);
+
+/// A value that makes sense, as it is typed.
+struct SettingChoice {
+  std::string value;    ///< "false", "true", "0", "1" ...
+  std::string meaning;  ///< "metric"; may be empty
+};
+/// All of them, or none where they cannot be listed.
+std::vector<SettingChoice> choicesOf(const KnownSetting& setting);
 
 /// What a value means, in a few words: "metric" for 1 under "units". May be empty.
 std::string meaningOf(const KnownSetting& setting, const PropertyValue& value);

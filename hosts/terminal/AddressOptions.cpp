@@ -1,12 +1,10 @@
 // addresses, as the command line has it.
 #include <memory>
 
-#include "hosts/services/addresses/AddressBook.h"
 #include "hosts/terminal/AddressFindCommand.h"
 #include "hosts/terminal/AddressImportCommand.h"
 #include "hosts/terminal/AddressServiceCommand.h"
 #include "hosts/terminal/Commands.h"
-#include "platform/NSString.h"
 
 namespace wayfell {
 namespace {

@@ -78,16 +78,6 @@ bool holds(const std::vector<std::string>& words, const char* word) {
   return std::find(words.begin(), words.end(), word) != words.end();
 }
 
-// "metres of the track", or else what its numbers mean: "0 imperial, 1 metric, 2 nautical".
-std::string aboutOf(const KnownSetting& setting) {
-  if (!setting.about.empty()) return std::string(setting.about);
-  std::string about;
-  for (std::size_t i = 0; i < setting.numbers.size() && !setting.numbers[i].empty(); ++i) {
-    about += (i == 0 ? "" : ", ") + std::to_string(i) + ' ' + std::string(setting.numbers[i]);
-  }
-  return about;
-}
-
 Words keysAfter(const std::vector<std::string>& before) {
   Words keys;
   for (const KnownSetting& setting : knownSettings()) {
@@ -97,12 +87,13 @@ Words keysAfter(const std::vector<std::string>& before) {
   return keys;
 }
 
+// What the key makes sense of, which stands just before.
 Words valuesAfter(const std::vector<std::string>& before) {
   Words values;
-  const KnownSetting* const setting = knownSetting(before.back());
-  if (!setting) return values;
-  for (const std::string& choice : choicesOf(*setting)) {
-    values.push_back({choice, std::string(setting->numbers[values.size()])});
+  const KnownSetting* const setting = before.empty() ? nullptr : knownSetting(before.back());
+  if (setting == nullptr) return values;
+  for (const SettingChoice& choice : choicesOf(*setting)) {
+    values.push_back({choice.value, choice.meaning});
   }
   return values;
 }

@@ -4,7 +4,6 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <sys/stat.h>
 
 #include <cmath>
 #include <fstream>
@@ -166,16 +165,6 @@ TEST(AddressBookTest, ShowsWhatARowHas) {
   }
 }
 
-TEST(AddressBookTest, IsForTheUserAlone) {
-  const Folder folder;
-  makeBook(folder / "new/folder/book", {house(1, 1, "1")});
-  struct stat status = {};
-  ASSERT_EQ(stat((folder / "new/folder/book").c_str(), &status), 0);
-  EXPECT_EQ(status.st_mode & 0777U, 0600U);
-  ASSERT_EQ(stat((folder / "new/folder").c_str(), &status), 0);
-  EXPECT_EQ(status.st_mode & 0777U, 0700U);
-}
-
 TEST(AddressBookTest, TakesUpANewBook) {
   const Folder folder;
   WatchedBook watched(folder / "book");
@@ -192,13 +181,10 @@ TEST(AddressBookTest, TakesUpANewBook) {
   std::filesystem::remove(folder / "book");
   EXPECT_EQ(watched.streetAt(1, 1), "");
   EXPECT_EQ(watched.warnings.size(), 2U);
-}
 
-TEST(AddressBookTest, MayBeMissingInSilence) {
-  const Folder folder;
-  WatchedBook watched(folder / "book", AddressBook::Missing::isFine);
-  EXPECT_EQ(watched.streetAt(1, 1), "");
-  EXPECT_THAT(watched.warnings, IsEmpty());
+  WatchedBook silent(folder / "book", AddressBook::Missing::isFine);
+  EXPECT_EQ(silent.streetAt(1, 1), "");
+  EXPECT_THAT(silent.warnings, IsEmpty());
 }
 
 TEST(AddressBookTest, WarnsOnceOfABookThatCannotBeUsed) {

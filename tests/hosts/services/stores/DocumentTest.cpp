@@ -1,9 +1,10 @@
 // docs/shared-suite.md is the contract with other programs: what it shows is run as it stands.
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "Child.h"
 #include "WatchedStore.h"
 #include "support/Folder.h"
+#include "support/Program.h"
 
 namespace wayfell {
 namespace {
@@ -28,17 +29,13 @@ class Document : public testing::Test {
     setenv("XDG_DATA_HOME", folder_.path().c_str(), 1);
     std::filesystem::create_directories(file_.parent_path());
   }
-  ~Document() override { unsetenv("XDG_DATA_HOME"); }
 
-  // The program's exit status, fed with the text.
-  int runWith(const std::vector<std::string>& command, const std::string& input) {
-    putBytes(folder_ / "input", input);
-    std::string line = "exec";
-    for (const std::string& word : command) line += " '" + word + "'";
-    line += " < '" + (folder_ / "input").string() + "' > '" + (folder_ / "output").string() + "'";
-    return std::system(line.c_str());
+  // What a command prints that must go well, fed with the text.
+  static std::string outputOf(const std::vector<std::string>& command, const std::string& input) {
+    const Finished finished = run(command, input);
+    EXPECT_EQ(finished.status, 0) << command[0] << ": " << finished.errors;
+    return finished.output;
   }
-  std::string output() const { return bytesOf(folder_ / "output"); }
 
   Folder folder_;
   std::filesystem::path file_ = folder_ / "wayfell/group.org.wayfell.Wayfell.db";
@@ -50,12 +47,9 @@ TEST_F(Document, ShowsTheSchemaThatTheStoreMakes) {
   const std::string shown = folder_ / "shown.db";
   const char* const dump =
       "PRAGMA application_id; PRAGMA user_version; PRAGMA journal_mode;\n.schema";
-  ASSERT_EQ(runWith({"sqlite3", "-bail", shown}, sql[0]), 0);
-  ASSERT_EQ(runWith({"sqlite3", shown}, dump), 0);
-  const std::string expected = output();
+  outputOf({"sqlite3", "-bail", shown}, sql[0]);
   WatchedStore made(file_);
-  ASSERT_EQ(runWith({"sqlite3", file_}, dump), 0);
-  EXPECT_EQ(output(), expected);
+  EXPECT_EQ(outputOf({"sqlite3", file_}, dump), outputOf({"sqlite3", shown}, dump));
 
   // The store takes the one that is there already for what it is.
   WatchedStore opened(shown);
@@ -71,11 +65,10 @@ TEST_F(Document, ShowsWritersThatTheStoreUnderstands) {
   const auto shell = boxes("sh");
   ASSERT_TRUE(sql.size() == 2 && python.size() == 1 && shell.size() == 1);
 
-  ASSERT_EQ(runWith({"sh", "-eu"}, shell[0]), 0);
-  EXPECT_EQ(output(), "12 Main St\n");
-  ASSERT_EQ(runWith({"sqlite3", "-bail", file_}, sql[1]), 0);
-  ASSERT_EQ(runWith({"python3", "-"}, python[0]), 0);
-  EXPECT_NE(output().find("distance real 1609.344\n"), std::string::npos) << output();
+  EXPECT_EQ(outputOf({"sh", "-eu"}, shell[0]), "12 Main St\n");
+  outputOf({"sqlite3", "-bail", file_}, sql[1]);
+  EXPECT_THAT(outputOf({"python3", "-"}, python[0]),
+              testing::HasSubstr("distance real 1609.344\n"));
 
   EXPECT_EQ(widget.store.values(), (PropertyValue::Dictionary{{"hasWaypoint", true},
                                                               {"waypointLatitude", 44.9778},

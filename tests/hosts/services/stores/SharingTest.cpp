@@ -4,7 +4,6 @@
 #include <pwd.h>
 #include <sys/stat.h>
 
-#include "Child.h"
 #include "WatchedStore.h"
 #include "hosts/services/stores/StorePaths.h"
 #include "hosts/services/stores/Stores.h"
@@ -104,30 +103,13 @@ TEST(Files, AreTheUsersAlone) {
   }
 }
 
-// An environment for as long as it is needed.
-class Variables {
- public:
-  void put(const char* name, const char* value) {
-    if (value != nullptr) {
-      setenv(name, value, 1);
-    } else {
-      unsetenv(name);
-    }
+void putVariable(const char* name, const char* value) {
+  if (value != nullptr) {
+    setenv(name, value, 1);
+  } else {
+    unsetenv(name);
   }
-  ~Variables() {
-    for (const auto& [name, value] : before_) put(name, value ? value->c_str() : nullptr);
-  }
-
- private:
-  static std::optional<std::string> valueOf(const char* name) {
-    const char* const value = std::getenv(name);
-    return value != nullptr ? std::optional<std::string>(value) : std::nullopt;
-  }
-  std::map<const char*, std::optional<std::string>> before_ = {
-      {"HOME", valueOf("HOME")},
-      {"XDG_DATA_HOME", valueOf("XDG_DATA_HOME")},
-      {"XDG_CONFIG_HOME", valueOf("XDG_CONFIG_HOME")}};
-};
+}
 
 // XDG's rules for base directories.
 TEST(Files, AreWhereTheUserHasThem) {
@@ -146,11 +128,10 @@ TEST(Files, AreWhereTheUserHasThem) {
       {nullptr, nullptr, listed + "/.local/share", listed + "/.config"},
       {nullptr, "", listed + "/.local/share", listed + "/.config"},
   };
-  Variables variables;
   for (const Case& c : cases) {
-    variables.put("XDG_DATA_HOME", c.xdg);
-    variables.put("XDG_CONFIG_HOME", c.xdg);
-    variables.put("HOME", c.home);
+    putVariable("XDG_DATA_HOME", c.xdg);
+    putVariable("XDG_CONFIG_HOME", c.xdg);
+    putVariable("HOME", c.home);
     EXPECT_EQ(sharedStoreFile("group.a"), c.data + "/wayfell/group.a.db");
     EXPECT_EQ(cloudStoreFile(), c.data + "/wayfell/cloud.db");
     EXPECT_EQ(localStoreFile(), c.config + "/wayfell/widget.db");
@@ -163,9 +144,8 @@ TEST(Files, AreWhereTheUserHasThem) {
 
 TEST(Files, AreOpenedWhenAskedForAndKept) {
   const Folder folder;
-  Variables variables;
-  variables.put("XDG_DATA_HOME", (folder / "data").c_str());
-  variables.put("XDG_CONFIG_HOME", (folder / "config").c_str());
+  putVariable("XDG_DATA_HOME", (folder / "data").c_str());
+  putVariable("XDG_CONFIG_HOME", (folder / "config").c_str());
   std::vector<std::string> warnings;
   Stores stores(turnOfEachRead(),
                 [&warnings](const std::string& sentence) { warnings.push_back(sentence); });
