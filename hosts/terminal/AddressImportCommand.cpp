@@ -1,6 +1,5 @@
 #include "hosts/terminal/AddressImportCommand.h"
 
-#include <SQLiteCpp/Exception.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -240,8 +239,6 @@ int import(const AddressImportCommand& command) {
   const Interruption interruption;
   try {
     return Importer(command).run();
-  } catch (const SQLite::Exception& error) {
-    return refuse(addressBookPath().string() + ": " + error.what());
   } catch (const std::runtime_error& error) {
     return refuse(error.what());
   } catch (const Interrupted&) {

@@ -32,6 +32,16 @@ void syncFolder(const std::filesystem::path& folder) {
   close(descriptor);
 }
 
+// What SQLite says is wrong gets the book's path.
+template <class Action>
+void tellingWhere(const std::filesystem::path& book, Action action) {
+  try {
+    action();
+  } catch (const SQLite::Exception& error) {
+    throw BookError(book.string() + ": " + error.what());
+  }
+}
+
 template <class... Values>
 std::int64_t idFound(SQLite::Statement& find, const Values&... parameters) {
   const StatementRun run(find);
@@ -105,7 +115,7 @@ BookImport::BookImport(std::filesystem::path book, Start start)
     : book_(std::move(book)), new_(book_.string() + ".new") {
   try {
     lock_ = std::make_unique<Lock>(new_);
-    begin(start);
+    tellingWhere(book_, [&] { begin(start); });
   } catch (const std::system_error& error) {
     discard();
     failWith(book_, error.code().value());
@@ -155,9 +165,11 @@ void BookImport::setCountry(const std::string& code) {
 }
 
 void BookImport::add(const AddressRow& row) {
-  const std::int64_t street = streetId(row);
-  run(statements_->addAddress, ++summary_.addresses, inUnits(row.longitude), inUnits(row.latitude),
-      row.number, street);
+  tellingWhere(book_, [&] {
+    const std::int64_t street = streetId(row);
+    run(statements_->addAddress, ++summary_.addresses, inUnits(row.longitude),
+        inUnits(row.latitude), row.number, street);
+  });
   summary_.south = std::min(summary_.south, row.latitude);
   summary_.north = std::max(summary_.north, row.latitude);
   summary_.west = std::min(summary_.west, row.longitude);
@@ -182,8 +194,10 @@ std::int64_t BookImport::storedStreetId(const AddressRow& row) {
 }
 
 void BookImport::commit() {
-  writeSummary(*database_, summary_);
-  transaction_->commit();
+  tellingWhere(book_, [&] {
+    writeSummary(*database_, summary_);
+    transaction_->commit();
+  });
   statements_.reset();
   transaction_.reset();
   database_.reset();

@@ -31,7 +31,7 @@ class BookImport {
 
   /// Makes the folder if need be, for the user alone, and clears what a dead import has left.
   /// Throws BookError when another import is at work, when the old book is wanted and cannot be
-  /// used, or when nothing can be written, SQLite::Exception likewise.
+  /// used, or when nothing can be written.
   BookImport(std::filesystem::path book, Start start);
   /// Throws the new book away if it was not committed.
   ~BookImport();
@@ -40,9 +40,9 @@ class BookImport {
 
   /// Where the rows that follow are: an ISO 3166-1 code in capitals, or empty.
   void setCountry(const std::string& code);
-  /// Throws SQLite::Exception, a full disk among others; there is no going on then.
+  /// Throws BookError, for a full disk among others; there is no going on then.
   void add(const AddressRow& row);
-  /// Ends the import. What is written survives a power cut. Throws SQLite::Exception or BookError.
+  /// Ends the import. What is written survives a power cut. Throws BookError.
   void commit();
 
   const BookSummary& summary() const { return summary_; }
