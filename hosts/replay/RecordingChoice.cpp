@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "hosts/replay/Demo.h"
-#include "hosts/replay/Settings.h"
+#include "hosts/replay/SettingChanges.h"
 #include "hosts/text/TextWidth.h"
 
 namespace wayfell {

@@ -2,7 +2,7 @@
 
 #include <limits>
 
-#include "hosts/replay/Settings.h"
+#include "hosts/replay/SettingChanges.h"
 #include "hosts/text/InputError.h"
 #include "hosts/text/JsonFields.h"
 #include "platform/NSString.h"

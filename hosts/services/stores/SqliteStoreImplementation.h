@@ -3,6 +3,7 @@
 #pragma once
 
 #include "hosts/services/stores/FileMark.h"
+#include "hosts/services/stores/SettingsTable.h"
 #include "hosts/services/stores/SqliteStore.h"
 #include "hosts/services/stores/StoreErrors.h"
 #include "hosts/services/stores/StoreSchema.h"

@@ -19,7 +19,7 @@ struct StoredValue {
   std::string_view type;  ///< see typeName
   Column value;
 
-  /// Of the same value: 0.0 and -0.0 are two, all NaNs are one.
+  /// Whether both are the same value: 0.0 and -0.0 are two, all NaNs are one.
   friend bool operator==(const StoredValue& a, const StoredValue& b);
 };
 

@@ -6,7 +6,7 @@
 
 #include "Replayed.h"
 #include "hosts/replay/Recording.h"
-#include "hosts/replay/Settings.h"
+#include "hosts/replay/SettingChanges.h"
 #include "hosts/text/InputError.h"
 
 namespace wayfell {

@@ -1,4 +1,4 @@
-#include "hosts/replay/Settings.h"
+#include "hosts/replay/SettingChanges.h"
 
 #include "hosts/settings/SettingJson.h"
 #include "hosts/text/InputError.h"
