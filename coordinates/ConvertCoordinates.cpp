@@ -21,7 +21,8 @@ enum Format : std::int64_t { kDecimal, kDM, kDMS, kMGRS, kUTM };
 constexpr std::int32_t kLatitude = 0;
 constexpr std::int32_t kLongitude = 1;
 
-using Text = std::optional<std::string>;
+using Text = std::optional<FormattedText>;
+using FieldText = std::optional<std::string>;
 
 std::int64_t usersFormat() { return storedInteger("coordinateUnits"); }
 
@@ -30,11 +31,11 @@ CLLocationCoordinate2D selectedFromDefault(double latitude, double longitude) {
 }
 
 // Positions on the equator and on the prime meridian read south and west.
-std::string_view latitudeLetter(double latitude) {
-  return localized(latitude > 0 ? textKey("N") : textKey("S"));
+FormattedText latitudeLetter(double latitude) {
+  return localizedText(latitude > 0 ? textKey("N") : textKey("S"));
 }
-std::string_view longitudeLetter(double longitude) {
-  return localized(longitude > 0 ? textKey("E") : textKey("W"));
+FormattedText longitudeLetter(double longitude) {
+  return localizedText(longitude > 0 ? textKey("E") : textKey("W"));
 }
 
 // One coordinate without its sign, taken apart.
@@ -43,7 +44,7 @@ struct Sexagesimal {
   double minutes = 0;
   double wholeMinutes = 0;
   double seconds = 0;
-  std::string_view letter;
+  FormattedText letter;
 };
 
 // Every stage is rounded to six decimals by way of text: 45.999999999 reads 46° 0' 0.00''.
@@ -65,30 +66,29 @@ Sexagesimal sexagesimal(const CLLocationCoordinate2D& selected, std::int32_t whi
   return parts;
 }
 
-std::string dmText(const CLLocationCoordinate2D& selected, std::int32_t which) {
+FormattedText dmText(const CLLocationCoordinate2D& selected, std::int32_t which) {
   const Sexagesimal parts = sexagesimal(selected, which);
-  return localizedStringWithFormat("%0.0f° %0.4f' %@", parts.degrees, parts.minutes, parts.letter);
+  return localizedText("%0.0f° %0.4f' %@", parts.degrees, parts.minutes, parts.letter);
 }
 
-std::string dmsText(const CLLocationCoordinate2D& selected, std::int32_t which) {
+FormattedText dmsText(const CLLocationCoordinate2D& selected, std::int32_t which) {
   const Sexagesimal parts = sexagesimal(selected, which);
-  return localizedStringWithFormat("%0.0f° %0.0f' %0.2f'' %@", parts.degrees, parts.wholeMinutes,
-                                   parts.seconds, parts.letter);
+  return localizedText("%0.0f° %0.0f' %0.2f'' %@", parts.degrees, parts.wholeMinutes, parts.seconds,
+                       parts.letter);
 }
 
 // A coordinate that is not a number reads north or east in this format, south or west in the
 // others.
-std::string decimalText(const CLLocationCoordinate2D& selected) {
-  return localizedStringWithFormat(
-      "%0.5f°%@, %0.5f°%@", std::abs(selected.latitude),
-      localized(selected.latitude <= 0 ? textKey("S") : textKey("N")), std::abs(selected.longitude),
-      localized(selected.longitude <= 0 ? textKey("W") : textKey("E")));
+FormattedText decimalText(const CLLocationCoordinate2D& selected) {
+  return localizedText("%0.5f°%@, %0.5f°%@", std::abs(selected.latitude),
+                       localizedText(selected.latitude <= 0 ? textKey("S") : textKey("N")),
+                       std::abs(selected.longitude),
+                       localizedText(selected.longitude <= 0 ? textKey("W") : textKey("E")));
 }
 
-std::string both(std::string (*textOf)(const CLLocationCoordinate2D&, std::int32_t),
-                 const CLLocationCoordinate2D& selected) {
-  return localizedStringWithFormat("%@, %@", textOf(selected, kLatitude),
-                                   textOf(selected, kLongitude));
+FormattedText both(FormattedText (*textOf)(const CLLocationCoordinate2D&, std::int32_t),
+                   const CLLocationCoordinate2D& selected) {
+  return localizedText("%@, %@", textOf(selected, kLatitude), textOf(selected, kLongitude));
 }
 
 Text wholePosition(double latitude, double longitude, std::int64_t format) {
@@ -109,7 +109,7 @@ Text wholePosition(double latitude, double longitude, std::int64_t format) {
 }
 
 // A latitude or longitude in the formats that show one.
-Text degreesField(std::int64_t format, double latitude, double longitude, std::int32_t which) {
+FieldText degreesField(std::int64_t format, double latitude, double longitude, std::int32_t which) {
   switch (format) {
     case kDecimal:
       return stringWithFormat("%0.8f", which == kLongitude ? longitude : latitude);
@@ -125,7 +125,8 @@ Text degreesField(std::int64_t format, double latitude, double longitude, std::i
 using Field = std::string(double latitude, double longitude);
 
 // A piece of a grid reference in the formats that show one.
-Text gridField(std::int64_t format, double latitude, double longitude, Field* mgrs, Field* utm) {
+FieldText gridField(std::int64_t format, double latitude, double longitude, Field* mgrs,
+                    Field* utm) {
   if (format == kMGRS) return mgrs(latitude, longitude);
   if (format == kUTM) return utm(latitude, longitude);
   return std::nullopt;
@@ -145,86 +146,79 @@ Text ConvertCoordinates::convertLatAndLongWithCoordinateUnits(double latitude, d
   return inRange ? wholePosition(latitude, longitude, index) : std::nullopt;
 }
 
-std::string ConvertCoordinates::convertDecimalToUTMAndLong(double latitude, double longitude) {
+FormattedText ConvertCoordinates::convertDecimalToUTMAndLong(double latitude, double longitude) {
   const GridPosition position(latitude, longitude);
-  return localizedStringWithFormat("%@ %@mE %@mN", utmZoneText(position),
-                                   utmMetresText(position.metres.easting),
-                                   utmMetresText(position.metres.northing));
+  return localizedText("%@ %@mE %@mN", utmZoneText(position),
+                       utmMetresText(position.metres.easting),
+                       utmMetresText(position.metres.northing));
 }
 
-std::string ConvertCoordinates::convertDecimalToMGRSAndLong(double latitude, double longitude) {
+FormattedText ConvertCoordinates::convertDecimalToMGRSAndLong(double latitude, double longitude) {
   const GridPosition position(latitude, longitude);
-  return stringWithFormat("%@ %@ %@", mgrsZoneText(position),
-                          mgrsMetresText(position.metres.easting),
-                          mgrsMetresText(position.metres.northing));
+  return formattedText("%@ %@ %@", mgrsZoneText(position), mgrsMetresText(position.metres.easting),
+                       mgrsMetresText(position.metres.northing));
 }
 
-std::string ConvertCoordinates::convertDecimalToDMAndLongitudeForLatLong(double latitude,
-                                                                         double longitude,
-                                                                         std::int32_t forLatLong) {
+FormattedText ConvertCoordinates::convertDecimalToDMAndLongitudeForLatLong(
+    double latitude, double longitude, std::int32_t forLatLong) {
   return dmText(selectedFromDefault(latitude, longitude), forLatLong);
 }
 
-std::string ConvertCoordinates::convertDecimalToDMSAndLongitudeForLatLong(double latitude,
-                                                                          double longitude,
-                                                                          std::int32_t forLatLong) {
+FormattedText ConvertCoordinates::convertDecimalToDMSAndLongitudeForLatLong(
+    double latitude, double longitude, std::int32_t forLatLong) {
   return dmsText(selectedFromDefault(latitude, longitude), forLatLong);
 }
 
-Text ConvertCoordinates::updateLatitudeWithCoordinateIndexLatitudeAndLongitude(std::int64_t index,
-                                                                               double latitude,
-                                                                               double longitude) {
+FieldText ConvertCoordinates::updateLatitudeWithCoordinateIndexLatitudeAndLongitude(
+    std::int64_t index, double latitude, double longitude) {
   return degreesField(index, latitude, longitude, kLatitude);
 }
 
-Text ConvertCoordinates::updateLongitudeWithCoordinateIndexLatitudeAndLongitude(std::int64_t index,
-                                                                                double latitude,
-                                                                                double longitude) {
+FieldText ConvertCoordinates::updateLongitudeWithCoordinateIndexLatitudeAndLongitude(
+    std::int64_t index, double latitude, double longitude) {
   return degreesField(index, latitude, longitude, kLongitude);
 }
 
-Text ConvertCoordinates::updateZoneWithCoordinateIndexLatitudeAndLongitude(std::int64_t index,
-                                                                           double latitude,
-                                                                           double longitude) {
+FieldText ConvertCoordinates::updateZoneWithCoordinateIndexLatitudeAndLongitude(std::int64_t index,
+                                                                                double latitude,
+                                                                                double longitude) {
   return gridField(index, latitude, longitude, FindCoordinates::findMGRSZoneWithLatAndLong,
                    FindCoordinates::findUTMZoneWithLatAndLong);
 }
 
-Text ConvertCoordinates::updateEastingWithCoordinateIndexLatitudeAndLongitude(std::int64_t index,
-                                                                              double latitude,
-                                                                              double longitude) {
+FieldText ConvertCoordinates::updateEastingWithCoordinateIndexLatitudeAndLongitude(
+    std::int64_t index, double latitude, double longitude) {
   return gridField(index, latitude, longitude, FindCoordinates::findMGRSEastingWithLatAndLong,
                    FindCoordinates::findUTMEastingWithLatAndLong);
 }
 
-Text ConvertCoordinates::updateNorthingWithCoordinateIndexLatitudeAndLongitude(std::int64_t index,
-                                                                               double latitude,
-                                                                               double longitude) {
+FieldText ConvertCoordinates::updateNorthingWithCoordinateIndexLatitudeAndLongitude(
+    std::int64_t index, double latitude, double longitude) {
   return gridField(index, latitude, longitude, FindCoordinates::findMGRSNorthingWithLatAndLong,
                    FindCoordinates::findUTMNorthingWithLatAndLong);
 }
 
-Text ConvertCoordinates::updateLatitudeWithDefaultCoordinateIndexLatitudeAndLongitude(
+FieldText ConvertCoordinates::updateLatitudeWithDefaultCoordinateIndexLatitudeAndLongitude(
     double latitude, double longitude) {
   return updateLatitudeWithCoordinateIndexLatitudeAndLongitude(usersFormat(), latitude, longitude);
 }
 
-Text ConvertCoordinates::updateLongitudeWithDefaultCoordinateIndexLatitudeAndLongitude(
+FieldText ConvertCoordinates::updateLongitudeWithDefaultCoordinateIndexLatitudeAndLongitude(
     double latitude, double longitude) {
   return updateLongitudeWithCoordinateIndexLatitudeAndLongitude(usersFormat(), latitude, longitude);
 }
 
-Text ConvertCoordinates::updateZoneWithDefaultCoordinateIndexLatitudeAndLongitude(
+FieldText ConvertCoordinates::updateZoneWithDefaultCoordinateIndexLatitudeAndLongitude(
     double latitude, double longitude) {
   return updateZoneWithCoordinateIndexLatitudeAndLongitude(usersFormat(), latitude, longitude);
 }
 
-Text ConvertCoordinates::updateEastingWithDefaultCoordinateIndexLatitudeAndLongitude(
+FieldText ConvertCoordinates::updateEastingWithDefaultCoordinateIndexLatitudeAndLongitude(
     double latitude, double longitude) {
   return updateEastingWithCoordinateIndexLatitudeAndLongitude(usersFormat(), latitude, longitude);
 }
 
-Text ConvertCoordinates::updateNorthingWithDefaultCoordinateIndexLatitudeAndLongitude(
+FieldText ConvertCoordinates::updateNorthingWithDefaultCoordinateIndexLatitudeAndLongitude(
     double latitude, double longitude) {
   return updateNorthingWithCoordinateIndexLatitudeAndLongitude(usersFormat(), latitude, longitude);
 }

@@ -13,6 +13,7 @@
 #include <string_view>
 
 #include "platform/CLLocation.h"
+#include "platform/FormattedText.h"
 
 namespace wayfell {
 
@@ -21,25 +22,25 @@ class ConvertCoordinates {
   // Whole positions.
 
   /// In the user's format; none beyond 90 or 180 degrees.
-  static std::optional<std::string> convertLatAndLong(double latitude, double longitude);
+  static std::optional<FormattedText> convertLatAndLong(double latitude, double longitude);
   /// In a given format; none from 90.1 or 180.1 degrees on.
-  static std::optional<std::string> convertLatAndLongWithCoordinateUnits(double latitude,
-                                                                         double longitude,
-                                                                         std::int64_t index);
+  static std::optional<FormattedText> convertLatAndLongWithCoordinateUnits(double latitude,
+                                                                           double longitude,
+                                                                           std::int64_t index);
   /// "33 N 412345.6mE 5567890.1mN".
-  static std::string convertDecimalToUTMAndLong(double latitude, double longitude);
+  static FormattedText convertDecimalToUTMAndLong(double latitude, double longitude);
   /// "33U VP 12345 67890".
-  static std::string convertDecimalToMGRSAndLong(double latitude, double longitude);
+  static FormattedText convertDecimalToMGRSAndLong(double latitude, double longitude);
 
   // One coordinate: the longitude when `forLatLong` is 1, else the latitude. The letter, however,
   // is the longitude's for every value but 0.
 
   /// "48° 51.5079' N".
-  static std::string convertDecimalToDMAndLongitudeForLatLong(double latitude, double longitude,
-                                                              std::int32_t forLatLong);
+  static FormattedText convertDecimalToDMAndLongitudeForLatLong(double latitude, double longitude,
+                                                                std::int32_t forLatLong);
   /// "48° 51' 30.48'' N". Seconds may read 60.00.
-  static std::string convertDecimalToDMSAndLongitudeForLatLong(double latitude, double longitude,
-                                                               std::int32_t forLatLong);
+  static FormattedText convertDecimalToDMSAndLongitudeForLatLong(double latitude, double longitude,
+                                                                 std::int32_t forLatLong);
 
   // Fields of a position; none where the format has no such field. Decimal latitudes and
   // longitudes have eight decimals and, unlike all other texts, are those of the default datum.

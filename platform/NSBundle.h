@@ -32,7 +32,14 @@ std::string_view localizedFormat(std::string_view key);
 /// Fills the localised format.
 template <class... Arguments>
 std::string localizedStringWithFormat(std::string_view key, const Arguments&... arguments) {
-  return stringWithFormat(localizedFormat(key), arguments...);
+  return stringWithFormat(localizedFormat(key), {FormatArgument(arguments)...});
+}
+
+/// These texts know which key has printed them. It has to outlive them.
+inline FormattedText localizedText(std::string_view key) { return {key, localized(key)}; }
+template <class... Arguments>
+FormattedText localizedText(std::string_view key, const Arguments&... arguments) {
+  return formattedText(key, localizedFormat(key), {FormatArgument(arguments)...});
 }
 
 }  // namespace wayfell

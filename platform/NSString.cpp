@@ -125,7 +125,7 @@ class FormatReader {
       literal = "%";
       return;
     }
-    Conversion conversion;
+    Conversion& conversion = result.emplace();
     conversion.position = readPosition().value_or(nextPosition_);
     readFlags(conversion);
     conversion.width = static_cast<std::size_t>(readNumber().value_or(0));
@@ -138,12 +138,12 @@ class FormatReader {
     } else if (take('@')) {
       conversion.kind = '@';
     } else {
-      literal = whole.substr(0, 1);  // no conversion after all: the sign stands for itself
+      result.reset();  // no conversion after all: the sign stands for itself
+      literal = whole.substr(0, 1);
       rest_ = whole.substr(1);
       return;
     }
     nextPosition_ = conversion.position + 1;
-    result = conversion;
   }
 
   std::optional<std::size_t> readPosition() {
@@ -196,16 +196,27 @@ std::size_t codePoints(std::string_view text) {
   }));
 }
 
-void appendPadded(std::string& out, const Conversion& conversion, std::string_view text) {
-  const std::size_t length = codePoints(text);
-  const std::size_t padding = conversion.width > length ? conversion.width - length : 0;
+// Where an argument stands in the text, padding left aside.
+struct Place {
+  std::size_t begin;
+  std::size_t end;
+};
+
+Place appendPadded(std::string& out, const Conversion& conversion, std::string_view text) {
+  std::size_t padding = 0;
+  if (conversion.width > 0) {
+    const std::size_t length = codePoints(text);
+    padding = conversion.width > length ? conversion.width - length : 0;
+  }
   if (!conversion.leftAligned) out.append(padding, ' ');
+  const std::size_t begin = out.size();
   out += text;
   if (conversion.leftAligned) out.append(padding, ' ');
+  return {begin, begin + text.size()};
 }
 
 // `text` is a number as printed, a minus sign included.
-void appendNumber(std::string& out, const Conversion& conversion, std::string text, bool finite) {
+Place appendNumber(std::string& out, const Conversion& conversion, std::string text, bool finite) {
   if (text.front() != '-' && conversion.positiveSign != '\0') {
     text.insert(text.begin(), conversion.positiveSign);
   }
@@ -213,23 +224,40 @@ void appendNumber(std::string& out, const Conversion& conversion, std::string te
       text.size() < conversion.width) {
     text.insert(isDigit(text.front()) ? 0 : 1, conversion.width - text.size(), '0');
   }
-  appendPadded(out, conversion, text);
+  return appendPadded(out, conversion, text);
 }
 
-void appendConverted(std::string& out, const Conversion& conversion,
-                     const FormatArgument& argument) {
+Place appendConverted(std::string& out, const Conversion& conversion,
+                      const FormatArgument& argument) {
   if (conversion.kind == 'f') {
     if (const double* real = argument.real()) {
-      appendNumber(out, conversion, fixedText(*real, conversion.precision.value_or(6)),
-                   std::isfinite(*real));
+      return appendNumber(out, conversion, fixedText(*real, conversion.precision.value_or(6)),
+                          std::isfinite(*real));
     }
   } else if (conversion.kind == 'd') {
     if (const std::int64_t* integer = argument.integer()) {
       const std::int64_t shown = conversion.wide ? *integer : lowInt32(*integer);
-      appendNumber(out, conversion, std::to_string(shown), true);
+      return appendNumber(out, conversion, std::to_string(shown), true);
     }
   } else if (const auto* text = argument.text()) {
-    appendPadded(out, conversion, text->value_or("(null)"));
+    return appendPadded(out, conversion, text->value_or("(null)"));
+  }
+  return {out.size(), out.size()};
+}
+
+// Tells where each argument has come to stand.
+template <class Tell>
+void appendFormat(std::string& out, std::string_view format,
+                  std::initializer_list<FormatArgument> arguments, Tell tell) {
+  FormatReader reader(format);
+  std::string_view literal;
+  std::optional<Conversion> conversion;
+  while (reader.next(literal, conversion)) {
+    if (!conversion) {
+      out += literal;
+    } else if (const std::size_t position = conversion->position; position < arguments.size()) {
+      tell(position, appendConverted(out, *conversion, arguments.begin()[position]));
+    }
   }
 }
 
@@ -252,17 +280,18 @@ std::vector<char> argumentKinds(std::string_view format) {
 std::string stringWithFormat(std::string_view format,
                              std::initializer_list<FormatArgument> arguments) {
   std::string out;
-  FormatReader reader(format);
-  std::string_view literal;
-  std::optional<Conversion> conversion;
-  while (reader.next(literal, conversion)) {
-    if (!conversion) {
-      out += literal;
-    } else if (conversion->position < arguments.size()) {
-      appendConverted(out, *conversion, arguments.begin()[conversion->position]);
-    }
-  }
+  appendFormat(out, format, arguments, [](std::size_t /*position*/, Place /*place*/) {});
   return out;
+}
+
+FormattedText formattedText(std::string_view key, std::string_view format,
+                            std::initializer_list<FormatArgument> arguments) {
+  FormattedText result;
+  result.key_ = key;
+  appendFormat(result.text_, format, arguments, [&](std::size_t position, Place place) {
+    result.add(position, place.begin, place.end, arguments.begin()[position].formatted());
+  });
+  return result;
 }
 
 bool formatsTakeSameArguments(std::string_view one, std::string_view other) {

@@ -11,6 +11,8 @@
 #include <type_traits>
 #include <variant>
 
+#include "platform/FormattedText.h"
+
 namespace wayfell {
 
 /// One argument of a format: a number, or a text that may be missing.
@@ -29,23 +31,29 @@ class FormatArgument {
   }
   FormatArgument(std::string_view text) : value_(Text(text)) {}
   FormatArgument(const std::string& text) : value_(Text(text)) {}
+  FormatArgument(const FormattedText& text) : value_(Text(text)), formatted_(&text) {}
   FormatArgument(const char* text) : value_(Text(text)) {}
   template <class String>
   FormatArgument(const std::optional<String>& text)
-      : value_(text ? Text(std::string_view(*text)) : Text()) {}
+      : value_(text ? Text(std::string_view(*text)) : Text()) {
+    if constexpr (std::is_same_v<String, FormattedText>) formatted_ = text ? &*text : nullptr;
+  }
 
   /// `%f` takes a real, `%d` an integer, `%@` a text; the other two are null.
   const double* real() const { return std::get_if<double>(&value_); }
   const std::int64_t* integer() const { return std::get_if<std::int64_t>(&value_); }
   const std::optional<std::string_view>* text() const { return std::get_if<Text>(&value_); }
+  /// A text that knows what has printed it; else null.
+  const FormattedText* formatted() const { return formatted_; }
 
  private:
   using Text = std::optional<std::string_view>;
   std::variant<double, std::int64_t, Text> value_;
+  const FormattedText* formatted_ = nullptr;
 };
 
-/// Fills a format. Conversions: `%d`, `%f`, `%@` and `%%`, with flags, width and precision as
-/// printf has them, and with positions ("%2$@").
+/// Fills a format. Conversions: `%d`, `%f`, `%@` and `%%`,
+/// with flags, width and precision as printf has them, and with positions ("%2$@").
 /// - Reals are exactly rounded (ties of the binary value to even), `-0` keeps its sign,
 ///   not-a-number is "nan" whatever its sign, infinities are "inf" and "-inf"; the process's
 ///   locale never changes a digit.
@@ -58,6 +66,17 @@ std::string stringWithFormat(std::string_view format,
 template <class... Arguments>
 std::string stringWithFormat(std::string_view format, const Arguments&... arguments) {
   return stringWithFormat(format, {FormatArgument(arguments)...});
+}
+
+/// The same text, which knows what has printed it: the key, which has to outlive it, and whose
+/// translation the format is.
+FormattedText formattedText(std::string_view key, std::string_view format,
+                            std::initializer_list<FormatArgument> arguments);
+
+/// Likewise with a format that is its own key.
+template <class... Arguments>
+FormattedText formattedText(std::string_view format, const Arguments&... arguments) {
+  return formattedText(format, format, {FormatArgument(arguments)...});
 }
 
 /// Whether a text can stand in for a format: it takes the same kinds of argument at the same

@@ -2,9 +2,9 @@
 #pragma once
 
 #include <optional>
-#include <string>
 #include <utility>
 
+#include "platform/FormattedText.h"
 #include "platform/UIView.h"
 
 namespace wayfell {
@@ -23,8 +23,8 @@ enum class NSTextAlignment { left = 0, center = 1, right = 2, natural = 4 };
 class UILabel : public UIView {
  public:
   /// None until a text is set; setting none empties the label.
-  const std::optional<std::string>& text() const { return text_; }
-  void setText(std::optional<std::string> text) { change(text_, std::move(text)); }
+  const std::optional<FormattedText>& text() const { return text_; }
+  void setText(std::optional<FormattedText> text) { change(text_, std::move(text)); }
 
   const UIFont& font() const { return font_; }
   void setFont(const UIFont& font) { change(font_, font); }
@@ -33,7 +33,7 @@ class UILabel : public UIView {
   void setTextAlignment(NSTextAlignment alignment) { change(textAlignment_, alignment); }
 
  private:
-  std::optional<std::string> text_;
+  std::optional<FormattedText> text_;
   UIFont font_;
   NSTextAlignment textAlignment_ = NSTextAlignment::natural;
 };

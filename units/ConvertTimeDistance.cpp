@@ -81,7 +81,7 @@ std::optional<std::string> ConvertTimeDistance::distanceUnitsForBaseUnits(int un
   }
 }
 
-std::optional<std::string>
+std::optional<FormattedText>
 ConvertTimeDistance::convertMetersToDistanceWithRoundingFactorDecimalPlace(double metres,
                                                                            double roundingFactor,
                                                                            int decimalPlace) {
@@ -89,44 +89,42 @@ ConvertTimeDistance::convertMetersToDistanceWithRoundingFactorDecimalPlace(doubl
   const bool oneDecimal = decimalPlace == 1;
   switch (storedInteger("units")) {
     case kMetric:
-      if (kilometres(metres) < roundingFactor) return localizedStringWithFormat("%0.0f m", metres);
-      return localizedStringWithFormat(oneDecimal ? textKey("%0.1f km") : textKey("%0.2f km"),
-                                       kilometres(metres));
+      if (kilometres(metres) < roundingFactor) return localizedText("%0.0f m", metres);
+      return localizedText(oneDecimal ? textKey("%0.1f km") : textKey("%0.2f km"),
+                           kilometres(metres));
     case kImperial:
-      if (miles(metres) < roundingFactor)
-        return localizedStringWithFormat("%0.0f ft", feet(metres));
-      return localizedStringWithFormat(oneDecimal ? textKey("%0.1f mi") : textKey("%0.2f mi"),
-                                       miles(metres));
+      if (miles(metres) < roundingFactor) return localizedText("%0.0f ft", feet(metres));
+      return localizedText(oneDecimal ? textKey("%0.1f mi") : textKey("%0.2f mi"), miles(metres));
     case kNautical:
       if (nauticalMiles(metres) < roundingFactor) {
         // The one short distance that is not localised.
-        if (oneDecimal) return stringWithFormat("%0.0f ft", feet(metres));
-        return localizedStringWithFormat("%0.0f ft", feet(metres));
+        if (oneDecimal) return formattedText("%0.0f ft", feet(metres));
+        return localizedText("%0.0f ft", feet(metres));
       }
-      return localizedStringWithFormat(oneDecimal ? textKey("%0.1f nm") : textKey("%0.2f nm"),
-                                       nauticalMiles(metres));
+      return localizedText(oneDecimal ? textKey("%0.1f nm") : textKey("%0.2f nm"),
+                           nauticalMiles(metres));
     default:
       return std::nullopt;
   }
 }
 
-std::optional<std::string> ConvertTimeDistance::convertMetersToDistance(double metres) {
+std::optional<FormattedText> ConvertTimeDistance::convertMetersToDistance(double metres) {
   switch (storedInteger("units")) {
     case kMetric:
       if (kilometres(metres) >= kShortUnitInstead) {
-        return localizedStringWithFormat("%0.1f km", kilometres(metres));
+        return localizedText("%0.1f km", kilometres(metres));
       }
-      return localizedStringWithFormat("%0.0f m", kilometres(metres) * 1000);
+      return localizedText("%0.0f m", kilometres(metres) * 1000);
     case kImperial:
       if (miles(metres) >= kShortUnitInstead) {
-        return localizedStringWithFormat("%0.1f mi", miles(metres));
+        return localizedText("%0.1f mi", miles(metres));
       }
-      return localizedStringWithFormat("%0.0f ft", feet(metres));
+      return localizedText("%0.0f ft", feet(metres));
     case kNautical:
       if (nauticalMiles(metres) >= kShortUnitInstead) {
-        return localizedStringWithFormat("%0.1f nm", nauticalMiles(metres));
+        return localizedText("%0.1f nm", nauticalMiles(metres));
       }
-      return localizedStringWithFormat("%0.0f ft", feet(metres));
+      return localizedText("%0.0f ft", feet(metres));
     default:
       return std::nullopt;
   }

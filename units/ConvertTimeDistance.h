@@ -18,6 +18,8 @@
 #include <string>
 #include <string_view>
 
+#include "platform/FormattedText.h"
+
 namespace wayfell {
 
 class ConvertTimeDistance {
@@ -38,10 +40,10 @@ class ConvertTimeDistance {
   static std::optional<std::string> distanceUnitsForBaseUnits(int units, bool baseUnits);
   /// "1.0 km"; below the rounding factor, which is in the long unit, "999 m". One decimal place,
   /// or two for 2 and more; none for 0 and less.
-  static std::optional<std::string> convertMetersToDistanceWithRoundingFactorDecimalPlace(
+  static std::optional<FormattedText> convertMetersToDistanceWithRoundingFactorDecimalPlace(
       double metres, double roundingFactor, int decimalPlace);
   /// The same with one decimal place, and the short unit below 1.
-  static std::optional<std::string> convertMetersToDistance(double metres);
+  static std::optional<FormattedText> convertMetersToDistance(double metres);
   /// In a unit given by its localised word: "km", "m", "mi", "ft", "nm" or "yd".
   static std::optional<std::string> convertMetersToDistanceUnitsString(double metres,
                                                                        std::string_view word);

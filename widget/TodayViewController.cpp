@@ -53,14 +53,14 @@ void roundCorners(const Outlet<View>& outlet) {
 }
 
 void setCaption(const Outlet<UILabel>& label, std::string_view key) {
-  label.send(&UILabel::setText, std::string(localized(key)));
+  label.send(&UILabel::setText, localizedText(key));
 }
 
 // The first path component of the URL that names a place.
 std::string placeName(const Outlet<UILabel>& addressLabel) {
   const auto label = addressLabel.lock();
-  if (!label || label->text().value_or("").empty()) return "Wayfell_Location";
-  std::string name = *label->text();
+  std::string name = label ? label->text().value_or("") : "";
+  if (name.empty()) return "Wayfell_Location";
   std::replace(name.begin(), name.end(), ',', '_');
   std::replace(name.begin(), name.end(), ' ', '_');
   return name;

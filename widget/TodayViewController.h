@@ -165,8 +165,8 @@ class TodayViewController : public UIViewController,
   /// Seconds.
   void updateTime(double time);
   /// Texts of a speed in metres per second; none for unknown units.
-  static std::optional<std::string> convertMetersPerSecondToSpeed(double speed);
-  static std::optional<std::string> convertMetersPerSecondToPace(double speed);
+  static std::optional<FormattedText> convertMetersPerSecondToSpeed(double speed);
+  static std::optional<FormattedText> convertMetersPerSecondToPace(double speed);
 
  private:
   /// Whether a layout also shows or hides the waypoint's row and arrow. Only flipping does;

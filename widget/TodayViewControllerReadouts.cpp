@@ -42,23 +42,21 @@ int secondsPerUnit(double speed, int units) {
   }
 }
 
-std::string feetText(double distance) {
-  return localizedStringWithFormat("%0.1f ft", feet(distance));
-}
+FormattedText feetText(double distance) { return localizedText("%0.1f ft", feet(distance)); }
 
-std::optional<std::string> trackDistanceText(double distance) {
+std::optional<FormattedText> trackDistanceText(double distance) {
   switch (UserDefaults::checkIntDefaults("units")) {
     case kImperial:
       if (miles(distance) < kShortDistance) return feetText(distance);
-      return localizedStringWithFormat("%0.2f mi", miles(distance));
+      return localizedText("%0.2f mi", miles(distance));
     case kMetric:
       if (kilometres(distance) < kShortDistance) {
-        return localizedStringWithFormat("%0.1f m", kilometres(distance) * 1000);
+        return localizedText("%0.1f m", kilometres(distance) * 1000);
       }
-      return localizedStringWithFormat("%0.2f km", kilometres(distance));
+      return localizedText("%0.2f km", kilometres(distance));
     case kNautical:
       if (nauticalMiles(distance) < kShortDistance) return feetText(distance);
-      return localizedStringWithFormat("%0.2f nm", nauticalMiles(distance));
+      return localizedText("%0.2f nm", nauticalMiles(distance));
     default:
       return std::nullopt;
   }
@@ -66,7 +64,9 @@ std::optional<std::string> trackDistanceText(double distance) {
 
 void copyText(const Outlet<UILabel>& from, const Outlet<UILabel>& to) {
   const auto label = from.lock();
-  to.send(&UILabel::setText, label ? label->text() : std::nullopt);
+  const auto copy = to.lock();
+  if (!copy || (label && copy->text() == label->text())) return;
+  copy->setText(label ? label->text() : std::nullopt);
 }
 
 }  // namespace
@@ -82,15 +82,15 @@ void TodayViewController::showAltitude() {
   const double altitude = currentLocation->altitude;
   // The nautical units have feet, too.
   const bool metric = UserDefaults::checkIntDefaults("units") == kMetric;
-  altitudeLabel.send(&UILabel::setText,
-                     metric ? localizedStringWithFormat("%0.0f m", altitude)
-                            : localizedStringWithFormat("%0.0f ft", altitude * kFeetPerMetre));
+  altitudeLabel.send(&UILabel::setText, metric
+                                            ? localizedText("%0.0f m", altitude)
+                                            : localizedText("%0.0f ft", altitude * kFeetPerMetre));
 }
 
 void TodayViewController::showHeading(double heading) {
   const bool inMils = UserDefaults::checkIntDefaults("useMils") != 0;
-  headingLabel.send(&UILabel::setText, inMils ? stringWithFormat("%0.0f mils", mils(heading))
-                                              : stringWithFormat("%0.0f°", heading));
+  headingLabel.send(&UILabel::setText, inMils ? formattedText("%0.0f mils", mils(heading))
+                                              : formattedText("%0.0f°", heading));
 }
 
 void TodayViewController::paceTimer3(const NSTimer* /*sender*/) {
@@ -110,27 +110,27 @@ void TodayViewController::updateSpeed() {
   const bool fast = speed > kFastestPace;
   if (choice == kSpeed || (choice == kPaceOrSpeed && fast)) {
     speedLabel.send(&UILabel::setText, convertMetersPerSecondToSpeed(speed));
-    speedNameLabel.send(&UILabel::setText, std::string(localized("Speed")));
+    speedNameLabel.send(&UILabel::setText, localizedText("Speed"));
   } else if (choice == kPace || (choice == kPaceOrSpeed && slow)) {
     speedLabel.send(&UILabel::setText, convertMetersPerSecondToPace(speed));
-    speedNameLabel.send(&UILabel::setText, std::string(localized("Pace")));
+    speedNameLabel.send(&UILabel::setText, localizedText("Pace"));
   }
 }
 
-std::optional<std::string> TodayViewController::convertMetersPerSecondToSpeed(double speed) {
+std::optional<FormattedText> TodayViewController::convertMetersPerSecondToSpeed(double speed) {
   switch (UserDefaults::checkIntDefaults("units")) {
     case kImperial:
-      return localizedStringWithFormat("%0.1f mph", speed * kMilesPerHour);
+      return localizedText("%0.1f mph", speed * kMilesPerHour);
     case kMetric:
-      return localizedStringWithFormat("%0.1f km/h", speed * kKilometresPerHour);
+      return localizedText("%0.1f km/h", speed * kKilometresPerHour);
     case kNautical:
-      return localizedStringWithFormat("%0.1f kts", speed * kKnots);
+      return localizedText("%0.1f kts", speed * kKnots);
     default:
       return std::nullopt;
   }
 }
 
-std::optional<std::string> TodayViewController::convertMetersPerSecondToPace(double speed) {
+std::optional<FormattedText> TodayViewController::convertMetersPerSecondToPace(double speed) {
   struct Formats {
     const char* withinTheHour;
     const char* withHours;
@@ -144,8 +144,8 @@ std::optional<std::string> TodayViewController::convertMetersPerSecondToPace(dou
                                              ? HoursMinutesSeconds{}
                                              : hoursMinutesSeconds(secondsPerUnit(speed, units));
   const Formats& formats = kFormats[units];
-  return hours < 1 ? localizedStringWithFormat(formats.withinTheHour, minutes, seconds)
-                   : localizedStringWithFormat(formats.withHours, hours, minutes, seconds);
+  return hours < 1 ? localizedText(formats.withinTheHour, minutes, seconds)
+                   : localizedText(formats.withHours, hours, minutes, seconds);
 }
 
 void TodayViewController::calculateETAWithSpeed(double speed) {
@@ -155,12 +155,11 @@ void TodayViewController::calculateETAWithSpeed(double speed) {
   }
   const int seconds = wholeSeconds(distanceToWaypoint() / speed);
   const auto time = hoursMinutesSeconds(seconds);
-  etaLabel.send(&UILabel::setText,
-                seconds < 3600
-                    // Translators: minutes.
-                    ? localizedStringWithFormat("%d m", time.minutes)
-                    // Translators: hours and minutes.
-                    : localizedStringWithFormat("%d hr %d m", time.hours, time.minutes));
+  etaLabel.send(&UILabel::setText, seconds < 3600
+                                       // Translators: minutes.
+                                       ? localizedText("%d m", time.minutes)
+                                       // Translators: hours and minutes.
+                                       : localizedText("%d hr %d m", time.hours, time.minutes));
 }
 
 double TodayViewController::distanceToWaypoint() const {
@@ -179,9 +178,9 @@ void TodayViewController::updateDistance(double distance) {
 void TodayViewController::updateTime(double time) {
   const int total = wholeSeconds(time);
   const auto [hours, minutes, seconds] = hoursMinutesSeconds(total);
-  timeLabel.send(&UILabel::setText,
-                 total < 3600 ? stringWithFormat("%02d:%02d", minutes, seconds)
-                              : stringWithFormat("%d:%02d:%02d", hours, minutes, seconds));
+  timeLabel.send(&UILabel::setText, total < 3600
+                                        ? formattedText("%02d:%02d", minutes, seconds)
+                                        : formattedText("%d:%02d:%02d", hours, minutes, seconds));
   copyText(timeLabel, miniTimeLabel);
 }
 

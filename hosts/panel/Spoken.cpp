@@ -1,33 +1,34 @@
 #include "hosts/panel/Spoken.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
-#include <span>
+#include <iterator>
 
-#include "hosts/panel/FormatReading.h"
 #include "platform/NSBundle.h"
 #include "settings/UserDefaults.h"
 
 namespace wayfell {
 namespace {
 
-// A format that prints a value, translated or as it is, and the words for what it has printed.
+using Piece = FormattedText::Piece;
+
+// What a key has printed, in words that take the same arguments.
 struct Reading {
-  std::string_view format;
+  std::string_view key;
   std::string_view words;
-  bool isTranslated = true;
 };
 
-constexpr Reading kHeadings[] = {{"%0.0f°", textKey("%@ degrees"), false},
-                                 {"%0.0f mils", textKey("%@ mils"), false}};
-
-constexpr Reading kDistances[] = {{"%0.0f m", textKey("%@ metres")},
-                                  {"%0.0f ft", textKey("%@ feet")},
-                                  {"%0.2f km", textKey("%@ kilometres")},
-                                  {"%0.2f mi", textKey("%@ miles")},
-                                  {"%0.2f nm", textKey("%@ nautical miles")}};
-
-constexpr Reading kSpeeds[] = {
+constexpr Reading kReadings[] = {
+    {"%0.0f°", textKey("%@ degrees")},
+    {"%0.0f mils", textKey("%@ mils")},
+    {"%0.0f m", textKey("%@ metres")},
+    {"%0.1f m", textKey("%@ metres")},
+    {"%0.0f ft", textKey("%@ feet")},
+    {"%0.1f ft", textKey("%@ feet")},
+    {"%0.2f km", textKey("%@ kilometres")},
+    {"%0.2f mi", textKey("%@ miles")},
+    {"%0.2f nm", textKey("%@ nautical miles")},
     {"%0.1f km/h", textKey("%@ kilometres per hour")},
     {"%0.1f mph", textKey("%@ miles per hour")},
     {"%0.1f kts", textKey("%@ knots")},
@@ -36,101 +37,74 @@ constexpr Reading kSpeeds[] = {
     {"%02d:%02d /nm", textKey("%@ minutes %@ seconds per nautical mile")},
     {"%02d:%02d:%02d /km", textKey("%@ hours %@ minutes %@ seconds per kilometre")},
     {"%02d:%02d:%02d /mi", textKey("%@ hours %@ minutes %@ seconds per mile")},
-    {"%02d:%02d:%02d /nm", textKey("%@ hours %@ minutes %@ seconds per nautical mile")}};
-
-constexpr Reading kWaits[] = {{"%d m", textKey("%@ minutes")},
-                              {"%d hr %d m", textKey("%@ hours %@ minutes")}};
-
-constexpr Reading kTimes[] = {{"%02d:%02d", textKey("%@ minutes %@ seconds"), false},
-                              {"%d:%02d:%02d", textKey("%@ hours %@ minutes %@ seconds"), false}};
-
-// Seconds first: what they print could be taken for minutes and a long letter.
-constexpr Reading kAngles[] = {
+    {"%02d:%02d:%02d /nm", textKey("%@ hours %@ minutes %@ seconds per nautical mile")},
+    {"%d m", textKey("%@ minutes")},
+    {"%d hr %d m", textKey("%@ hours %@ minutes")},
+    {"%02d:%02d", textKey("%@ minutes %@ seconds")},
+    {"%d:%02d:%02d", textKey("%@ hours %@ minutes %@ seconds")},
+    {"%0.0f° %0.4f' %@", textKey("%@ degrees %@ minutes %@")},
     {"%0.0f° %0.0f' %0.2f'' %@", textKey("%@ degrees %@ minutes %@ seconds %@")},
-    {"%0.0f° %0.4f' %@", textKey("%@ degrees %@ minutes %@")}};
-
-constexpr Reading kDecimals = {"%0.5f°%@, %0.5f°%@", textKey("%@ degrees %@")};
-
-constexpr std::string_view kUtm = "%@ %@mE %@mN";
-constexpr std::string_view kUtmWords = textKey("zone %@, %@ metres east, %@ metres north");
+    {"%@ %@mE %@mN", textKey("zone %@, %@ metres east, %@ metres north")},
+    {"N", textKey("north")},
+    {"S", textKey("south")},
+    {"E", textKey("east")},
+    {"W", textKey("west")}};
 
 struct Sentence {
   std::string_view outlet;
   std::string_view words;
-  std::span<const Reading> readings;
 };
 
 constexpr Sentence kSentences[] = {
-    {"altitudeLabel", textKey("altitude %@"), kDistances},
-    {"waypointDistanceLabel", textKey("distance to the waypoint %@"), kDistances},
-    {"etaLabel", textKey("time to the waypoint %@"), kWaits},
-    {"timeLabel", textKey("track time %@"), kTimes},
-    {"miniTimeLabel", textKey("track time %@"), kTimes},
-    {"distanceLabel", textKey("track distance %@"), kDistances},
-    {"miniDistanceLabel", textKey("track distance %@"), kDistances},
-    {"addressLabel", textKey("address %@"), {}},
+    {"altitudeLabel", textKey("altitude %@")},
+    {"waypointDistanceLabel", textKey("distance to the waypoint %@")},
+    {"etaLabel", textKey("time to the waypoint %@")},
+    {"timeLabel", textKey("track time %@")},
+    {"miniTimeLabel", textKey("track time %@")},
+    {"distanceLabel", textKey("track distance %@")},
+    {"miniDistanceLabel", textKey("track distance %@")},
+    {"addressLabel", textKey("address %@")},
 };
 
-std::string filled(std::string_view words, std::vector<std::string> values) {
-  values.resize(4);
-  return localizedStringWithFormat(words, values[0], values[1], values[2], values[3]);
+std::string withoutLeadingZeros(std::string_view number) {
+  while (number.size() > 1 && number[0] == '0' && number[1] != '.') number.remove_prefix(1);
+  return std::string(number);
 }
 
-// Formats with decimals that differ print what one of them can read.
-std::string valueInWords(const std::string& text, std::span<const Reading> readings) {
-  for (const Reading& reading : readings) {
-    const auto values =
-        readByFormat(text, reading.isTranslated ? localizedFormat(reading.format) : reading.format);
-    if (values) return filled(reading.words, *values);
-  }
-  return text.empty() ? std::string(localized("not known yet")) : text;
+// A piece that no reading knows is said as it stands; among the arguments of one "05" is "5".
+std::string inWords(const Piece& piece) {
+  const auto reading = std::find_if(std::begin(kReadings), std::end(kReadings),
+                                    [&](const Reading& each) { return each.key == piece.key(); });
+  if (reading == std::end(kReadings)) return std::string(piece.text());
+  const auto argument = [&](std::size_t position) {
+    const Piece part = piece.argument(position);
+    return part.key().empty() ? withoutLeadingZeros(part.text()) : inWords(part);
+  };
+  return localizedStringWithFormat(reading->words, argument(0), argument(1), argument(2),
+                                   argument(3));
 }
 
-std::string quarterInWords(const std::string& letter) {
-  static constexpr std::array<std::array<std::string_view, 2>, 4> kQuarters = {
-      {{"N", textKey("north")},
-       {"S", textKey("south")},
-       {"E", textKey("east")},
-       {"W", textKey("west")}}};
-  for (const auto& [key, word] : kQuarters) {
-    if (letter == localized(key)) return std::string(localized(word));
-  }
-  return letter;
+std::string valueInWords(const Piece& value) {
+  return value.text().empty() ? std::string(localized("not known yet")) : inWords(value);
 }
 
-std::optional<std::string> angleInWords(const std::string& text) {
-  for (const Reading& reading : kAngles) {
-    auto values = readByFormat(text, localizedFormat(reading.format));
-    if (!values) continue;
-    values->back() = quarterInWords(values->back());
-    return filled(reading.words, *values);
+std::string positionInWords(const Piece& position) {
+  const auto inQuarters = [](const std::string& latitude, const std::string& longitude) {
+    return localizedStringWithFormat("position latitude %@, longitude %@", latitude, longitude);
+  };
+  const auto argument = [&](std::size_t index) { return inWords(position.argument(index)); };
+  if (position.key() == "%@, %@") return inQuarters(argument(0), argument(1));
+  if (position.key() == "%0.5f°%@, %0.5f°%@") {
+    const auto angle = [](const std::string& degrees, const std::string& quarter) {
+      return localizedStringWithFormat("%@ degrees %@", degrees, quarter);
+    };
+    return inQuarters(angle(argument(0), argument(1)), angle(argument(2), argument(3)));
   }
-  return std::nullopt;
+  return localizedStringWithFormat("position %@", valueInWords(position));
 }
 
-std::string positionInWords(const std::string& latitude, const std::string& longitude) {
-  return localizedStringWithFormat("position latitude %@, longitude %@", latitude, longitude);
-}
-
-// Decimals after the others: what those print could be taken for degrees and a long letter.
-std::string positionInWords(const std::string& text) {
-  if (const auto pair = readByFormat(text, localizedFormat("%@, %@"))) {
-    const auto latitude = angleInWords(pair->at(0));
-    const auto longitude = angleInWords(pair->at(1));
-    if (latitude && longitude) return positionInWords(*latitude, *longitude);
-  }
-  if (const auto pair = readByFormat(text, localizedFormat(kDecimals.format))) {
-    return positionInWords(filled(kDecimals.words, {pair->at(0), quarterInWords(pair->at(1))}),
-                           filled(kDecimals.words, {pair->at(2), quarterInWords(pair->at(3))}));
-  }
-  if (const auto utm = readByFormat(text, localizedFormat(kUtm))) {
-    return localizedStringWithFormat("position %@", filled(kUtmWords, *utm));
-  }
-  return localizedStringWithFormat("position %@", valueInWords(text, {}));
-}
-
-std::string headingInWords(const WidgetInterface& interface, const std::string& text) {
-  const std::string heading = valueInWords(text, kHeadings);
+std::string headingInWords(const WidgetInterface& interface, const Piece& value) {
+  const std::string heading = valueInWords(value);
   if (interface.compassRotatingView().compassDisplayCourse()) {
     return localizedStringWithFormat("course %@", heading);
   }
@@ -156,18 +130,19 @@ std::string compassInWords(const WidgetInterface& interface) {
 }
 
 std::string labelInWords(const WidgetInterface& interface, std::string_view outlet,
-                         const std::string& text) {
-  if (outlet == "headingLabel") return headingInWords(interface, text);
-  if (outlet == "userCoordinateLabel") return positionInWords(text);
-  if (outlet == "utmZoneLabel") return text;
+                         const Piece& value) {
+  if (outlet == "headingLabel") return headingInWords(interface, value);
+  if (outlet == "userCoordinateLabel") return positionInWords(value);
+  if (outlet == "utmZoneLabel") return std::string(value.text());
   if (outlet == "speedLabel") {
-    const bool pace = interface.label("speedNameLabel").text() == localized("Pace");
-    return localizedStringWithFormat(pace ? textKey("pace %@") : textKey("speed %@"),
-                                     valueInWords(text, kSpeeds));
+    const FormattedText name = interface.label("speedNameLabel").text().value_or("");
+    return localizedStringWithFormat(
+        name.whole().key() == "Pace" ? textKey("pace %@") : textKey("speed %@"),
+        valueInWords(value));
   }
   for (const Sentence& sentence : kSentences) {
     if (sentence.outlet == outlet) {
-      return localizedStringWithFormat(sentence.words, valueInWords(text, sentence.readings));
+      return localizedStringWithFormat(sentence.words, valueInWords(value));
     }
   }
   return {};
@@ -190,7 +165,8 @@ std::string spokenText(const WidgetInterface& interface, std::string_view outlet
   }
   for (const auto& label : interface.labels()) {
     if (label.name == outlet) {
-      return labelInWords(interface, outlet, label.view->text().value_or(""));
+      const FormattedText text = label.view->text().value_or("");
+      return labelInWords(interface, outlet, text.whole());
     }
   }
   return {};

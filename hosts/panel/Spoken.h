@@ -3,8 +3,9 @@
 //   "speed 5.2 kilometres per hour", "heading 90 degrees, true",
 //   "position latitude 46 degrees 58.9648 minutes north, longitude 7 degrees 56.3987 minutes east"
 //
-// The words are looked up in the string table like every other text. A value that no format of the
-// widget has printed is said as it stands.
+// The words are looked up in the string table like every other text. They are made of what has
+// printed a label's text (platform/FormattedText.h), never of its characters; a text that no format
+// has printed is said as it stands.
 #pragma once
 
 #include <string>

@@ -296,10 +296,10 @@ TEST(Grid, AnyInputHasAnAnswer) {
     host.local.set("selectedDatum", datum);
     for (const double a : awkward) {
       for (const double b : awkward) {
-        EXPECT_FALSE(Convert::convertDecimalToUTMAndLong(a, b).empty());
+        EXPECT_NE(Convert::convertDecimalToUTMAndLong(a, b), "");
         EXPECT_EQ(Find::findMGRSEastingWithLatAndLong(a, b).size(), 5U);
-        EXPECT_FALSE(Convert::convertDecimalToMGRSAndLong(a, b).empty());
-        EXPECT_FALSE(Convert::convertDecimalToDMSAndLongitudeForLatLong(a, b, 1).empty());
+        EXPECT_NE(Convert::convertDecimalToMGRSAndLong(a, b), "");
+        EXPECT_NE(Convert::convertDecimalToDMSAndLongitudeForLatLong(a, b, 1), "");
         for (const std::int32_t zone : {INT32_MIN, -1, 0, INT32_MAX}) {
           Lookup::findEastingandNorthingWithLatAndLongAndZone(a, b, zone);
           for (const char* letters : {"", "U", "UVP", "IIO", "\xC3\xB8"}) {

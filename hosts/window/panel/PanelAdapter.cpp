@@ -184,7 +184,9 @@ bool PanelAdapter::press(const QString& key) {
 
 void PanelAdapter::copyPosition() {
   const auto position =
-      copiedText_ ? copiedText_() : scene_.interface().label("userCoordinateLabel").text();
+      copiedText_
+          ? copiedText_()
+          : std::optional<std::string>(scene_.interface().label("userCoordinateLabel").text());
   if (!position || position->empty()) return;
   const QString text = QString::fromStdString(*position);
   QGuiApplication::clipboard()->setText(text);

@@ -3,7 +3,6 @@
 
 #include <cmath>
 
-#include "hosts/panel/FormatReading.h"
 #include "hosts/window/panel/PanelStyle.h"
 #include "hosts/window/panel/ShorterWay.h"
 
@@ -73,19 +72,6 @@ TEST(ShorterWay, IsTaken) {
     EXPECT_EQ(turnedByShorterWay(one.present, one.target), one.turned) << one.present;
   }
   EXPECT_EQ(std::abs(turnedByShorterWay(0, 180)), 180);
-}
-
-TEST(FormatReading, TakesBackWhatWasPrinted) {
-  using Values = std::optional<std::vector<std::string>>;
-  EXPECT_EQ(readByFormat("08:05 /km", "%02d:%02d /km"), (Values{{"8", "5"}}));
-  EXPECT_EQ(readByFormat("2 hr 46 m", "%d hr %d m"), (Values{{"2", "46"}}));
-  EXPECT_EQ(readByFormat("2 hr 46 m", "%d m"), std::nullopt);
-  EXPECT_EQ(readByFormat("0.54 km", "%0.0f m"), std::nullopt);
-  EXPECT_EQ(readByFormat("46° 58' 57.89'' N", "%0.0f° %0.0f' %0.2f'' %@"),
-            (Values{{"46", "58", "57.89", "N"}}));
-  EXPECT_EQ(readByFormat("32 N 419365.1mE 5203402.2mN", "%@ %@mE %@mN"),
-            (Values{{"32 N", "419365.1", "5203402.2"}}));
-  EXPECT_EQ(readByFormat("", "%d m"), std::nullopt);
 }
 
 }  // namespace
