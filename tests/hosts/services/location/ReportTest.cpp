@@ -5,7 +5,6 @@
 
 #include "hosts/services/location/FixEpochs.h"
 #include "hosts/services/location/GpsdAddress.h"
-#include "hosts/services/location/GpsdNotice.h"
 #include "hosts/services/location/GpsdReport.h"
 
 namespace wayfell {
@@ -189,21 +188,6 @@ TEST(FixEpochs, TakePartsWithoutATimeAsOfTheOneThatFollows) {
   for (const double now : {500, 501}) {
     EXPECT_THAT(clockless.add(untimed), IsEmpty());
     EXPECT_THAT(timesOf(clockless.finish({now})), ElementsAre(now));
-  }
-}
-
-TEST(GpsdNotice, TellsDevices) {
-  const auto devices = readNotice(
-      R"({"class":"DEVICES","devices":[{"class":"DEVICE","path":"/dev/a"},{"class":"DEVICE",)"
-      R"("path":"/dev/b","driver":"u-blox","activated":"2026-11-23T01:46:52.299Z"},7]})");
-  EXPECT_THAT(devices.devices.value(),
-              ElementsAre(GpsdDevice{"/dev/a", false}, GpsdDevice{"/dev/b", false}));
-  EXPECT_EQ(readNotice(R"({"class":"DEVICE","path":"/dev/a","activated":0})").device,
-            (GpsdDevice{"/dev/a", true}));
-  for (const char* other : {"", "{", R"({"class":"DEVICES","devices":[)", R"({"class":"SKY"})",
-                            R"({"class":"VERSION","release":"3.22"})", R"({"class":"DEVICE)"}) {
-    const GpsdNotice notice = readNotice(other);
-    EXPECT_FALSE(notice.devices || notice.device) << other;
   }
 }
 
