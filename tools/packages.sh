@@ -16,6 +16,7 @@ CHECK_PACKAGES=(
   clang-14 clang-format-14 clang-tidy-14 libc++-14-dev libc++abi-14-dev
   gpsd gpsd-clients tmux zsh fish groff-base sqlite3
   xvfb xdotool xclip graphviz
+  qt6-declarative-dev-tools qml6-module-qtqml
 )
 
 # install_missing PACKAGE... installs those that are not there yet, and says which.

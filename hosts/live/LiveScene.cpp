@@ -13,13 +13,13 @@ LiveScene::LiveScene(LiveHost& host, SourceStatus source, Now now)
   appear();
 }
 
-void LiveScene::appear() {
+void LiveScene::letAppear() {
   controller_->viewWillAppear(false);
   onScreen_ = true;
   settle();
 }
 
-void LiveScene::disappear() {
+void LiveScene::letDisappear() {
   controller_->viewWillDisappear(false);
   onScreen_ = false;
 }
@@ -37,7 +37,7 @@ bool LiveScene::followsCourse() const {
 }
 
 void LiveScene::settle() {
-  interface_.compassRotatingView().setCompassDisplayCourse(followsCourse());
+  interface_.views().compassRotatingView.setCompassDisplayCourse(followsCourse());
   if (controller_->currentLocation != lastFix_) {
     lastFix_ = controller_->currentLocation;
     lastFixCame_ = now_();
@@ -67,17 +67,13 @@ Scene::Lines LiveScene::lines() const {
 
 std::optional<std::string> LiveScene::takeNews() { return std::exchange(news_, std::nullopt); }
 
-std::vector<Scene::Key> LiveScene::keys() const {
-  return {{"c", "heading: compass, course or as it comes"}};
+std::span<const PanelAction> LiveScene::actions() const {
+  static constexpr PanelAction kActions[] = {PanelAction::chooseHeading};
+  return kActions;
 }
 
-std::vector<std::string_view> LiveScene::hints() const {
-  return {"0-4 format  t layout  h hide  c compass or course  ? keys  q quit",
-          "t layout  c compass or course  ? keys  q quit", "? keys  q quit"};
-}
-
-void LiveScene::press(char32_t key) {
-  if (key != U'c') return;
+void LiveScene::actItself(const PanelRequest& request) {
+  if (request.action != PanelAction::chooseHeading) return;
   switch (headingChoice_) {
     case HeadingChoice::whatIsThere:
       headingChoice_ = followsCourse() ? HeadingChoice::compass : HeadingChoice::course;

@@ -34,22 +34,19 @@ class LiveScene : public Scene {
   const WidgetInterface& interface() const override { return interface_; }
   TodayViewController& controller() const { return *controller_; }
   bool onScreen() const override { return onScreen_; }
-  void appear() override;
-  void disappear() override;
-  void tap(std::string_view view) override { interface_.tap(view); }
-  void pickSegment(int segment) override { interface_.coordinateControl().pick(segment); }
   Lines lines() const override;
   std::optional<std::string> fault() const override { return std::nullopt; }
   std::optional<std::string> takeNews() override;
-  std::vector<Key> keys() const override;
-  std::vector<std::string_view> hints() const override;
-  void press(char32_t key) override;
-  void catchUp() override {}
-  void resume() override {}
+  std::span<const PanelAction> actions() const override;
   void settle() override;
 
   /// Something that the user should hear of.
   void tell(std::string news) { news_ = std::move(news); }
+
+ protected:
+  void letAppear() override;
+  void letDisappear() override;
+  void actItself(const PanelRequest& request) override;
 
  private:
   /// Where headings come from: the compass while it delivers, or what the user chose.

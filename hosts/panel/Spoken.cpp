@@ -51,19 +51,17 @@ constexpr Reading kReadings[] = {
     {"W", textKey("west")}};
 
 struct Sentence {
-  std::string_view outlet;
+  PanelRow row;
   std::string_view words;
 };
 
 constexpr Sentence kSentences[] = {
-    {"altitudeLabel", textKey("altitude %@")},
-    {"waypointDistanceLabel", textKey("distance to the waypoint %@")},
-    {"etaLabel", textKey("time to the waypoint %@")},
-    {"timeLabel", textKey("track time %@")},
-    {"miniTimeLabel", textKey("track time %@")},
-    {"distanceLabel", textKey("track distance %@")},
-    {"miniDistanceLabel", textKey("track distance %@")},
-    {"addressLabel", textKey("address %@")},
+    {PanelRow::altitude, textKey("altitude %@")},
+    {PanelRow::waypointDistance, textKey("distance to the waypoint %@")},
+    {PanelRow::eta, textKey("time to the waypoint %@")},
+    {PanelRow::trackTime, textKey("track time %@")},
+    {PanelRow::trackDistance, textKey("track distance %@")},
+    {PanelRow::address, textKey("address %@")},
 };
 
 std::string withoutLeadingZeros(std::string_view number) {
@@ -105,7 +103,7 @@ std::string positionInWords(const Piece& position) {
 
 std::string headingInWords(const WidgetInterface& interface, const Piece& value) {
   const std::string heading = valueInWords(value);
-  if (interface.compassRotatingView().compassDisplayCourse()) {
+  if (interface.views().compassRotatingView.compassDisplayCourse()) {
     return localizedStringWithFormat("course %@", heading);
   }
   switch (UserDefaults::checkIntDefaults("compassHeading")) {
@@ -119,7 +117,7 @@ std::string headingInWords(const WidgetInterface& interface, const Piece& value)
 }
 
 std::string compassInWords(const WidgetInterface& interface) {
-  const CompassView& compass = interface.compassRotatingView();
+  const CompassView& compass = interface.views().compassRotatingView;
   if (!compass.arrow() || compass.compassArrowView()->hidden()) {
     return std::string(localized("compass"));
   }
@@ -129,19 +127,18 @@ std::string compassInWords(const WidgetInterface& interface) {
                                    std::abs(turn));
 }
 
-std::string labelInWords(const WidgetInterface& interface, std::string_view outlet,
-                         const Piece& value) {
-  if (outlet == "headingLabel") return headingInWords(interface, value);
-  if (outlet == "userCoordinateLabel") return positionInWords(value);
-  if (outlet == "utmZoneLabel") return std::string(value.text());
-  if (outlet == "speedLabel") {
-    const FormattedText name = interface.label("speedNameLabel").text().value_or("");
+std::string labelInWords(const WidgetInterface& interface, PanelRow row, const Piece& value) {
+  if (row == PanelRow::heading) return headingInWords(interface, value);
+  if (row == PanelRow::position) return positionInWords(value);
+  if (row == PanelRow::zone) return std::string(value.text());
+  if (row == PanelRow::speed) {
+    const FormattedText name = interface.views().speedNameLabel.text().value_or("");
     return localizedStringWithFormat(
         name.whole().key() == "Pace" ? textKey("pace %@") : textKey("speed %@"),
         valueInWords(value));
   }
   for (const Sentence& sentence : kSentences) {
-    if (sentence.outlet == outlet) {
+    if (sentence.row == row) {
       return localizedStringWithFormat(sentence.words, valueInWords(value));
     }
   }
@@ -150,26 +147,19 @@ std::string labelInWords(const WidgetInterface& interface, std::string_view outl
 
 }  // namespace
 
-std::string spokenText(const WidgetInterface& interface, std::string_view outlet) {
-  if (outlet == "compassRotatingView") return compassInWords(interface);
-  if (outlet == "coordinateControl") {
-    const int chosen = interface.coordinateControl().selectedSegmentIndex();
+std::string spokenText(const WidgetInterface& interface, PanelRow row) {
+  if (row == PanelRow::compass) return compassInWords(interface);
+  if (row == PanelRow::formats) {
+    const int chosen = interface.views().coordinateControl.selectedSegmentIndex();
     return localizedStringWithFormat("format of the position: %@", spokenFormat(chosen));
   }
-  if (outlet == "openLabel" || outlet == "openMiniLabel") {
-    return std::string(localized("open the app"));
+  if (row == PanelRow::open) return std::string(localized("open the app"));
+  if (row == PanelRow::layout) {
+    return std::string(
+        localized(isCompact(interface) ? textKey("show more") : textKey("show less")));
   }
-  if (outlet == "toggleViewButton") {
-    const bool compact = interface.view("trackDataView").hidden();
-    return std::string(localized(compact ? textKey("show more") : textKey("show less")));
-  }
-  for (const auto& label : interface.labels()) {
-    if (label.name == outlet) {
-      const FormattedText text = label.view->text().value_or("");
-      return labelInWords(interface, outlet, text.whole());
-    }
-  }
-  return {};
+  const FormattedText text = valueLabel(interface, row)->text().value_or("");
+  return labelInWords(interface, row, text.whole());
 }
 
 std::string spokenFormat(int segment) {

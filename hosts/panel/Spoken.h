@@ -9,14 +9,13 @@
 #pragma once
 
 #include <string>
-#include <string_view>
 
-#include "hosts/panel/WidgetInterface.h"
+#include "hosts/panel/PanelReading.h"
 
 namespace wayfell {
 
-/// What a view says; empty for what another one says, such as captions.
-std::string spokenText(const WidgetInterface& interface, std::string_view outlet);
+/// What a row says, with its caption.
+std::string spokenText(const WidgetInterface& interface, PanelRow row);
 
 /// What a format of the position is called in full; "none" for a number that no segment has.
 std::string spokenFormat(int segment);

@@ -47,9 +47,9 @@ struct Locate {
 struct Turn {
   CLHeading heading;
 };
-/// On the view of that name.
+/// On a view, visible or not.
 struct Tap {
-  std::string view;
+  enum class View { toggleViewButton, openLabel, openMiniLabel } view;
 };
 struct PickSegment {
   int segment;

@@ -14,6 +14,18 @@ void write(KeyValueStore& store, const event::Settings& settings) {
   for (const auto& [key, value] : settings) store.set(key, value);
 }
 
+UIView& tappedView(const WidgetInterface& interface, event::Tap::View view) {
+  switch (view) {
+    case event::Tap::View::openLabel:
+      return interface.views().openLabel;
+    case event::Tap::View::openMiniLabel:
+      return interface.views().openMiniLabel;
+    case event::Tap::View::toggleViewButton:
+      break;
+  }
+  return interface.views().toggleViewButton;
+}
+
 // What sets the scene and needs no widget.
 bool setsTheScene(const Action& action) {
   return std::holds_alternative<event::WriteSuite>(action) ||
@@ -45,16 +57,16 @@ void ReplayedWidget::apply(const Action& action) {
           [this](const event::WriteLocal& local) { write(host_.local, local.settings); },
           [this](const event::Authorize& authorize) { host_.location.status = authorize.status; },
           [this](const event::FollowCourse& follow) {
-            interface_->compassRotatingView().setCompassDisplayCourse(follow.course);
+            interface_->views().compassRotatingView.setCompassDisplayCourse(follow.course);
           },
           [this](const event::AnswerLookups& answer) { host_.geocoder.answer = answer.placemark; },
           [this](const event::Appear&) { controller_->viewWillAppear(false); },
           [this](const event::Disappear&) { controller_->viewWillDisappear(false); },
           [this](const event::Locate& locate) { host_.location.deliver(locate.fixes); },
           [this](const event::Turn& turn) { host_.location.deliver(turn.heading); },
-          [this](const event::Tap& tap) { interface_->tap(tap.view); },
+          [this](const event::Tap& tap) { tappedView(*interface_, tap.view).tap(); },
           [this](const event::PickSegment& pick) {
-            interface_->coordinateControl().pick(pick.segment);
+            interface_->views().coordinateControl.pick(pick.segment);
           },
           [this](const event::OpenAppWithCoordinate&) { controller_->openAppWithCoordinate(); },
           [this](const event::UpdateCurrentLocationDisplay& update) {

@@ -81,10 +81,10 @@ std::optional<CLPlacemark> readPlacemark(JsonLine::Value value, const FieldPath&
 
 Action readTap(JsonLine::Value value, const FieldPath& path) {
   const std::string_view view = expectText(value, path);
-  if (view != "toggleViewButton" && view != "openLabel" && view != "openMiniLabel") {
-    path.fail("expected \"toggleViewButton\", \"openLabel\" or \"openMiniLabel\"");
-  }
-  return event::Tap{std::string(view)};
+  if (view == "toggleViewButton") return event::Tap{event::Tap::View::toggleViewButton};
+  if (view == "openLabel") return event::Tap{event::Tap::View::openLabel};
+  if (view == "openMiniLabel") return event::Tap{event::Tap::View::openMiniLabel};
+  path.fail("expected \"toggleViewButton\", \"openLabel\" or \"openMiniLabel\"");
 }
 
 // The only event with a field of its own beside it: the number of the format, "index".

@@ -29,14 +29,16 @@ void writeNumbers(JsonWriter& json, std::initializer_list<Number> numbers) {
 
 void writeLabels(JsonWriter& json, const WidgetInterface& interface) {
   json.beginObject();
-  for (const auto& [name, label] : interface.labels()) json.member(name, label->text());
+  for (const auto& named : interface.named()) {
+    if (named.label) json.member(named.name, named.label->text());
+  }
   json.endObject();
 }
 
 void writeHiddenViews(JsonWriter& json, const WidgetInterface& interface) {
   std::vector<std::string_view> names;
-  for (const auto& [name, view] : interface.views()) {
-    if (view->hidden()) names.emplace_back(name);
+  for (const auto& named : interface.named()) {
+    if (named.view->hidden()) names.emplace_back(named.name);
   }
   std::sort(names.begin(), names.end());
   json.beginList();
@@ -45,7 +47,7 @@ void writeHiddenViews(JsonWriter& json, const WidgetInterface& interface) {
 }
 
 void writeTape(JsonWriter& json, const WidgetInterface& interface) {
-  const auto tape = interface.leftConstraint().constant();
+  const auto tape = interface.views().leftConstraint.constant();
   if (tape) {
     writePlainJson(json, *tape);
   } else {
@@ -54,7 +56,7 @@ void writeTape(JsonWriter& json, const WidgetInterface& interface) {
 }
 
 void writeArrow(JsonWriter& json, const WidgetInterface& interface) {
-  const auto& arrow = interface.compassRotatingView().arrow();
+  const auto& arrow = interface.views().compassRotatingView.arrow();
   if (arrow) {
     writeNumbers(json, {{"bearing", arrow->bearing}, {"heading", arrow->heading}});
   } else {
@@ -104,9 +106,9 @@ std::string snapshotLine(const ReplayedWidget& widget) {
   writeLabels(json.key("labels"), interface);
   writeHiddenViews(json.key("hidden"), interface);
   writeTape(json.key("tape"), interface);
-  json.member("segment", interface.coordinateControl().selectedSegmentIndex());
+  json.member("segment", interface.views().coordinateControl.selectedSegmentIndex());
   writeArrow(json.key("arrow"), interface);
-  write(json, {"button", interface.view("toggleViewButton").transform().rotation});
+  write(json, {"button", interface.views().toggleViewButton.transform().rotation});
   writeOpenedURLs(json.key("opened"), host.urls);
   json.member("lookups", host.geocoder.requests());
   json.member("timers", static_cast<int>(host.loop.timersWithInterval(kTickSeconds)));

@@ -3,7 +3,6 @@
 #include <chrono>
 #include <utility>
 
-#include "hosts/panel/Keys.h"
 #include "hosts/scene/FixAge.h"
 #include "hosts/text/ElapsedText.h"
 #include "platform/NSString.h"
@@ -42,11 +41,6 @@ void PlayedScene::sleep() {
 
 void PlayedScene::resume() { playback_.skipTo(Playback::Clock::now()); }
 
-void PlayedScene::appear() { player_.act(event::Appear{}); }
-void PlayedScene::disappear() { player_.act(event::Disappear{}); }
-void PlayedScene::tap(std::string_view view) { player_.act(event::Tap{std::string(view)}); }
-void PlayedScene::pickSegment(int segment) { player_.act(event::PickSegment{segment}); }
-
 Scene::Lines PlayedScene::lines() const {
   Lines lines{badge_, title_, elapsedText(player_.elapsed()), {}, {}};
   if (player_.ended()) {
@@ -72,31 +66,22 @@ std::optional<std::string> PlayedScene::takeNews() {
   return news.append(url ? url->absoluteString() : "no valid URL");
 }
 
-std::vector<Scene::Key> PlayedScene::keys() const {
-  return {{"space", "pause or go on"},
-          {". or right", "one second on, in a pause"},
-          {"+ and -", "faster and slower"}};
+std::span<const PanelAction> PlayedScene::actions() const {
+  static constexpr PanelAction kActions[] = {PanelAction::pause, PanelAction::stepOn,
+                                             PanelAction::changeRate};
+  return kActions;
 }
 
-std::vector<std::string_view> PlayedScene::hints() const {
-  return {"0-4 format  t layout  h hide  space pause  ? keys  q quit",
-          "t layout  space pause  ? keys  q quit", "? keys  q quit"};
-}
-
-void PlayedScene::press(char32_t key) {
-  switch (key) {
-    case U' ':
+void PlayedScene::actItself(const PanelRequest& request) {
+  switch (request.action) {
+    case PanelAction::pause:
       playback_.togglePause();
       break;
-    case U'.':
-    case kRightKey:
+    case PanelAction::stepOn:
       if (playback_.paused()) playback_.step();
       break;
-    case U'+':
-      playback_.faster();
-      break;
-    case U'-':
-      playback_.slower();
+    case PanelAction::changeRate:
+      request.number > 0 ? playback_.faster() : playback_.slower();
       break;
     default:
       return;

@@ -22,19 +22,19 @@ class PlayedScene : public Scene {
 
   const WidgetInterface& interface() const override { return player_.widget().interface(); }
   bool onScreen() const override { return player_.onScreen(); }
-  void appear() override;
-  void disappear() override;
-  void tap(std::string_view view) override;
-  void pickSegment(int segment) override;
   Lines lines() const override;
   std::optional<std::string> fault() const override { return player_.fault(); }
   /// Which URLs were asked for. A recording opens none.
   std::optional<std::string> takeNews() override;
-  std::vector<Key> keys() const override;
-  std::vector<std::string_view> hints() const override;
-  void press(char32_t key) override;
-  void catchUp() override;
+  std::span<const PanelAction> actions() const override;
+  void suspend() override { catchUp(); }
   void resume() override;
+
+ protected:
+  void catchUp() override;
+  void letAppear() override { player_.act(event::Appear{}); }
+  void letDisappear() override { player_.act(event::Disappear{}); }
+  void actItself(const PanelRequest& request) override;
 
  private:
   void sleep();

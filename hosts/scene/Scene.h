@@ -3,20 +3,16 @@
 #pragma once
 
 #include <optional>
+#include <span>
 #include <string>
-#include <string_view>
-#include <vector>
 
+#include "hosts/panel/Actions.h"
 #include "hosts/panel/WidgetInterface.h"
 
 namespace wayfell {
 
 class Scene {
  public:
-  struct Key {
-    std::string_view keys;
-    std::string_view does;
-  };
   /// The host's own lines. Nothing of them is part of the panel.
   struct Lines {
     std::string badge;    ///< a word: what kind of scene it is
@@ -31,29 +27,36 @@ class Scene {
 
   virtual const WidgetInterface& interface() const = 0;
   virtual bool onScreen() const = 0;
-  virtual void appear() = 0;
-  virtual void disappear() = 0;
-  /// The user taps a view, or picks a format. Only what is on the screen can be touched.
-  virtual void tap(std::string_view view) = 0;
-  virtual void pickSegment(int segment) = 0;
+
+  /// What the user or the host does happens now: the scene has caught up before it.
+  void appear();
+  void disappear();
+  /// Does what is asked for. What is not on the screen cannot be touched, and what is the host's
+  /// own is left to it.
+  void act(const PanelRequest& request);
+  /// The program is about to be stopped, and then goes on; what should have happened meanwhile has
+  /// not.
+  virtual void suspend() {}
+  virtual void resume() {}
 
   virtual Lines lines() const = 0;
   /// What keeps the scene from going on.
   virtual std::optional<std::string> fault() const = 0;
   /// What has happened that the user should hear of, once.
   virtual std::optional<std::string> takeNews() = 0;
+  /// What can be done besides what every panel does, the most useful first.
+  virtual std::span<const PanelAction> actions() const = 0;
 
-  /// Keys besides those of the panel, and what shows how to get on: the longest hint that fits.
-  virtual std::vector<Key> keys() const = 0;
-  virtual std::vector<std::string_view> hints() const = 0;
-  virtual void press(char32_t key) = 0;
-
-  /// Brings the scene up to now, before something else happens to it.
-  virtual void catchUp() = 0;
-  /// The program goes on after it was stopped; what should have happened meanwhile has not.
-  virtual void resume() = 0;
   /// Draws its conclusions from what has happened; at the end of each turn of the run loop.
   virtual void settle() {}
+
+ protected:
+  /// Brings the scene up to now.
+  virtual void catchUp() {}
+  virtual void letAppear() = 0;
+  virtual void letDisappear() = 0;
+  /// One of actions(), or something that is not the scene's.
+  virtual void actItself(const PanelRequest& request) = 0;
 };
 
 }  // namespace wayfell

@@ -4,8 +4,6 @@
 #include <utility>
 #include <variant>
 
-#include "hosts/panel/Keys.h"
-
 namespace wayfell {
 
 LivePanel::LivePanel(EventLoop& loop, Terminal& terminal, Scene& scene)
@@ -40,11 +38,10 @@ void LivePanel::showChanges() {
 }
 
 void LivePanel::takeInput() {
-  scene_.catchUp();
   while (const auto input = terminal_.read()) {
     screen_.tell("");
     if (const auto* key = std::get_if<KeyPress>(&*input)) press(key->key);
-    if (const auto* click = std::get_if<Click>(&*input)) touch(screen_.touchAt(*click));
+    if (const auto* click = std::get_if<Click>(&*input)) act(screen_.requestAt(*click));
   }
   if (const auto news = scene_.takeNews()) screen_.tell(*news);
   redraw();
@@ -52,38 +49,14 @@ void LivePanel::takeInput() {
 
 void LivePanel::press(char32_t key) {
   if (screen_.showsKeys()) return screen_.toggleKeys();
-  switch (key) {
-    case U'0':
-    case U'1':
-    case U'2':
-    case U'3':
-    case U'4':
-      return touch(Touch{"coordinateControl", static_cast<int>(key - U'0')});
-    case U't':
-    case U'\t':
-    case kEnterKey:
-      return touch(Touch{"toggleViewButton"});
-    case U'o':
-      return touch(Touch{openLabelName(scene_.interface())});
-    case U'h':
-      return scene_.onScreen() ? scene_.disappear() : scene_.appear();
-    case U'?':
-      return screen_.toggleKeys();
-    case U'q':
-      return loop_.stop();
-    default:
-      return scene_.press(key);
-  }
+  act(requestOf(key));
 }
 
-// What is hidden cannot be touched.
-void LivePanel::touch(const std::optional<Touch>& touch) {
-  if (!touch || !scene_.onScreen()) return;
-  if (touch->view == "coordinateControl") {
-    scene_.pickSegment(touch->segment);
-  } else {
-    scene_.tap(touch->view);
-  }
+void LivePanel::act(const std::optional<PanelRequest>& request) {
+  if (!request) return;
+  if (request->action == PanelAction::tellKeys) return screen_.toggleKeys();
+  if (request->action == PanelAction::quit) return loop_.stop();
+  scene_.act(*request);
 }
 
 void LivePanel::resize() {
@@ -92,7 +65,7 @@ void LivePanel::resize() {
 }
 
 void LivePanel::stopForNow() {
-  scene_.catchUp();
+  scene_.suspend();
   terminal_.suspend();
   loop_.raiseDefault(SIGTSTP);
   resume();

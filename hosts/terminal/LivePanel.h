@@ -3,12 +3,13 @@
 
 #include <optional>
 #include <string>
+#include <utility>
 
 #include "hosts/loop/uv/EventLoop.h"
+#include "hosts/panel/ViewWatch.h"
 #include "hosts/scene/Scene.h"
 #include "hosts/terminal/Terminal.h"
 #include "hosts/terminal/TodayScreen.h"
-#include "hosts/terminal/ViewWatch.h"
 
 namespace wayfell {
 
@@ -27,7 +28,7 @@ class LivePanel {
   void redraw();
   void takeInput();
   void press(char32_t key);
-  void touch(const std::optional<Touch>& touch);
+  void act(const std::optional<PanelRequest>& request);
   void resize();
   void stopForNow();
   void resume();

@@ -6,7 +6,7 @@
 #include "hosts/replay/Replay.h"
 #include "hosts/replay/Snapshot.h"
 #include "hosts/terminal/Output.h"
-#include "hosts/terminal/PanelText.h"
+#include "hosts/terminal/PrintedPanel.h"
 #include "hosts/terminal/Progress.h"
 #include "hosts/text/ElapsedText.h"
 #include "hosts/text/InputError.h"
@@ -15,7 +15,7 @@ namespace wayfell {
 namespace {
 
 void printPanel(const ReplayedWidget& widget, double seconds, Output& output) {
-  for (const std::string& line : panelText(widget.interface(), elapsedText(seconds))) {
+  for (const std::string& line : printedPanel(widget.interface(), elapsedText(seconds))) {
     output.line(line);
   }
   for (const auto& url : widget.host().urls.requests) {

@@ -11,7 +11,7 @@
 #include "hosts/loop/uv/EventLoop.h"
 #include "hosts/terminal/LivePanel.h"
 #include "hosts/terminal/Output.h"
-#include "hosts/terminal/PanelText.h"
+#include "hosts/terminal/PrintedPanel.h"
 #include "hosts/terminal/Terminal.h"
 #include "hosts/text/ElapsedText.h"
 #include "hosts/text/InputError.h"
@@ -49,7 +49,7 @@ class Notices {
 int printPanel(const WidgetInterface& interface, const std::string& caption,
                const std::string& below) {
   Output output;
-  for (const std::string& line : panelText(interface, caption)) output.line(line);
+  for (const std::string& line : printedPanel(interface, caption)) output.line(line);
   output.line(below);
   return output.finish(kDone);
 }

@@ -1,6 +1,7 @@
 #include "hosts/terminal/TodayScreen.h"
 
 #include <algorithm>
+#include <array>
 #include <string_view>
 
 #include "hosts/text/TextWidth.h"
@@ -12,34 +13,33 @@ namespace {
 int rowsOf(const Scene::Lines& lines) { return lines.credit.empty() ? 2 : 3; }
 
 constexpr int kKeyColumns = 15;
+constexpr std::string_view kGap = "  ";  // between hints
+constexpr std::array kLeastActions = {PanelAction::tellKeys, PanelAction::quit};
 
-std::vector<Scene::Key> allKeys(const Scene& scene) {
-  std::vector<Scene::Key> keys = {{"0 to 4", "format of the position"},
-                                  {"t, Tab, Enter", "expanded or compact"},
-                                  {"o", "open the app"},
-                                  {"h", "hide or show the panel"}};
-  const auto more = scene.keys();
-  keys.insert(keys.end(), more.begin(), more.end());
-  keys.push_back({"?", "these keys; any key goes back"});
-  keys.push_back({"q", "quit"});
-  return keys;
+// The hints that the line below the panel may have room for, the longest first.
+std::array<std::string, 3> hintsOf(const Scene& scene) {
+  using enum PanelAction;
+  const PanelAction own = scene.actions().front();
+  const std::array all = {pickFormat, switchLayout, showOrHide, own, tellKeys, quit};
+  const std::array some = {switchLayout, own, tellKeys, quit};
+  return {keyHints(all, kGap), keyHints(some, kGap), keyHints(kLeastActions, kGap)};
 }
 
-TerminalLook lookOf(PanelStyle style) {
+TerminalLook lookOf(TextStyle style) {
   switch (style) {
-    case PanelStyle::frame:
-    case PanelStyle::caption:
-    case PanelStyle::dots:
-    case PanelStyle::format:
+    case TextStyle::frame:
+    case TextStyle::caption:
+    case TextStyle::dots:
+    case TextStyle::format:
       return {.dim = true};
-    case PanelStyle::value:
-    case PanelStyle::button:
+    case TextStyle::value:
+    case TextStyle::button:
       return {.bold = true};
-    case PanelStyle::mark:
+    case TextStyle::mark:
       return {.bold = true, .color = TerminalColor::red};
-    case PanelStyle::arrow:
+    case TextStyle::arrow:
       return {.bold = true, .color = TerminalColor::green};
-    case PanelStyle::chosenFormat:
+    case TextStyle::chosenFormat:
       return {.color = TerminalColor::blackOnCyan};
   }
   return {};
@@ -58,7 +58,7 @@ void TodayScreen::draw() {
   shownLines_ = scene_.lines();
   const PanelRoom room{terminal_.columns(), std::max(0, terminal_.rows() - rowsOf(shownLines_)),
                        terminal_.unicode()};
-  Panel panel = composePanel(scene_.interface(), room, "");
+  const ComposedPanel panel = composePanel(readPanel(scene_.interface()), room, "");
   left_ = std::max(0, (terminal_.columns() - panel.columns) / 2);
   terminal_.clear();
   rows_.clear();
@@ -75,9 +75,9 @@ void TodayScreen::draw() {
   terminal_.show();
 }
 
-void TodayScreen::drawPanel(const Panel& panel) {
+void TodayScreen::drawPanel(const ComposedPanel& panel) {
   for (int row = 0; row < std::ssize(panel.rows); ++row) {
-    for (const PanelSpan& span : panel.rows[static_cast<std::size_t>(row)]) {
+    for (const TextSpan& span : panel.rows[static_cast<std::size_t>(row)]) {
       terminal_.put(row, left_ + span.column, span.text, lookOf(span.style));
     }
   }
@@ -85,12 +85,18 @@ void TodayScreen::drawPanel(const Panel& panel) {
 }
 
 // And below them what the line below the panel has no room for. Returns how many rows it takes.
-int TodayScreen::drawKeys(const Panel& panel, int mostRows) const {
+int TodayScreen::drawKeys(const ComposedPanel& panel, int mostRows) const {
+  using enum PanelAction;
+  std::vector<PanelAction> actions = {pickFormat, switchLayout, openApp, showOrHide};
+  const auto own = scene_.actions();
+  actions.insert(actions.end(), own.begin(), own.end());
+  actions.insert(actions.end(), kLeastActions.begin(), kLeastActions.end());
   int row = 0;
-  for (const Scene::Key& key : allKeys(scene_)) {
+  for (const PanelAction action : actions) {
     if (row == mostRows) return row;
-    terminal_.put(row, left_ + 2, key.keys, {.bold = true});
-    terminal_.put(row++, left_ + 2 + kKeyColumns, key.does);
+    const auto [keys, does] = helpOf(action);
+    terminal_.put(row, left_ + 2, keys, {.bold = true});
+    terminal_.put(row++, left_ + 2 + kKeyColumns, does);
   }
   const int columns = panel.columns - 4;
   const std::string message = printable(lastMessage_);
@@ -102,11 +108,11 @@ int TodayScreen::drawKeys(const Panel& panel, int mostRows) const {
   return row;
 }
 
-std::string TodayScreen::message(const Panel& panel, int columns) const {
+std::string TodayScreen::message(const ComposedPanel& panel, int columns) const {
   if (const auto fault = scene_.fault()) return "Stopped: " + *fault;
   if (!message_.empty()) return message_;
   if (showsKeys_) return "";
-  if (!scene_.onScreen()) return "h show  ? keys  q quit";
+  if (!scene_.onScreen()) return "h show  " + keyHints(kLeastActions, kGap);
   if (terminal_.columns() < kNarrowestPanel) {
     return "needs " + std::to_string(kNarrowestPanel) + " columns";
   }
@@ -114,13 +120,13 @@ std::string TodayScreen::message(const Panel& panel, int columns) const {
     return std::to_string(panel.missingRows) +
            (panel.missingRows == 1 ? " row has no room" : " rows have no room");
   }
-  for (const std::string_view hint : scene_.hints()) {
-    if (columnsOf(hint) <= columns) return std::string(hint);
+  for (const std::string& hint : hintsOf(scene_)) {
+    if (columnsOf(hint) <= columns) return hint;
   }
   return "";
 }
 
-void TodayScreen::drawLines(int row, const Panel& panel) const {
+void TodayScreen::drawLines(int row, const ComposedPanel& panel) const {
   const int first = left_ + 1;
   const int last = left_ + std::min(terminal_.columns(), panel.columns) - 1;  // the column after
   const auto putRight = [&](int line, const std::string& text, TerminalLook look) {
@@ -145,11 +151,11 @@ void TodayScreen::drawLines(int row, const Panel& panel) const {
                 {.dim = true});
 }
 
-std::optional<Touch> TodayScreen::touchAt(Click click) const {
+std::optional<PanelRequest> TodayScreen::requestAt(Click click) const {
   if (click.row < 0 || click.row >= std::ssize(rows_)) return std::nullopt;
-  for (const PanelSpan& span : rows_[static_cast<std::size_t>(click.row)]) {
+  for (const TextSpan& span : rows_[static_cast<std::size_t>(click.row)]) {
     const int column = click.column - left_ - span.column;
-    if (span.touch && column >= 0 && column < columnsOf(span.text)) return span.touch;
+    if (span.request && column >= 0 && column < columnsOf(span.text)) return span.request;
   }
   return std::nullopt;
 }

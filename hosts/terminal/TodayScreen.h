@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "hosts/scene/Scene.h"
-#include "hosts/terminal/Panel.h"
+#include "hosts/terminal/PanelComposer.h"
 #include "hosts/terminal/Terminal.h"
 
 namespace wayfell {
@@ -21,8 +21,8 @@ class TodayScreen {
   /// Whether the program's own lines would differ if they were drawn now.
   bool linesHaveChanged() const;
 
-  /// What a click there would touch.
-  std::optional<Touch> touchAt(Click click) const;
+  /// What a click there asks for.
+  std::optional<PanelRequest> requestAt(Click click) const;
 
   /// Something to tell until the next key.
   void tell(std::string message);
@@ -30,10 +30,10 @@ class TodayScreen {
   bool showsKeys() const { return showsKeys_; }
 
  private:
-  std::string message(const Panel& panel, int columns) const;
-  void drawPanel(const Panel& panel);
-  int drawKeys(const Panel& panel, int mostRows) const;
-  void drawLines(int row, const Panel& panel) const;
+  std::string message(const ComposedPanel& panel, int columns) const;
+  void drawPanel(const ComposedPanel& panel);
+  int drawKeys(const ComposedPanel& panel, int mostRows) const;
+  void drawLines(int row, const ComposedPanel& panel) const;
 
   Terminal& terminal_;
   const Scene& scene_;
@@ -41,8 +41,8 @@ class TodayScreen {
   std::string lastMessage_;
   bool showsKeys_ = false;
   Scene::Lines shownLines_;
-  int left_ = 0;                // the panel's first column
-  std::vector<PanelRow> rows_;  // what can be clicked on
+  int left_ = 0;               // the panel's first column
+  std::vector<TextRow> rows_;  // what can be clicked on
 };
 
 }  // namespace wayfell

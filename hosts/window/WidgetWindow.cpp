@@ -11,8 +11,8 @@
 #include <cmath>
 #include <stdexcept>
 #include <utility>
+#include <vector>
 
-#include "hosts/panel/Keys.h"
 #include "hosts/window/Compositor.h"
 
 namespace wayfell {
@@ -23,10 +23,6 @@ constexpr int kWidest = 4 * 359;     // points
 constexpr double kRest = 1;          // seconds without a move, after which the place is kept
 constexpr double kConfirmation = 4;  // seconds
 constexpr int kGraspable = 40;       // points of the window that must be on a screen
-
-constexpr const char* kKeys =
-    "0\u20134 format \u00b7 t layout \u00b7 o open \u00b7 ^C copy \u00b7 h hide \u00b7 l look "
-    "\u00b7 q close";
 
 // Wayland lets no window know where it is, nor say where it should be.
 bool placeIsKnown() {
@@ -42,10 +38,14 @@ bool isReachable(const QPoint& place, int width) {
   });
 }
 
-char32_t sceneKeyOf(const QKeyEvent& event) {
-  if (event.key() == Qt::Key_Right) return kRightKey;
+// Tab and Enter are for the items.
+std::optional<PanelRequest> requestIn(const QKeyEvent& event) {
+  if (event.matches(QKeySequence::Copy)) return PanelRequest{PanelAction::copyPosition};
+  if (event.matches(QKeySequence::Quit)) return PanelRequest{PanelAction::quit};
+  if (event.key() == Qt::Key_Right) return requestOf(kRightKey);
   const auto characters = event.text().toUcs4();
-  return characters.size() == 1 ? characters.front() : U'\0';
+  if (characters.size() != 1 || characters.front() < U' ') return std::nullopt;
+  return requestOf(char32_t{characters.front()});
 }
 
 }  // namespace
@@ -86,7 +86,7 @@ void WidgetWindow::loadContents() {
   addPanelImports(*engine());
   setInitialProperties({{QStringLiteral("panel"), QVariant::fromValue<QObject*>(&panel_)},
                         {QStringLiteral("look"), QVariant::fromValue<QObject*>(&theme_.style())}});
-  setSource(QUrl(QStringLiteral("qrc:/qt/qml/Wayfell/Window/Shell.qml")));
+  setSource(QUrl(QStringLiteral("qrc:/qt/qml/Wayfell/Panel/Shell.qml")));
   if (!rootObject()) throw std::runtime_error("the interface files cannot be loaded");
   connect(rootObject(), SIGNAL(contentHeightChanged()), this, SLOT(fitHeight()));
 }
@@ -147,7 +147,6 @@ void WidgetWindow::followVisibility() {
   const bool seen = isExposed() && !(windowStates() & Qt::WindowMinimized);
   if (seen == std::exchange(wasSeen_, seen)) return;
   loop_.guard([this, seen] {
-    scene_.catchUp();
     if (seen && hiddenWithWindow_) {
       scene_.appear();
     } else if (!seen) {
@@ -157,41 +156,38 @@ void WidgetWindow::followVisibility() {
   });
 }
 
-void WidgetWindow::putAwayOrBack() {
-  scene_.catchUp();
-  if (scene_.onScreen()) {
-    scene_.disappear();
-  } else {
-    scene_.appear();
-  }
-}
-
 void WidgetWindow::keyPressEvent(QKeyEvent* event) {
   event->ignore();
-  if (press(*event)) return;
   QQuickView::keyPressEvent(event);
   if (event->isAccepted()) return;
-  scene_.catchUp();
-  scene_.press(sceneKeyOf(*event));
+  if (const auto request = requestIn(*event)) act(*request);
 }
 
-// The keys of the window, before those of the panel and those of the scene.
-bool WidgetWindow::press(const QKeyEvent& event) {
-  if (event.matches(QKeySequence::Copy)) {
-    panel_.copyPosition();
-  } else if (event.matches(QKeySequence::Quit) || event.text() == QStringLiteral("q")) {
-    close();
-  } else if (event.text() == QStringLiteral("h")) {
-    putAwayOrBack();
-  } else if (event.text() == QStringLiteral("l")) {
-    theme_.next();
-    panel_.tell(QStringLiteral("look: ") + QString::fromStdString(theme_.name()));
-  } else if (event.text() == QStringLiteral("?")) {
-    panel_.tell(QString::fromUtf8(kKeys));
-  } else {
-    return false;
+void WidgetWindow::act(const PanelRequest& request) {
+  switch (request.action) {
+    case PanelAction::copyPosition:
+      return panel_.copyPosition();
+    case PanelAction::changeLook:
+      theme_.next();
+      return panel_.tell(QStringLiteral("look: ") + QString::fromStdString(theme_.name()));
+    case PanelAction::tellKeys:
+      return tellKeys();
+    case PanelAction::quit:
+      close();
+      return;
+    default:
+      panel_.act(request);
   }
-  return true;
+}
+
+void WidgetWindow::tellKeys() {
+  using enum PanelAction;
+  std::vector<PanelAction> actions = {pickFormat,   switchLayout, openApp,
+                                      copyPosition, showOrHide,   changeLook};
+  const auto own = scene_.actions();
+  actions.insert(actions.end(), own.begin(), own.end());
+  actions.push_back(quit);
+  panel_.tell(QString::fromStdString(keyHints(actions, " · ")));
 }
 
 Qt::Edges WidgetWindow::edgesAt(const QPoint& point) const {

@@ -57,8 +57,8 @@ class WidgetWindow : public QQuickView {
   void loadContents();
   void takeKeptPlace();
   void followVisibility();
-  void putAwayOrBack();
-  bool press(const QKeyEvent& event);
+  void act(const PanelRequest& request);
+  void tellKeys();
   Qt::Edges edgesAt(const QPoint& point) const;
   bool takesByItself(QEvent& event);
   void grip(const QMouseEvent& press);

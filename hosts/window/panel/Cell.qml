@@ -1,12 +1,12 @@
 // A value under its caption.
 import QtQuick
+import Wayfell.Panel
 
 Item {
     id: cell
 
-    required property QtObject captionView
-    required property QtObject valueView
-    required property QtObject look
+    required property ShownRow row
+    required property PanelStyle look
     property bool compact: false
     property color valueColor: look.value
 
@@ -14,16 +14,17 @@ Item {
 
     PanelText {
         id: caption
-        view: cell.captionView
+        row: cell.row
         look: cell.look
+        caption: true
         size: 10.5
         width: parent.width
         height: cell.compact ? 12 : 13
-        color: cell.look.caption
         elide: Text.ElideRight
     }
     PanelText {
-        view: cell.valueView
+        objectName: cell.objectName + "Value"
+        row: cell.row
         look: cell.look
         size: cell.compact ? 16 : 20
         y: caption.height

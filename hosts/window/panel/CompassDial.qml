@@ -1,24 +1,19 @@
 // North, and the way to the waypoint, as seen by someone who looks along the heading.
 import QtQuick
-import Wayfell.Items
+import Wayfell.Panel
 
 Item {
     id: compass
 
-    required property QtObject panel
-    required property QtObject look
-    readonly property QtObject view: panel.outlets.compassRotatingView
-    readonly property QtObject arrowView: panel.outlets.compassArrowView
+    required property PanelAdapter panel
+    required property PanelStyle look
 
     component Turning: NumberAnimation {
-        duration: compass.panel.compassTurnDuration
         easing.type: Easing.OutQuad
     }
 
-    objectName: view.objectName
-    visible: !view.hidden
     Accessible.role: Accessible.Graphic
-    Accessible.name: view.spoken
+    Accessible.name: panel.compass.spoken
 
     Shape {
         anchors.fill: parent
@@ -32,27 +27,22 @@ Item {
         shape: Shape.Needle
         color: compass.look.mark
         secondColor: compass.look.caption
-        turn: compass.panel.needleTurn
+        turn: compass.panel.northTurn
         Behavior on turn {
             enabled: !compass.look.reducedMotion
-            Turning {}
+            Turning { duration: compass.panel.compassTurnDuration }
         }
     }
-    Item {
-        objectName: compass.arrowView.objectName
+    Shape {
+        objectName: "waypointArrow"
         anchors.fill: parent
-        visible: !compass.arrowView.hidden
-
-        Shape {
-            objectName: "arrowImageView"
-            anchors.fill: parent
-            shape: Shape.Arrow
-            turn: compass.panel.arrowTurn
-            Behavior on turn {
-                enabled: !compass.look.reducedMotion
-                Turning {}
-            }
-            color: compass.look.pointer
+        visible: compass.panel.waypointKnown
+        shape: Shape.Arrow
+        color: compass.look.pointer
+        turn: compass.panel.waypointTurn
+        Behavior on turn {
+            enabled: !compass.look.reducedMotion
+            Turning { duration: compass.panel.compassTurnDuration }
         }
     }
 }

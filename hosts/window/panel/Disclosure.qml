@@ -1,35 +1,32 @@
 // The button that switches between the two layouts: turned down when there is more to see.
 import QtQuick
-import Wayfell.Items
+import Wayfell.Panel
 
 Rectangle {
     id: button
 
-    required property QtObject view
-    required property QtObject look
-    signal tapped
+    required property PanelAdapter panel
+    required property PanelStyle look
 
-    objectName: view.objectName + "Plate"
     radius: 4
     color: look.plate
     activeFocusOnTab: true
-    Keys.onSpacePressed: tapped()
-    Keys.onReturnPressed: tapped()
-    Keys.onEnterPressed: tapped()
+    Keys.onSpacePressed: panel.switchLayout()
+    Keys.onReturnPressed: panel.switchLayout()
+    Keys.onEnterPressed: panel.switchLayout()
     Accessible.role: Accessible.Button
-    Accessible.name: view.spoken
+    Accessible.name: panel.layout.spoken
     Accessible.focusable: true
-    Accessible.onPressAction: tapped()
+    Accessible.onPressAction: panel.switchLayout()
 
     Shape {
-        objectName: button.view.objectName
+        objectName: "disclosure"
         anchors.centerIn: parent
         width: 20
         height: 20
-        visible: !button.view.hidden
         shape: Shape.Disclosure
         color: button.look.plateText
-        turn: button.view.rotation
+        turn: button.panel.layoutTurn
         // Closed, it points to where reading goes on.
         transform: Scale {
             origin.x: 10
@@ -39,12 +36,12 @@ Rectangle {
         Behavior on turn {
             enabled: !button.look.reducedMotion
             NumberAnimation {
-                duration: button.view.turnDuration
+                duration: button.panel.layoutTurnDuration
                 easing.type: Easing.BezierSpline
                 easing.bezierCurve: [0, 0, 0.58, 1, 1, 1]
             }
         }
     }
-    TouchArea { onClicked: button.tapped() }
+    TouchArea { onClicked: button.panel.switchLayout() }
     FocusRing { look: button.look }
 }

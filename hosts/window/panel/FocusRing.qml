@@ -1,8 +1,9 @@
 // Around what has the keyboard. Of two lines, one stands out from whatever is behind.
 import QtQuick
+import Wayfell.Panel
 
 Rectangle {
-    required property QtObject look
+    required property PanelStyle look
 
     anchors.fill: parent
     anchors.margins: -3

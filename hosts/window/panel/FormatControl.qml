@@ -1,15 +1,13 @@
 // The choice of coordinate format.
 import QtQuick
+import Wayfell.Panel
 
 Rectangle {
     id: control
 
-    required property QtObject panel
-    required property QtObject view
-    required property QtObject look
+    required property PanelAdapter panel
+    required property PanelStyle look
 
-    objectName: view.objectName
-    visible: !view.hidden
     radius: 4
     color: look.field
     border.width: 1
@@ -18,36 +16,38 @@ Rectangle {
     Keys.onLeftPressed: panel.pickNext(look.rightToLeft ? 1 : -1)
     Keys.onRightPressed: panel.pickNext(look.rightToLeft ? -1 : 1)
     Accessible.role: Accessible.Grouping
-    Accessible.name: view.spoken
+    Accessible.name: panel.formats.spoken
     Accessible.focusable: true
 
     Row {
         anchors.fill: parent
         Repeater {
-            model: control.panel.segmentTitles
+            model: control.panel.formatTitles
 
+            // Names from outside, of which qmllint knows from Qt 6.5 on that a delegate sees them.
+            // qmllint disable unqualified
             Rectangle {
                 required property string modelData
                 required property int index
-                readonly property bool chosen: index === control.panel.selectedSegment
+                readonly property bool chosen: index === control.panel.format
 
-                objectName: "segment" + index
-                width: control.width / control.panel.segmentTitles.length
+                objectName: "format" + index
+                width: control.width / control.panel.formatTitles.length
                 height: control.height
                 radius: 4
                 color: chosen ? control.look.chosen : "transparent"
                 Accessible.role: Accessible.RadioButton
-                Accessible.name: control.panel.spokenSegments[index]
+                Accessible.name: control.panel.spokenFormats[index]
                 Accessible.checkable: true
                 Accessible.checked: chosen
-                Accessible.onPressAction: control.panel.pick(index)
+                Accessible.onPressAction: control.panel.pickFormat(index)
 
                 Text {
                     anchors.fill: parent
                     anchors.margins: 2
                     text: parent.modelData
                     textFormat: Text.PlainText
-                    color: parent.chosen ? control.panel.selectedTitleColor : control.look.value
+                    color: parent.chosen ? control.panel.chosenTitleColor : control.look.value
                     font.pixelSize: Math.min(15, Math.round(12.5 * control.look.fontScale))
                     font.bold: parent.chosen
                     fontSizeMode: Text.Fit
@@ -56,8 +56,9 @@ Rectangle {
                     verticalAlignment: Text.AlignVCenter
                     Accessible.ignored: true
                 }
-                TouchArea { onClicked: control.panel.pick(parent.index) }
+                TouchArea { onClicked: control.panel.pickFormat(parent.index) }
             }
+            // qmllint enable unqualified
         }
     }
     FocusRing { look: control.look }

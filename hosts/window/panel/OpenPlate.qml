@@ -1,28 +1,26 @@
 // "Open", on its plate.
 import QtQuick
+import Wayfell.Panel
 
 Rectangle {
     id: plate
 
-    required property QtObject view
-    required property QtObject labelView
-    required property QtObject look
-    signal tapped
+    required property PanelAdapter panel
+    required property PanelStyle look
 
-    objectName: view.objectName
-    radius: view.cornerRadius
+    radius: panel.openRadius
     color: look.plate
     activeFocusOnTab: true
-    Keys.onSpacePressed: tapped()
-    Keys.onReturnPressed: tapped()
-    Keys.onEnterPressed: tapped()
+    Keys.onSpacePressed: panel.openApp()
+    Keys.onReturnPressed: panel.openApp()
+    Keys.onEnterPressed: panel.openApp()
     Accessible.role: Accessible.Button
-    Accessible.name: labelView.spoken
+    Accessible.name: panel.open.spoken
     Accessible.focusable: true
-    Accessible.onPressAction: tapped()
+    Accessible.onPressAction: panel.openApp()
 
     PanelText {
-        view: plate.labelView
+        row: plate.panel.open
         look: plate.look
         size: 12.5
         start: 5
@@ -33,6 +31,6 @@ Rectangle {
         color: look.plateText
         Accessible.ignored: true
     }
-    TouchArea { onClicked: plate.tapped() }
+    TouchArea { onClicked: plate.panel.openApp() }
     FocusRing { look: plate.look }
 }

@@ -1,14 +1,12 @@
 // The widget as it is seen: the position and the numbers on one side, where to go on the other.
-// Each item that shows a view bears the name of the view's outlet.
 import QtQuick
-import Wayfell.Items
+import Wayfell.Panel
 
 FocusScope {
     id: root
 
-    required property QtObject panel
-    required property QtObject look
-    readonly property QtObject views: panel.outlets
+    required property PanelAdapter panel
+    required property PanelStyle look
     readonly property bool compact: panel.compact
 
     readonly property real margin: 10
@@ -32,7 +30,6 @@ FocusScope {
     height: panel.preferredHeight
     LayoutMirroring.enabled: look.rightToLeft
     LayoutMirroring.childrenInherit: true
-    Keys.onPressed: event => event.accepted = panel.press(event.text)
 
     Rectangle {
         anchors.fill: parent
@@ -43,53 +40,57 @@ FocusScope {
     }
 
     component Hairline: Rectangle {
+        width: parent.width
+        height: 1
+    }
+    Item {
         x: root.margin
         width: root.contentWidth
-        height: 1
         visible: !root.compact
-        color: root.look.edge
+
+        Hairline { y: 119; color: root.look.edge }
+        Hairline { y: 161; color: root.look.edge }
+        Hairline { y: 203; color: root.look.edge }
     }
-    Hairline { y: 119 }
-    Hairline { y: 161 }
-    Hairline { y: 203 }
 
     Item {
         id: positionArea
-        objectName: "dataView"
+        objectName: "positionArea"
         x: root.placed(root.margin, width)
         y: root.compact ? 3 : 6
         width: root.mainWidth
         height: root.compact ? 38 : 56
-        visible: !root.views.dataView.hidden
+        visible: root.panel.position.shown
 
         Column {
             id: positionCaption
-            objectName: "latLongLabel"
-            readonly property QtObject view: root.views.latLongLabel
-            readonly property var captions: view.text.split("\n")
+            objectName: "positionCaption"
+            readonly property var captions: root.panel.position.caption.split("\n")
             x: root.look.rightToLeft ? parent.width - width : 0
-            visible: !root.compact && !view.hidden
+            visible: !root.compact && root.panel.position.caption !== ""
             width: Math.min(60, parent.width * 0.32)
             Repeater {
                 model: positionCaption.captions
+                // Names from outside, of which qmllint knows from Qt 6.5 on that a delegate sees them.
+                // qmllint disable unqualified
                 PanelText {
                     required property string modelData
-                    objectName: "latLongLine"
-                    view: positionCaption.view
+                    row: root.panel.position
                     look: root.look
+                    caption: true
                     text: modelData
                     width: positionCaption.width
                     height: positionArea.height / positionCaption.captions.length
                     size: 10.5
-                    color: root.look.caption
                 }
+                // qmllint enable unqualified
             }
         }
         PanelText {
             id: position
-            view: root.views.userCoordinateLabel
+            objectName: "position"
+            row: root.panel.position
             look: root.look
-            text: view.lines
             start: positionCaption.visible ? positionCaption.width + 6 : 0
             width: zone.visible ? (parent.width - start) / 3 : parent.width - start
             height: parent.height
@@ -99,9 +100,9 @@ FocusScope {
         }
         PanelText {
             id: zone
-            view: root.views.utmZoneLabel
+            row: root.panel.zone
             look: root.look
-            visible: !view.hidden && text !== ""
+            visible: text !== ""
             start: parent.width - width
             width: (parent.width - 64) * 2 / 3
             height: parent.height
@@ -110,16 +111,17 @@ FocusScope {
     }
 
     CompassTape {
+        objectName: "tapeFrame"
         panel: root.panel
         look: root.look
         x: root.placed(root.margin, width)
         y: 78
-        visible: !root.compact && !view.hidden
+        visible: !root.compact
     }
     PanelText {
-        view: root.views.headingLabel
+        objectName: "heading"
+        row: root.panel.heading
         look: root.look
-        visible: !root.compact && !view.hidden
         start: root.margin + 130 + root.gap
         y: 72
         width: Math.max(20, dial.reach - start)
@@ -130,6 +132,7 @@ FocusScope {
     }
     CompassDial {
         id: dial
+        objectName: "compass"
         // How far what stands before it may go.
         readonly property real reach: root.width - root.margin - width - root.gap
         panel: root.panel
@@ -138,12 +141,12 @@ FocusScope {
         y: 45
         width: 71
         height: 71
-        visible: !root.compact && !view.hidden
+        visible: root.panel.compass.shown
     }
 
     Cell {
-        captionView: root.views.altitudeNameLabel
-        valueView: root.views.altitudeLabel
+        objectName: "altitude"
+        row: root.panel.altitude
         look: root.look
         x: root.placed(root.margin, width)
         y: root.firstRow
@@ -151,8 +154,8 @@ FocusScope {
         compact: root.compact
     }
     Cell {
-        captionView: root.views.speedNameLabel
-        valueView: root.views.speedLabel
+        objectName: "speed"
+        row: root.panel.speed
         look: root.look
         x: root.placed(root.margin + root.cellWidth + root.gap, width)
         y: root.firstRow
@@ -160,72 +163,48 @@ FocusScope {
         compact: root.compact
     }
     Item {
-        objectName: "miniTrackDataView"
-        x: root.placed(root.margin + 2 * (root.quarterWidth + root.gap), width)
-        y: root.firstRow
-        width: 2 * root.quarterWidth + root.gap
-        height: 34
-        visible: !root.views.miniTrackDataView.hidden
+        objectName: "track"
+        x: root.placed(root.compact ? root.margin + 2 * (root.quarterWidth + root.gap) : root.margin, width)
+        y: root.compact ? root.firstRow : root.secondRow
+        width: 2 * root.cellWidth + root.gap
+        height: root.compact ? 34 : 38
 
         Cell {
-            captionView: root.views.miniTimeNameLabel
-            valueView: root.views.miniTimeLabel
+            objectName: "trackTime"
+            row: root.panel.trackTime
             look: root.look
             anchors.left: parent.left
-            width: root.quarterWidth
-            compact: true
+            width: root.cellWidth
+            compact: root.compact
         }
         Cell {
-            captionView: root.views.miniDistanceNameLabel
-            valueView: root.views.miniDistanceLabel
+            objectName: "trackDistance"
+            row: root.panel.trackDistance
             look: root.look
             anchors.right: parent.right
-            width: root.quarterWidth
-            compact: true
-        }
-    }
-    Item {
-        objectName: "trackDataView"
-        x: root.placed(root.margin, width)
-        y: root.secondRow
-        width: 2 * root.thirdWidth + root.gap
-        height: 38
-        visible: !root.views.trackDataView.hidden
-
-        Cell {
-            captionView: root.views.timeNameLabel
-            valueView: root.views.timeLabel
-            look: root.look
-            anchors.left: parent.left
-            width: root.thirdWidth
-        }
-        Cell {
-            captionView: root.views.distanceNameLabel
-            valueView: root.views.distanceLabel
-            look: root.look
-            anchors.right: parent.right
-            width: root.thirdWidth
+            width: root.cellWidth
+            compact: root.compact
         }
     }
     // In the arrow's column, and in its colour.
     Item {
-        objectName: "waypointDataView"
+        objectName: "waypoint"
         x: root.placed(root.width - root.margin - width, width)
         y: root.firstRow
         width: root.thirdWidth
         height: root.secondRow - root.firstRow + 38
-        visible: !root.compact && !root.views.waypointDataView.hidden
+        visible: root.panel.waypointDistance.shown
 
         Cell {
-            captionView: root.views.waypointDistanceNameLabel
-            valueView: root.views.waypointDistanceLabel
+            objectName: "waypointDistance"
+            row: root.panel.waypointDistance
             look: root.look
             width: parent.width
             valueColor: root.look.pointer
         }
         Cell {
-            captionView: root.views.etaNameLabel
-            valueView: root.views.etaLabel
+            objectName: "eta"
+            row: root.panel.eta
             look: root.look
             y: root.secondRow - root.firstRow
             width: parent.width
@@ -234,19 +213,19 @@ FocusScope {
     }
 
     FormatControl {
+        objectName: "formats"
         panel: root.panel
-        view: root.views.coordinateControl
         look: root.look
         x: root.margin
         y: 210
         width: root.contentWidth
         height: 32
-        visible: !root.compact && !view.hidden
+        visible: !root.compact
     }
     PanelText {
-        view: root.views.addressLabel
+        objectName: "address"
+        row: root.panel.address
         look: root.look
-        visible: !root.compact && !view.hidden
         start: root.margin
         y: 246
         width: root.contentWidth
@@ -257,35 +236,33 @@ FocusScope {
         elide: Text.ElideRight
     }
 
-    DrawnView {
-        objectName: "cornerView"
-        view: root.views.cornerView
+    Corner {
+        objectName: "corner"
+        panel: root.panel
         x: root.placed(root.width - width - 2, width)
         y: 2
         width: root.sideWidth
         height: 40
-        visible: !view.hidden
 
         OpenPlate {
-            view: root.compact ? root.views.openMiniView : root.views.openView
-            labelView: root.compact ? root.views.openMiniLabel : root.views.openLabel
+            objectName: "open"
+            panel: root.panel
             look: root.look
             anchors.left: parent.left
             anchors.leftMargin: 4
             y: 4
             width: 52
             height: 32
-            onTapped: root.panel.tap(labelView.objectName)
         }
         Disclosure {
-            view: root.views.toggleViewButton
+            objectName: "layout"
+            panel: root.panel
             look: root.look
             anchors.right: parent.right
             anchors.rightMargin: 4
             y: 4
             width: 36
             height: 32
-            onTapped: root.panel.tap(view.objectName)
         }
     }
 

@@ -9,10 +9,9 @@
 
 #include "hosts/panel/Spoken.h"
 #include "hosts/window/panel/CanvasPainter.h"
-#include "hosts/window/panel/DrawnView.h"
-#include "hosts/window/panel/ShapeItem.h"
-#include "hosts/window/panel/ShorterWay.h"
-#include "hosts/window/panel/TapeItem.h"
+
+// Made from the types that are declared for interface files.
+extern void qml_register_types_Wayfell_Panel();
 
 namespace wayfell {
 namespace {
@@ -20,100 +19,87 @@ namespace {
 constexpr double kSmallTurn = 15;  // degrees
 constexpr int kTurnMilliseconds = 200;
 
+// The angle, in degrees, that shows the direction and is at most half a turn away from the present
+// one: from 350 to 10 it is 370. What is no direction leaves the present one.
+double turnedByShorterWay(double present, double direction) {
+  const double turn = std::remainder(direction - present, 360.0);
+  return std::isfinite(turn) ? present + turn : present;
+}
+
 }  // namespace
 
-PanelAdapter::PanelAdapter(Scene& scene, QObject* parent) : QObject(parent), scene_(scene) {
-  for (const auto& named : scene.interface().views()) {
-    auto* outlet = new PanelOutlet(scene.interface(), named.name, this);
-    watched_[named.view.get()].outlet = outlet;
-    outlets_.insert(outlet->objectName(), QVariant::fromValue(outlet));
-  }
-  observeViews(this);
+PanelAdapter::PanelAdapter(Scene& scene, QObject* parent)
+    : QObject(parent), scene_(scene), watch_(scene.interface()) {
   refresh();
 }
 
-PanelAdapter::~PanelAdapter() { observeViews(nullptr); }
-
-void PanelAdapter::observeViews(UIViewObserver* observer) const {
-  for (const auto& named : scene_.interface().views()) named.view->setObserver(observer);
-}
-
-void PanelAdapter::viewDidChange(UIView& view) {
-  Watched& watched = watched_.at(&view);
-  if (!std::exchange(watched.changed, true)) changed_.push_back(&watched);
-}
-
-void PanelAdapter::viewDidAnimate(UIView& view, const UIViewAnimation& animation) {
-  viewDidChange(view);
-  watched_.at(&view).animation = animation;
-}
-
 void PanelAdapter::refresh() {
-  takeOutlets();
-  takeLayout();
-  takeTapeOffset();
-  takeCompass();
-  takeSegments();
+  if (watch_.takeChanged()) takePanel();
+  if (onScreen_ != scene_.onScreen()) {
+    onScreen_ = scene_.onScreen();
+    emit layoutChanged();
+  }
   takeLines();
 }
 
-void PanelAdapter::takeOutlets() {
-  for (Watched* watched : std::exchange(changed_, {})) {
-    watched->changed = false;
-    const auto animation = std::exchange(watched->animation, std::nullopt);
-    watched->outlet->tellChanged(animation ? animation->duration : 0);
+void PanelAdapter::takePanel() {
+  const PanelReading old = std::exchange(reading_, readPanel(scene_.interface()));
+  for (std::size_t i = 0; i < kPanelRows; ++i) {
+    rows_[i].take(reading_.rows[i], spokenText(scene_.interface(), PanelRow{static_cast<int>(i)}));
   }
+  if (reading_.compact != old.compact || reading_.height != old.height ||
+      reading_.openPlate != old.openPlate) {
+    emit layoutChanged();
+  }
+  const auto animation = watch_.takeAnimation();
+  if (reading_.layoutTurn != old.layoutTurn) {
+    // How long it takes before where to: what turns begins as soon as it hears where to.
+    layoutTurnDuration_ =
+        static_cast<int>(std::lround((animation ? animation->duration : 0) * 1000));
+    emit layoutTurnDurationChanged();
+    emit layoutTurnChanged();
+  }
+  if (reading_.tape != old.tape || reading_.tapeOffset != old.tapeOffset ||
+      reading_.tapeFrame != old.tapeFrame || reading_.markShown != old.markShown) {
+    emit tapeChanged();
+  }
+  if (reading_.north != old.north || reading_.waypoint != old.waypoint) turnCompass();
+  if (reading_.formats != old.formats || reading_.format != old.format) emit formatsChanged();
 }
 
-void PanelAdapter::takeLayout() {
-  const double height = scene_.interface().preferredContentSize().height;
-  const bool onScreen = scene_.onScreen();
-  const bool compact = scene_.interface().view("trackDataView").hidden();
-  if (height == preferredHeight_ && onScreen == onScreen_ && compact == compact_) return;
-  compact_ = compact;
-  preferredHeight_ = height;
-  onScreen_ = onScreen;
-  emit layoutChanged();
-}
-
-void PanelAdapter::takeTapeOffset() {
-  const double offset = scene_.interface().leftConstraint().constant().value_or(0);
-  if (offset == tapeOffset_) return;
-  tapeOffset_ = offset;
-  emit tapeOffsetChanged();
-}
-
-void PanelAdapter::takeCompass() {
-  const auto& arrow = scene_.interface().compassRotatingView().arrow();
-  if (!arrow) return;
-  const double needle = turnedByShorterWay(needleTurn_, -arrow->heading);
-  const double turn = turnedByShorterWay(arrowTurn_, arrow->bearing - arrow->heading);
-  if (needle == needleTurn_ && turn == arrowTurn_) return;
-  const double greater = std::max(std::abs(needle - needleTurn_), std::abs(turn - arrowTurn_));
+void PanelAdapter::turnCompass() {
+  const double north = turnedByShorterWay(northTurn_, reading_.north);
+  const double waypoint =
+      turnedByShorterWay(waypointTurn_, reading_.waypoint.value_or(waypointTurn_));
+  const double greater = std::max(std::abs(north - northTurn_), std::abs(waypoint - waypointTurn_));
   compassTurnDuration_ = greater < kSmallTurn ? 0 : kTurnMilliseconds;
   emit compassTurnDurationChanged();
-  needleTurn_ = needle;
-  arrowTurn_ = turn;
+  northTurn_ = north;
+  waypointTurn_ = waypoint;
   emit compassChanged();
 }
 
-QColor PanelAdapter::selectedTitleColor() const {
+QColor PanelAdapter::tapeBorderColor() const { return colorOf(reading_.tapeFrame.borderColor); }
+
+QStringList PanelAdapter::formatTitles() const {
+  QStringList titles;
+  for (const std::string& title : reading_.formats) titles.append(QString::fromStdString(title));
+  return titles;
+}
+
+QStringList PanelAdapter::spokenFormats() const {
+  QStringList spoken;
+  for (int i = 0; i < std::ssize(reading_.formats); ++i) {
+    spoken.append(QString::fromStdString(spokenFormat(i)));
+  }
+  return spoken;
+}
+
+QColor PanelAdapter::chosenTitleColor() const {
   return colorOf(UISegmentedControl::selectedTitleColor());
 }
 
 QString PanelAdapter::copyWords() const { return QString::fromStdString(spokenCopy()); }
-
-void PanelAdapter::takeSegments() {
-  const UISegmentedControl& control = scene_.interface().coordinateControl();
-  QStringList titles;
-  for (std::size_t i = 0; i < control.numberOfSegments(); ++i) {
-    titles.append(QString::fromStdString(control.titleForSegmentAtIndex(i)));
-  }
-  if (titles == segmentTitles_ && control.selectedSegmentIndex() == selectedSegment_) return;
-  segmentTitles_ = titles;
-  selectedSegment_ = control.selectedSegmentIndex();
-  emit segmentsChanged();
-}
 
 void PanelAdapter::takeLines() {
   Scene::Lines lines = scene_.lines();
@@ -137,56 +123,22 @@ void PanelAdapter::tell(const QString& news) {
   emit linesChanged();
 }
 
-void PanelAdapter::touch() {
-  scene_.catchUp();
+void PanelAdapter::act(const PanelRequest& request) {
   tell({});
-}
-
-void PanelAdapter::tap(const QString& outlet) {
-  touch();
-  if (scene_.onScreen()) scene_.tap(outlet.toStdString());
-  refresh();
-}
-
-void PanelAdapter::pick(int segment) {
-  touch();
-  if (scene_.onScreen()) scene_.pickSegment(segment);
+  scene_.act(request);
   refresh();
 }
 
 void PanelAdapter::pickNext(int step) {
-  const int segment = selectedSegment_ + step;
-  if (segment >= 0 && segment < segmentTitles_.size()) pick(segment);
-}
-
-QStringList PanelAdapter::spokenSegments() const {
-  QStringList spoken;
-  for (int i = 0; i < segmentTitles_.size(); ++i) {
-    spoken.append(QString::fromStdString(spokenFormat(i)));
-  }
-  return spoken;
-}
-
-bool PanelAdapter::press(const QString& key) {
-  bool isNumber = false;
-  const int segment = key.toInt(&isNumber);
-  if (isNumber && segment >= 0 && segment < segmentTitles_.size()) {
-    pick(segment);
-  } else if (key == QStringLiteral("t")) {
-    tap(QStringLiteral("toggleViewButton"));
-  } else if (key == QStringLiteral("o")) {
-    tap(compact_ ? QStringLiteral("openMiniLabel") : QStringLiteral("openLabel"));
-  } else {
-    return false;
-  }
-  return true;
+  const int format = reading_.format + step;
+  if (format >= 0 && format < std::ssize(reading_.formats)) pickFormat(format);
 }
 
 void PanelAdapter::copyPosition() {
   const auto position =
       copiedText_
           ? copiedText_()
-          : std::optional<std::string>(scene_.interface().label("userCoordinateLabel").text());
+          : std::optional<std::string>(scene_.interface().views().userCoordinateLabel.text());
   if (!position || position->empty()) return;
   const QString text = QString::fromStdString(*position);
   QGuiApplication::clipboard()->setText(text);
@@ -195,10 +147,8 @@ void PanelAdapter::copyPosition() {
 }
 
 void addPanelImports(QQmlEngine& engine) {
-  constexpr const char* kModule = "Wayfell.Items";
-  qmlRegisterType<DrawnView>(kModule, 1, 0, "DrawnView");
-  qmlRegisterType<TapeItem>(kModule, 1, 0, "Tape");
-  qmlRegisterType<ShapeItem>(kModule, 1, 0, "Shape");
+  // Without this the linker would leave out the registration, which nothing else refers to.
+  [[maybe_unused]] void (*volatile registration)() = &qml_register_types_Wayfell_Panel;
   engine.addImportPath(QStringLiteral("qrc:/qt/qml"));
 }
 

@@ -1,7 +1,7 @@
 // All that the interface files know of the widget and of its scene.
 //
-// The views are found by the names of their outlets: `panel.outlets.altitudeLabel.text`. Nothing
-// changes for a binding until refresh(), and then only what has changed in the views.
+// Nothing changes for a binding until refresh(), and then only what differs in what the panel
+// means.
 //
 // To show the panel in an item of some window:
 //
@@ -16,37 +16,62 @@
 
 #include <QColor>
 #include <QObject>
-#include <QQmlPropertyMap>
 #include <QString>
 #include <QStringList>
+#include <QtQmlIntegration>
+#include <array>
 #include <functional>
 #include <optional>
-#include <string_view>
-#include <unordered_map>
+#include <string>
 #include <utility>
-#include <vector>
 
+#include "hosts/panel/PanelReading.h"
+#include "hosts/panel/ViewWatch.h"
 #include "hosts/scene/Scene.h"
-#include "hosts/window/panel/PanelOutlet.h"
+#include "hosts/window/panel/ShownRow.h"
 
 class QQmlEngine;
 
 namespace wayfell {
 
-class PanelAdapter : public QObject, private UIViewObserver {
+class PanelAdapter : public QObject {
   Q_OBJECT
-  Q_PROPERTY(QQmlPropertyMap* outlets READ outlets CONSTANT)
+  QML_ELEMENT
+  QML_UNCREATABLE("It comes with a scene.")
+  Q_PROPERTY(wayfell::ShownRow* compass READ compass CONSTANT)
+  Q_PROPERTY(wayfell::ShownRow* heading READ heading CONSTANT)
+  Q_PROPERTY(wayfell::ShownRow* position READ position CONSTANT)
+  Q_PROPERTY(wayfell::ShownRow* zone READ zone CONSTANT)
+  Q_PROPERTY(wayfell::ShownRow* altitude READ altitude CONSTANT)
+  Q_PROPERTY(wayfell::ShownRow* speed READ speed CONSTANT)
+  Q_PROPERTY(wayfell::ShownRow* waypointDistance READ waypointDistance CONSTANT)
+  Q_PROPERTY(wayfell::ShownRow* eta READ eta CONSTANT)
+  Q_PROPERTY(wayfell::ShownRow* trackTime READ trackTime CONSTANT)
+  Q_PROPERTY(wayfell::ShownRow* trackDistance READ trackDistance CONSTANT)
+  Q_PROPERTY(wayfell::ShownRow* address READ address CONSTANT)
+  Q_PROPERTY(wayfell::ShownRow* formats READ formats CONSTANT)
+  Q_PROPERTY(wayfell::ShownRow* open READ open CONSTANT)
+  Q_PROPERTY(wayfell::ShownRow* layout READ layout CONSTANT)
   Q_PROPERTY(double preferredHeight READ preferredHeight NOTIFY layoutChanged)
   Q_PROPERTY(bool onScreen READ onScreen NOTIFY layoutChanged)
   Q_PROPERTY(bool compact READ compact NOTIFY layoutChanged)
-  Q_PROPERTY(double tapeOffset READ tapeOffset NOTIFY tapeOffsetChanged)
-  Q_PROPERTY(double needleTurn READ needleTurn NOTIFY compassChanged)
-  Q_PROPERTY(double arrowTurn READ arrowTurn NOTIFY compassChanged)
+  Q_PROPERTY(double openRadius READ openRadius NOTIFY layoutChanged)
+  Q_PROPERTY(double layoutTurn READ layoutTurn NOTIFY layoutTurnChanged)
+  Q_PROPERTY(int layoutTurnDuration READ layoutTurnDuration NOTIFY layoutTurnDurationChanged)
+  Q_PROPERTY(QString tape READ tape NOTIFY tapeChanged)
+  Q_PROPERTY(double tapeOffset READ tapeOffset NOTIFY tapeChanged)
+  Q_PROPERTY(double tapeRadius READ tapeRadius NOTIFY tapeChanged)
+  Q_PROPERTY(double tapeBorderWidth READ tapeBorderWidth NOTIFY tapeChanged)
+  Q_PROPERTY(QColor tapeBorderColor READ tapeBorderColor NOTIFY tapeChanged)
+  Q_PROPERTY(bool markShown READ markShown NOTIFY tapeChanged)
+  Q_PROPERTY(double northTurn READ northTurn NOTIFY compassChanged)
+  Q_PROPERTY(double waypointTurn READ waypointTurn NOTIFY compassChanged)
+  Q_PROPERTY(bool waypointKnown READ waypointKnown NOTIFY compassChanged)
   Q_PROPERTY(int compassTurnDuration READ compassTurnDuration NOTIFY compassTurnDurationChanged)
-  Q_PROPERTY(QStringList segmentTitles READ segmentTitles NOTIFY segmentsChanged)
-  Q_PROPERTY(QStringList spokenSegments READ spokenSegments NOTIFY segmentsChanged)
-  Q_PROPERTY(int selectedSegment READ selectedSegment NOTIFY segmentsChanged)
-  Q_PROPERTY(QColor selectedTitleColor READ selectedTitleColor NOTIFY segmentsChanged)
+  Q_PROPERTY(QStringList formatTitles READ formatTitles NOTIFY formatsChanged)
+  Q_PROPERTY(QStringList spokenFormats READ spokenFormats NOTIFY formatsChanged)
+  Q_PROPERTY(int format READ format NOTIFY formatsChanged)
+  Q_PROPERTY(QColor chosenTitleColor READ chosenTitleColor NOTIFY formatsChanged)
   Q_PROPERTY(QString copyWords READ copyWords CONSTANT)
   Q_PROPERTY(QString badge READ badge NOTIFY linesChanged)
   Q_PROPERTY(QString title READ title NOTIFY linesChanged)
@@ -59,24 +84,19 @@ class PanelAdapter : public QObject, private UIViewObserver {
  public:
   /// The only observer of the scene's views. The scene must live on.
   explicit PanelAdapter(Scene& scene, QObject* parent = nullptr);
-  ~PanelAdapter() override;
-  PanelAdapter(const PanelAdapter&) = delete;
-  PanelAdapter& operator=(const PanelAdapter&) = delete;
 
   /// Takes over what has changed since the last time.
   void refresh();
-  /// Something that the user should hear of, until the next news or touch.
+  /// Something that the user should hear of, until the next news or request.
   void tell(const QString& news);
+  /// What the user asks for of the scene.
+  void act(const PanelRequest& request);
 
-  /// A touch as the user's; what is not on the screen cannot be touched.
-  Q_INVOKABLE void tap(const QString& outlet);
-  Q_INVOKABLE void pick(int segment);
-  /// Picks the segment so many after the selected one, if there is one.
+  Q_INVOKABLE void pickFormat(int format) { act({PanelAction::pickFormat, format}); }
+  /// Picks the format so many after the present one, if there is one.
   Q_INVOKABLE void pickNext(int step);
-
-  /// Whether the key is one of the panel's, and then does what it stands for: a digit picks that
-  /// format, "t" switches the layout, "o" opens the app.
-  Q_INVOKABLE bool press(const QString& key);
+  Q_INVOKABLE void switchLayout() { act({PanelAction::switchLayout}); }
+  Q_INVOKABLE void openApp() { act({PanelAction::openApp}); }
   /// Puts the position's text on the clipboard, or what is copied instead of it.
   Q_INVOKABLE void copyPosition();
   /// None while there is no position.
@@ -84,25 +104,49 @@ class PanelAdapter : public QObject, private UIViewObserver {
     copiedText_ = std::move(text);
   }
 
-  QQmlPropertyMap* outlets() { return &outlets_; }
-  /// Points: 78 compact, 286 expanded.
-  double preferredHeight() const { return preferredHeight_; }
+  ShownRow* compass() { return &row(PanelRow::compass); }
+  ShownRow* heading() { return &row(PanelRow::heading); }
+  ShownRow* position() { return &row(PanelRow::position); }
+  ShownRow* zone() { return &row(PanelRow::zone); }
+  ShownRow* altitude() { return &row(PanelRow::altitude); }
+  ShownRow* speed() { return &row(PanelRow::speed); }
+  ShownRow* waypointDistance() { return &row(PanelRow::waypointDistance); }
+  ShownRow* eta() { return &row(PanelRow::eta); }
+  ShownRow* trackTime() { return &row(PanelRow::trackTime); }
+  ShownRow* trackDistance() { return &row(PanelRow::trackDistance); }
+  ShownRow* address() { return &row(PanelRow::address); }
+  ShownRow* formats() { return &row(PanelRow::formats); }
+  ShownRow* open() { return &row(PanelRow::open); }
+  ShownRow* layout() { return &row(PanelRow::layout); }
+  ShownRow& row(PanelRow row) { return rows_.at(static_cast<std::size_t>(row)); }
+
+  double preferredHeight() const { return reading_.height; }
   bool onScreen() const { return onScreen_; }
-  bool compact() const { return compact_; }
-  /// How far the tape stands to the right of its frame's left edge, in points.
-  double tapeOffset() const { return tapeOffset_; }
+  bool compact() const { return reading_.compact; }
+  double openRadius() const { return reading_.openPlate.cornerRadius; }
+  double layoutTurn() const { return reading_.layoutTurn; }
+  /// Milliseconds that the last turn takes to be seen; 0 for at once.
+  int layoutTurnDuration() const { return layoutTurnDuration_; }
+
+  QString tape() const { return QString::fromStdString(reading_.tape); }
+  double tapeOffset() const { return reading_.tapeOffset; }
+  double tapeRadius() const { return reading_.tapeFrame.cornerRadius; }
+  double tapeBorderWidth() const { return reading_.tapeFrame.borderWidth; }
+  QColor tapeBorderColor() const;
+  bool markShown() const { return reading_.markShown; }
   /// Degrees, clockwise from up, of north and of the waypoint. They go on beyond a full turn, so
   /// that from one to the next is always the shorter way.
-  double needleTurn() const { return needleTurn_; }
-  double arrowTurn() const { return arrowTurn_; }
+  double northTurn() const { return northTurn_; }
+  double waypointTurn() const { return waypointTurn_; }
+  bool waypointKnown() const { return reading_.waypoint.has_value(); }
   /// Milliseconds that the last turn takes to be seen; 0 for a small one, which is every second's.
   int compassTurnDuration() const { return compassTurnDuration_; }
-  const QStringList& segmentTitles() const { return segmentTitles_; }
+
+  QStringList formatTitles() const;
   /// The titles are short; these are for those who hear them.
-  QStringList spokenSegments() const;
-  /// None is selected by a number that no segment has.
-  int selectedSegment() const { return selectedSegment_; }
-  QColor selectedTitleColor() const;
+  QStringList spokenFormats() const;
+  int format() const { return reading_.format; }
+  QColor chosenTitleColor() const;
   /// What copyPosition does, for those who hear it.
   QString copyWords() const;
 
@@ -112,54 +156,40 @@ class PanelAdapter : public QObject, private UIViewObserver {
   QString state() const { return QString::fromStdString(lines_.state); }
   QString warning() const { return QString::fromStdString(lines_.warning); }
   QString credit() const { return QString::fromStdString(lines_.credit); }
-  /// The fault, or else the news until the next touch.
+  /// The fault, or else the news until the next request.
   QString message() const;
   const QString& fault() const { return fault_; }
 
+  CornerView& corner() const { return scene_.interface().views().cornerView; }
+
  signals:
   void layoutChanged();
-  void tapeOffsetChanged();
+  void layoutTurnDurationChanged();
+  void layoutTurnChanged();
+  void tapeChanged();
   void compassTurnDurationChanged();
   void compassChanged();
-  void segmentsChanged();
+  void formatsChanged();
   void linesChanged();
   /// The position is on the clipboard, and what is told says so.
   void copied();
 
  private:
-  struct Watched {
-    PanelOutlet* outlet = nullptr;
-    bool changed = false;
-    std::optional<UIViewAnimation> animation;
-  };
-
-  void viewDidChange(UIView& view) override;
-  void viewDidAnimate(UIView& view, const UIViewAnimation& animation) override;
-  void observeViews(UIViewObserver* observer) const;
-  void touch();
-
-  void takeOutlets();
-  void takeLayout();
-  void takeTapeOffset();
-  void takeCompass();
-  void takeSegments();
+  void takePanel();
+  void turnCompass();
   void takeLines();
 
   Scene& scene_;
+  ViewWatch watch_;
   std::function<std::optional<std::string>()> copiedText_;
-  QQmlPropertyMap outlets_;
-  std::unordered_map<const UIView*, Watched> watched_;
-  std::vector<Watched*> changed_;
+  std::array<ShownRow, kPanelRows> rows_;
+  PanelReading reading_;
 
-  double preferredHeight_ = 0;
   bool onScreen_ = false;
-  bool compact_ = false;
-  double tapeOffset_ = 0;
-  double needleTurn_ = 0;
-  double arrowTurn_ = 0;
+  int layoutTurnDuration_ = 0;
+  double northTurn_ = 0;
+  double waypointTurn_ = 0;
   int compassTurnDuration_ = 0;
-  QStringList segmentTitles_;
-  int selectedSegment_ = UISegmentedControl::kNoSegment;
   Scene::Lines lines_;
   QString news_;
   QString fault_;

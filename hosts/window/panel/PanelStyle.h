@@ -3,11 +3,14 @@
 
 #include <QColor>
 #include <QObject>
+#include <QtQmlIntegration>
 
 namespace wayfell {
 
 class PanelStyle : public QObject {
   Q_OBJECT
+  QML_ELEMENT
+  QML_UNCREATABLE("The shell chooses it.")
   Q_PROPERTY(Theme theme READ theme WRITE setTheme NOTIFY changed)
   Q_PROPERTY(bool translucent READ translucent WRITE setTranslucent NOTIFY changed)
   Q_PROPERTY(bool reducedMotion READ reducedMotion WRITE setReducedMotion NOTIFY changed)

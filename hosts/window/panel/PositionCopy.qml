@@ -1,11 +1,12 @@
 // The position is copied by a tap on it, short or long.
 import QtQuick
+import Wayfell.Panel
 
 Item {
     id: copy
 
-    required property QtObject panel
-    required property QtObject look
+    required property PanelAdapter panel
+    required property PanelStyle look
 
     objectName: "positionCopy"
     activeFocusOnTab: true

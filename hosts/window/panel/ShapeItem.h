@@ -3,12 +3,15 @@
 
 #include <QColor>
 
-#include "hosts/window/panel/PaintedItem.h"
+#include <QtQmlIntegration>
+
+#include "hosts/window/panel/Repaint.h"
 
 namespace wayfell {
 
-class ShapeItem : public PaintedItem {
+class ShapeItem : public QQuickPaintedItem {
   Q_OBJECT
+  QML_NAMED_ELEMENT(Shape)
   Q_PROPERTY(Shape shape MEMBER shape_ WRITE setShape)
   Q_PROPERTY(double turn MEMBER turn_ WRITE setTurn)
   Q_PROPERTY(QColor color MEMBER color_ WRITE setColor)
@@ -27,13 +30,13 @@ class ShapeItem : public PaintedItem {
   // NOLINTEND(readability-identifier-naming)
   Q_ENUM(Shape)
 
-  explicit ShapeItem(QQuickItem* parent = nullptr) : PaintedItem(parent) {}
+  explicit ShapeItem(QQuickItem* parent = nullptr) : QQuickPaintedItem(parent) {}
 
-  void setShape(Shape shape) { change(shape_, shape); }
+  void setShape(Shape shape) { changeAndRepaint(*this, shape_, shape); }
   /// Degrees, clockwise around the middle. Painted so, the edges stay smooth.
-  void setTurn(double degrees) { change(turn_, degrees); }
-  void setColor(const QColor& color) { change(color_, color); }
-  void setSecondColor(const QColor& color) { change(secondColor_, color); }
+  void setTurn(double degrees) { changeAndRepaint(*this, turn_, degrees); }
+  void setColor(const QColor& color) { changeAndRepaint(*this, color_, color); }
+  void setSecondColor(const QColor& color) { changeAndRepaint(*this, secondColor_, color); }
 
   void paint(QPainter* painter) override;
 

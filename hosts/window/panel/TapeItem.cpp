@@ -15,13 +15,15 @@ constexpr double kMiddle = 16;       // points, of the letters, below the tip of
 
 }  // namespace
 
-TapeItem::TapeItem(QQuickItem* parent) : PaintedItem(parent) { setSize({kTapeWidth, kTapeHeight}); }
+TapeItem::TapeItem(QQuickItem* parent) : QQuickPaintedItem(parent) {
+  setSize({kTapeWidth, kTapeHeight});
+}
 
-QFont TapeItem::fittingFont() const {
+QFont TapeItem::fittingFont(const CompassTape& tape) const {
   QFont font;
   font.setPixelSize(std::max(1, static_cast<int>(pixelSize_)));
   font.setBold(true);
-  const double widest = widestTapeLabel(text_, QFontMetricsF(font));
+  const double widest = widestTapeLabel(tape, QFontMetricsF(font));
   if (widest > kWidestLabel) {
     font.setPixelSize(std::max(1, static_cast<int>(font.pixelSize() * kWidestLabel / widest)));
   }
@@ -29,12 +31,13 @@ QFont TapeItem::fittingFont() const {
 }
 
 void TapeItem::paint(QPainter* painter) {
-  const QFont font = fittingFont();
+  const CompassTape tape = readTape(text_.toStdString());
+  const QFont font = fittingFont(tape);
   const QFontMetricsF metrics(font);
   painter->setFont(font);
   painter->setRenderHint(QPainter::Antialiasing);
   const double baseline = kMiddle + metrics.capHeight() / 2;
-  for (const TapeGlyphs& glyphs : layOutTape(text_, metrics)) {
+  for (const TapeGlyphs& glyphs : layOutTape(tape, metrics)) {
     if (glyphs.text == QStringLiteral(".")) {
       painter->setPen(Qt::NoPen);
       painter->setBrush(dotColor_);

@@ -4,13 +4,16 @@
 #include <QColor>
 #include <QFont>
 #include <QString>
+#include <QtQmlIntegration>
 
-#include "hosts/window/panel/PaintedItem.h"
+#include "hosts/panel/CompassTape.h"
+#include "hosts/window/panel/Repaint.h"
 
 namespace wayfell {
 
-class TapeItem : public PaintedItem {
+class TapeItem : public QQuickPaintedItem {
   Q_OBJECT
+  QML_NAMED_ELEMENT(Tape)
   Q_PROPERTY(QString text MEMBER text_ WRITE setText)
   Q_PROPERTY(double pixelSize MEMBER pixelSize_ WRITE setPixelSize)
   Q_PROPERTY(QColor labelColor MEMBER labelColor_ WRITE setLabelColor)
@@ -19,16 +22,16 @@ class TapeItem : public PaintedItem {
  public:
   explicit TapeItem(QQuickItem* parent = nullptr);
 
-  void setText(const QString& text) { change(text_, text); }
+  void setText(const QString& text) { changeAndRepaint(*this, text_, text); }
   /// At most; smaller where the labels would leave no room for the dots.
-  void setPixelSize(double size) { change(pixelSize_, size); }
-  void setLabelColor(const QColor& color) { change(labelColor_, color); }
-  void setDotColor(const QColor& color) { change(dotColor_, color); }
+  void setPixelSize(double size) { changeAndRepaint(*this, pixelSize_, size); }
+  void setLabelColor(const QColor& color) { changeAndRepaint(*this, labelColor_, color); }
+  void setDotColor(const QColor& color) { changeAndRepaint(*this, dotColor_, color); }
 
   void paint(QPainter* painter) override;
 
  private:
-  QFont fittingFont() const;
+  QFont fittingFont(const CompassTape& tape) const;
 
   QString text_;
   double pixelSize_ = 11;

@@ -1,36 +1,11 @@
 #include "hosts/window/panel/TapeLayout.h"
 
-#include <QStringList>
 #include <algorithm>
 
 namespace wayfell {
 namespace {
 
-constexpr double kLabelsPerTurn = 8;
-constexpr double kLabelDistance = kTapePointsPerTurn / kLabelsPerTurn;
-constexpr int kNorthLabel = 1;  // the second one
-
-struct Label {
-  QString text;
-  int dotsBefore = 0;
-};
-
-std::vector<Label> labelsOf(const QString& tape, int& dotsAtEnd) {
-  std::vector<Label> labels;
-  dotsAtEnd = 0;
-  bool inLabel = false;
-  for (const QChar glyph : tape) {
-    if (glyph == '.') {
-      ++dotsAtEnd;
-      inLabel = false;
-      continue;
-    }
-    if (!inLabel) labels.push_back({{}, std::exchange(dotsAtEnd, 0)});
-    labels.back().text.append(glyph);
-    inLabel = true;
-  }
-  return labels;
-}
+constexpr double kLabelDistance = kTapePointsPerTurn / kTapeLabelsPerTurn;
 
 void spreadDots(std::vector<TapeGlyphs>& glyphs, int dots, double from, double to) {
   for (int i = 0; i < dots; ++i) {
@@ -40,29 +15,27 @@ void spreadDots(std::vector<TapeGlyphs>& glyphs, int dots, double from, double t
 
 }  // namespace
 
-std::vector<TapeGlyphs> layOutTape(const QString& tape, const QFontMetricsF& metrics) {
-  int dotsAtEnd = 0;
-  const std::vector<Label> labels = labelsOf(tape, dotsAtEnd);
+std::vector<TapeGlyphs> layOutTape(const CompassTape& tape, const QFontMetricsF& metrics) {
   std::vector<TapeGlyphs> glyphs;
   double end = 0;  // of the label before
-  for (int i = 0; i < std::ssize(labels); ++i) {
-    const Label& label = labels[static_cast<std::size_t>(i)];
-    const double middle = kTapeNorth + (i - kNorthLabel) * kLabelDistance;
-    const double half = metrics.horizontalAdvance(label.text) / 2;
+  double middle = kTapeNorth - kTapeNorthLabel * kLabelDistance;
+  for (const CompassTape::Label& label : tape.labels) {
+    const QString text = QString::fromStdString(label.text);
+    const double half = metrics.horizontalAdvance(text) / 2;
     spreadDots(glyphs, label.dotsBefore, end, middle - half);
-    glyphs.push_back({label.text, middle});
+    glyphs.push_back({text, middle});
     end = middle + half;
+    middle += kLabelDistance;
   }
   const double dot = metrics.horizontalAdvance('.');
-  spreadDots(glyphs, dotsAtEnd, end, end + dot * (dotsAtEnd + 1));
+  spreadDots(glyphs, tape.dotsAtEnd, end, end + dot * (tape.dotsAtEnd + 1));
   return glyphs;
 }
 
-double widestTapeLabel(const QString& tape, const QFontMetricsF& metrics) {
-  int dotsAtEnd = 0;
+double widestTapeLabel(const CompassTape& tape, const QFontMetricsF& metrics) {
   double widest = 0;
-  for (const Label& label : labelsOf(tape, dotsAtEnd)) {
-    widest = std::max(widest, metrics.horizontalAdvance(label.text));
+  for (const CompassTape::Label& label : tape.labels) {
+    widest = std::max(widest, metrics.horizontalAdvance(QString::fromStdString(label.text)));
   }
   return widest;
 }

@@ -15,7 +15,7 @@ class LiveScenes : public Live {
     scene->settle();
   }
   std::string heading() const {
-    return scene->interface().label("headingLabel").text().value_or("");
+    return scene->interface().views().headingLabel.text().value_or("");
   }
 
   SimulatedLocationSource source;
@@ -63,18 +63,18 @@ TEST_F(LiveScenes, ShowTheCompassOrTheCourse) {
   EXPECT_EQ(heading(), "90°");
   EXPECT_EQ(scene->lines().state, "compass, true");
 
-  scene->press(U'c');
+  scene->act({PanelAction::chooseHeading});
   EXPECT_EQ(scene->takeNews(), "heading: the course, always");
   EXPECT_EQ(scene->takeNews(), std::nullopt);
   report(fixAt(2, 180));
   source.deliver(CLHeading{91, 89, 5});
   EXPECT_EQ(heading(), "180°");
-  scene->press(U'c');
+  scene->act({PanelAction::chooseHeading});
   EXPECT_EQ(scene->takeNews(), "heading: the compass where there is one, else the course");
   EXPECT_EQ(scene->lines().state, "compass, true");
 
   hasCompass = false;
-  scene->press(U'c');
+  scene->act({PanelAction::chooseHeading});
   EXPECT_EQ(scene->takeNews(), "heading: the compass, always");
   EXPECT_EQ(scene->lines().state, "compass, true");
 }
@@ -93,7 +93,7 @@ TEST_F(LiveScenes, ListenWhileTheyAreOnTheScreen) {
 
 TEST_F(LiveScenes, KeepWhatTheUserDoesAndShowWhatOthersWrite) {
   host.sharedDefaults("group.org.wayfell.Wayfell")->set("compassHeading", PropertyValue(1));
-  scene->tap("toggleViewButton");
+  scene->act({PanelAction::switchLayout});
   scene->disappear();
   scene->appear();
   hasCompass = true;

@@ -220,7 +220,7 @@ TEST_F(DesktopUrlOpenerTest, NoPlaceNameRunsAnything) {
   for (const Case& c : cases) {
     SCOPED_TRACE(c.address);
     std::filesystem::remove(folder_ / "arguments");
-    interface.label("addressLabel").setText(c.address);
+    interface.views().addressLabel.setText(c.address);
     controller->openAppWithCoordinate();
     runUntilAllAreReaped();
     EXPECT_EQ(contentsOf("arguments"), c.url ? std::string("1\n") + c.url : "");

@@ -73,12 +73,11 @@ void fill(ReplayedWidget& widget, const Language& language) {
   widget.apply(event::Turn{heading});
 }
 
-bool isText(const QQuickItem* item) { return item->inherits("QQuickText"); }
-
 std::vector<QQuickItem*> visibleTexts(const ShownPanel& panel) {
   std::vector<QQuickItem*> texts;
   for (QQuickItem* item : panel.items()) {
-    if (isText(item) && item->isVisible() && !item->property("text").toString().isEmpty()) {
+    if (item->inherits("QQuickText") && item->isVisible() &&
+        !item->property("text").toString().isEmpty()) {
       texts.push_back(item);
     }
   }
@@ -101,8 +100,7 @@ void expectNothingCut(ShownPanel& panel) {
     EXPECT_TRUE(panel.root().boundingRect().contains(placeOf(*text, panel.root())));
     EXPECT_LE(text->property("contentWidth").toDouble(), text->width() + 0.5);
     EXPECT_LE(text->property("contentHeight").toDouble(), text->height() + 1);
-    const bool mayEndEarly =
-        text->objectName() == "addressLabel" || text->objectName() == "hostTitle";
+    const bool mayEndEarly = text->objectName() == "address" || text->objectName() == "hostTitle";
     EXPECT_TRUE(mayEndEarly || !text->property("truncated").toBool());
     for (const QQuickItem* other : texts) {
       if (other == text) continue;
@@ -128,37 +126,36 @@ TEST_P(Layout, NothingIsCutOrCovered) {
         for (int format = 0; format < 5; ++format) {
           SCOPED_TRACE(testing::Message() << language.name << " " << width << " x " << height
                                           << ", fonts x " << fontScale << ", format " << format);
-          panel.adapter().pick(format);
+          panel.adapter().pickFormat(format);
           EXPECT_EQ(panel.root().height(), height);
           expectNothingCut(panel);
         }
       }
     }
-    panel.adapter().tap("toggleViewButton");
+    panel.adapter().switchLayout();
   }
 }
 
 INSTANTIATE_TEST_SUITE_P(Languages, Layout, testing::Range<std::size_t>(0, std::size(kLanguages)),
                          [](const auto& language) { return kLanguages[language.param].name; });
 
-TEST(PanelLayout, ShowsWhatTheViewsSay) {
+TEST(PanelLayout, ShowsWhatThereIs) {
   ReplayedWidget widget;
   fill(widget, kLanguages[0]);
   ShownPanel panel(widget);
-  const auto isSeen = [&](const char* name) { return panel.item(name).isVisible(); };
-  EXPECT_TRUE(isSeen("waypointDataView") && isSeen("compassArrowView") && isSeen("trackDataView"));
-  EXPECT_FALSE(isSeen("miniTrackDataView"));
-  panel.adapter().tap("toggleViewButton");
-  EXPECT_TRUE(isSeen("miniTrackDataView") && isSeen("cornerView") && isSeen("openMiniView"));
-  for (const char* name : {"trackDataView", "waypointDataView", "compassRotatingView",
-                           "compassArrowImageView", "compassView", "addressLabel"}) {
-    EXPECT_FALSE(isSeen(name)) << name;
-  }
+  const char* const names[] = {"track",     "corner",  "open",          "compass",
+                               "tapeFrame", "address", "waypointArrow", "waypoint"};
+  const auto seen = [&] {
+    std::size_t count = 0;
+    while (count < std::size(names) && panel.item(names[count]).isVisible()) ++count;
+    return count;
+  };
+  EXPECT_EQ(seen(), 8U);
+  panel.adapter().switchLayout();
+  EXPECT_EQ(seen(), 3U);
   widget.apply(event::WriteSuite{{{"hasWaypoint", PropertyValue(false)}}});
-  panel.adapter().tap("toggleViewButton");
-  panel.draw();
-  EXPECT_TRUE(isSeen("compassRotatingView"));
-  EXPECT_FALSE(isSeen("waypointDataView") || isSeen("compassArrowView"));
+  panel.adapter().switchLayout();
+  EXPECT_EQ(seen(), 6U);
 }
 
 TEST(HostLine, HasRoomForAllItSays) {
@@ -190,21 +187,15 @@ TEST(PanelLayout, MirrorsAllButTheTape) {
   ReplayedWidget widget;
   fill(widget, kLanguages[2]);
   ShownPanel panel(widget);
-  const auto left = [&](const char* name) {
-    return panel.item(name).mapRectToItem(&panel.root(), panel.item(name).boundingRect()).left();
-  };
-  const auto right = [&](const char* name) {
-    return panel.item(name).mapRectToItem(&panel.root(), panel.item(name).boundingRect()).right();
-  };
+  const auto place = [&](const char* name) { return placeOf(panel.item(name), panel.root()); };
+  const char* const names[] = {"corner",   "positionArea", "tapeFrame",      "open",   "track",
+                               "waypoint", "altitude",     "trackTimeValue", "format0"};
   std::map<const char*, double> starts;
-  const char* const names[] = {"cornerView",    "dataView",      "compassView",
-                               "openView",      "trackDataView", "waypointDataView",
-                               "altitudeLabel", "timeLabel",     "segment0"};
-  for (const char* name : names) starts[name] = left(name);
-  const double tape = panel.item("compassLabel").x();
+  for (const char* name : names) starts[name] = place(name).left();
+  const double tape = panel.item("tape").x();
   panel.style().setRightToLeft(true);
-  for (const char* name : names) EXPECT_EQ(359 - right(name), starts[name]) << name;
-  EXPECT_EQ(panel.item("compassLabel").x(), tape);
+  for (const char* name : names) EXPECT_EQ(359 - place(name).right(), starts[name]) << name;
+  EXPECT_EQ(panel.item("tape").x(), tape);
 }
 
 }  // namespace

@@ -21,23 +21,20 @@ class StillScene : public Scene {
 
   const WidgetInterface& interface() const override { return widget_.interface(); }
   bool onScreen() const override { return shown; }
-  void appear() override { shown = true; }
-  void disappear() override { shown = false; }
-  void tap(std::string_view view) override { widget_.apply(event::Tap{std::string(view)}); }
-  void pickSegment(int segment) override { widget_.apply(event::PickSegment{segment}); }
   Lines lines() const override { return said; }
   std::optional<std::string> fault() const override { return failed; }
   std::optional<std::string> takeNews() override { return std::exchange(news, std::nullopt); }
-  std::vector<Key> keys() const override { return {}; }
-  std::vector<std::string_view> hints() const override { return {}; }
-  void press(char32_t /*key*/) override {}
-  void catchUp() override {}
-  void resume() override {}
+  std::span<const PanelAction> actions() const override { return {}; }
 
   bool shown = true;
   Lines said;
   std::optional<std::string> failed;
   std::optional<std::string> news;
+
+ protected:
+  void letAppear() override { shown = true; }
+  void letDisappear() override { shown = false; }
+  void actItself(const PanelRequest& /*request*/) override {}
 
  private:
   ReplayedWidget& widget_;

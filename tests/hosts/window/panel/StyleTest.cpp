@@ -1,10 +1,9 @@
-// What can be computed without showing anything.
+// The colours, by their contrasts.
 #include <gtest/gtest.h>
 
 #include <cmath>
 
 #include "hosts/window/panel/PanelStyle.h"
-#include "hosts/window/panel/ShorterWay.h"
 
 namespace wayfell {
 namespace {
@@ -54,24 +53,6 @@ TEST(PanelStyle, ValuesStandOut) {
       EXPECT_GE(contrast(Qt::black, style.chosen()), 7);
     }
   }
-}
-
-TEST(ShorterWay, IsTaken) {
-  struct Case {
-    double present, target, turned;
-  };
-  // Worked by hand.
-  for (const Case& one : {Case{350, 10, 370},
-                          {10, 350, -10},
-                          {0, 90, 90},
-                          {0, 270, -90},
-                          {725, 0, 720},
-                          {-30, 330, -30},
-                          {40, NAN, 40},
-                          {40, INFINITY, 40}}) {
-    EXPECT_EQ(turnedByShorterWay(one.present, one.target), one.turned) << one.present;
-  }
-  EXPECT_EQ(std::abs(turnedByShorterWay(0, 180)), 180);
 }
 
 }  // namespace

@@ -31,7 +31,7 @@ bool drawAll(const QDir& folder) {
       panel.style().setTheme(theme);
       saved = save(panel, folder, QStringLiteral("window-%1-%2").arg(layout, name)) && saved;
     }
-    panel.adapter().tap(QStringLiteral("toggleViewButton"));
+    panel.adapter().switchLayout();
   }
   return saved;
 }

@@ -21,7 +21,8 @@
 #include <string_view>
 #include <vector>
 
-#include "hosts/panel/WidgetInterface.h"
+#include "hosts/panel/Actions.h"
+#include "hosts/panel/PanelReading.h"
 
 namespace wayfell {
 
@@ -30,24 +31,17 @@ inline constexpr int kNarrowestPanel = 40;
 inline constexpr int kWidestPanel = 64;
 
 /// How a text stands out.
-enum class PanelStyle { frame, caption, value, dots, mark, arrow, format, chosenFormat, button };
+enum class TextStyle { frame, caption, value, dots, mark, arrow, format, chosenFormat, button };
 
-/// What a click on a text is: a tap on the view of that name, or on "coordinateControl" the choice
-/// of that segment.
-struct Touch {
-  std::string_view view;
-  int segment = 0;
-};
-
-struct PanelSpan {
+struct TextSpan {
   int column = 0;
   std::string text;
-  PanelStyle style = PanelStyle::value;
-  std::optional<Touch> touch;
+  TextStyle style = TextStyle::value;
+  std::optional<PanelRequest> request;  ///< what a click on the text asks for
 };
 
 /// From left to right, not overlapping; blanks between them.
-using PanelRow = std::vector<PanelSpan>;
+using TextRow = std::vector<TextSpan>;
 
 /// What there is to fill.
 struct PanelRoom {
@@ -56,17 +50,14 @@ struct PanelRoom {
   bool unicode = true;      ///< false where arrows are to be ASCII; numbers are then not large
 };
 
-struct Panel {
+struct ComposedPanel {
   int columns = 0;
-  std::vector<PanelRow> rows;
+  std::vector<TextRow> rows;
   int missingRows = 0;  ///< left out for want of room, the least telling first
 };
 
 /// The caption stands in the frame on the right.
-Panel composePanel(const WidgetInterface& interface, const PanelRoom& room,
-                   std::string_view caption);
-
-/// The label that a tap on "Open" taps in the present layout.
-std::string_view openLabelName(const WidgetInterface& interface);
+ComposedPanel composePanel(const PanelReading& reading, const PanelRoom& room,
+                           std::string_view caption);
 
 }  // namespace wayfell

@@ -5,8 +5,8 @@ import Wayfell.Panel
 FocusScope {
     id: root
 
-    required property QtObject panel
-    required property QtObject look
+    required property PanelAdapter panel
+    required property PanelStyle look
     readonly property real contentHeight: line.y + line.implicitHeight
 
     focus: true

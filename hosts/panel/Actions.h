@@ -1,0 +1,54 @@
+// What the user can do, by which keys, and the words in which the hosts say so.
+#pragma once
+
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace wayfell {
+
+enum class PanelAction {
+  // Of every panel.
+  pickFormat,
+  switchLayout,
+  openApp,
+  showOrHide,
+  // Of a live one.
+  chooseHeading,
+  // Of a recording.
+  pause,
+  stepOn,
+  changeRate,
+  // Of the host.
+  copyPosition,
+  changeLook,
+  tellKeys,
+  quit,
+};
+
+/// What a key, a click or a touch asks for.
+struct PanelRequest {
+  PanelAction action;
+  int number = 0;  ///< of pickFormat which one, of changeRate 1 for faster and -1 for slower
+  friend bool operator==(const PanelRequest&, const PanelRequest&) = default;
+};
+
+/// Keys that are no characters, by the characters that stand for them here.
+inline constexpr char32_t kEnterKey = U'\n';
+inline constexpr char32_t kRightKey = U'→';
+
+/// None for a key that asks for nothing.
+std::optional<PanelRequest> requestOf(char32_t key);
+
+/// "0 to 4", "format of the position"
+struct ActionHelp {
+  std::string_view keys;
+  std::string_view does;
+};
+ActionHelp helpOf(PanelAction action);
+
+/// The shortest words, "0-4 format", "t layout", with something between them.
+std::string keyHints(std::span<const PanelAction> actions, std::string_view between);
+
+}  // namespace wayfell

@@ -1,0 +1,132 @@
+#include "hosts/panel/PanelReading.h"
+
+#include <utility>
+
+#include "platform/UnitFactors.h"
+
+namespace wayfell {
+namespace {
+
+struct Labels {
+  const UILabel* value = nullptr;
+  const UILabel* caption = nullptr;
+};
+
+Labels labelsOf(const PanelViews& views, PanelRow row, bool compact) {
+  switch (row) {
+    case PanelRow::heading:
+      return {&views.headingLabel};
+    case PanelRow::position:
+      return {&views.userCoordinateLabel, &views.latLongLabel};
+    case PanelRow::zone:
+      return {&views.utmZoneLabel};
+    case PanelRow::altitude:
+      return {&views.altitudeLabel, &views.altitudeNameLabel};
+    case PanelRow::speed:
+      return {&views.speedLabel, &views.speedNameLabel};
+    case PanelRow::waypointDistance:
+      return {&views.waypointDistanceLabel, &views.waypointDistanceNameLabel};
+    case PanelRow::eta:
+      return {&views.etaLabel, &views.etaNameLabel};
+    case PanelRow::trackTime:
+      if (compact) return {&views.miniTimeLabel, &views.miniTimeNameLabel};
+      return {&views.timeLabel, &views.timeNameLabel};
+    case PanelRow::trackDistance:
+      if (compact) return {&views.miniDistanceLabel, &views.miniDistanceNameLabel};
+      return {&views.distanceLabel, &views.distanceNameLabel};
+    case PanelRow::address:
+      return {&views.addressLabel};
+    case PanelRow::open:
+      return {compact ? &views.openMiniLabel : &views.openLabel};
+    case PanelRow::compass:
+    case PanelRow::formats:
+    case PanelRow::layout:
+      break;
+  }
+  return {};
+}
+
+// The compact layout has no room for the compass, the waypoint and the address.
+bool isShown(const PanelViews& views, PanelRow row, bool compact) {
+  switch (row) {
+    case PanelRow::compass:
+      return !views.compassRotatingView.hidden();
+    case PanelRow::position:
+    case PanelRow::zone:
+      return !views.dataView.hidden();
+    case PanelRow::waypointDistance:
+    case PanelRow::eta:
+      return !compact && !views.waypointDataView.hidden();
+    case PanelRow::heading:
+    case PanelRow::address:
+      return !compact;
+    default:
+      return true;
+  }
+}
+
+std::string textOf(const UILabel* label) {
+  if (!label || label->hidden() || !label->text()) return {};
+  return *label->text();
+}
+
+// Latitude and longitude, which come as one text.
+std::string onTwoLines(std::string position) {
+  const std::size_t comma = position.find(", ");
+  return comma == std::string::npos ? position : position.replace(comma, 2, "\n");
+}
+
+PanelReading::Row readRow(const PanelViews& views, PanelRow row, bool compact) {
+  const Labels labels = labelsOf(views, row, compact);
+  PanelReading::Row read = {isShown(views, row, compact), textOf(labels.caption),
+                            textOf(labels.value), false, false};
+  if (labels.value) {
+    read.bold = labels.value->font().bold;
+    read.centered = labels.value->textAlignment() == NSTextAlignment::center;
+  }
+  if (row == PanelRow::position) read.value = onTwoLines(std::move(read.value));
+  return read;
+}
+
+}  // namespace
+
+// By what the layouts hide and show; before either has been applied, the panel is expanded.
+bool isCompact(const WidgetInterface& interface) {
+  return interface.views().trackDataView.hidden();
+}
+
+const UILabel* valueLabel(const WidgetInterface& interface, PanelRow row) {
+  return labelsOf(interface.views(), row, isCompact(interface)).value;
+}
+
+PanelReading readPanel(const WidgetInterface& interface) {
+  const PanelViews& views = interface.views();
+  PanelReading reading;
+  reading.compact = isCompact(interface);
+  reading.height = interface.preferredContentSize().height;
+  for (std::size_t i = 0; i < kPanelRows; ++i) {
+    reading.rows[i] = readRow(views, PanelRow{static_cast<int>(i)}, reading.compact);
+  }
+
+  reading.tape = textOf(&views.compassLabel);
+  reading.tapeOffset = views.leftConstraint.constant().value_or(0);
+  reading.markShown = !views.compassArrowImageView.hidden();
+  if (const auto& arrow = views.compassRotatingView.arrow()) {
+    reading.north = -arrow->heading;
+    if (!views.compassRotatingView.compassArrowView()->hidden()) {
+      reading.waypoint = arrow->bearing - arrow->heading;
+    }
+  }
+
+  const UISegmentedControl& control = views.coordinateControl;
+  for (std::size_t i = 0; i < control.numberOfSegments(); ++i) {
+    reading.formats.push_back(control.titleForSegmentAtIndex(i));
+  }
+  reading.format = control.selectedSegmentIndex();
+  reading.layoutTurn = views.toggleViewButton.transform().rotation * kDegreesPerRadian;
+  reading.tapeFrame = views.compassView.layer();
+  reading.openPlate = (reading.compact ? views.openMiniView : views.openView).layer();
+  return reading;
+}
+
+}  // namespace wayfell

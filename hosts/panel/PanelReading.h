@@ -1,0 +1,79 @@
+// What the panel means: which layout it has, and what each row of it says. Hosts show this and
+// look at no view themselves.
+#pragma once
+
+#include <array>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "hosts/panel/WidgetInterface.h"
+
+namespace wayfell {
+
+/// In reading order.
+enum class PanelRow {
+  compass,  ///< no text: where north is, and the waypoint
+  heading,
+  position,
+  zone,  ///< beside or below the position; mostly empty
+  altitude,
+  speed,  ///< or the pace; its caption tells which
+  waypointDistance,
+  eta,
+  trackTime,
+  trackDistance,
+  address,
+  formats,  ///< no text: see PanelReading::formats
+  open,
+  layout,  ///< no text: the button that switches the layout
+};
+inline constexpr std::size_t kPanelRows = static_cast<std::size_t>(PanelRow::layout) + 1;
+
+struct PanelReading {
+  struct Row {
+    bool shown = true;
+    /// Empty for what has none. The position's has a line for each of two coordinates.
+    std::string caption;
+    /// As the label has it, blanks at the ends included; the position's two coordinates have a
+    /// line each.
+    std::string value;
+    bool bold = false;
+    bool centered = false;
+    friend bool operator==(const Row&, const Row&) = default;
+  };
+
+  const Row& operator[](PanelRow row) const { return rows[static_cast<std::size_t>(row)]; }
+  Row& operator[](PanelRow row) { return rows[static_cast<std::size_t>(row)]; }
+
+  bool compact = false;
+  double height = 0;  ///< points: 78 compact, 286 expanded
+  std::array<Row, kPanelRows> rows;
+
+  std::string tape;       ///< readTape() takes it apart
+  double tapeOffset = 0;  ///< points, to the right
+  bool markShown = true;
+  /// Degrees clockwise from up, for someone who looks along the heading. The waypoint's is none
+  /// where there is no waypoint or the way to it is not known yet.
+  double north = 0;
+  std::optional<double> waypoint;
+
+  std::vector<std::string> formats;
+  int format = UISegmentedControl::kNoSegment;  ///< none for a number that no format has
+  double layoutTurn = 0;  ///< degrees, clockwise, by which the layout's button is turned
+
+  CALayer tapeFrame;
+  CALayer openPlate;
+
+  friend bool operator==(const PanelReading&, const PanelReading&) = default;
+};
+
+/// Whether the panel is in its compact layout.
+bool isCompact(const WidgetInterface& interface);
+
+/// The label of a row's value in the present layout; null for a row without a text.
+const UILabel* valueLabel(const WidgetInterface& interface, PanelRow row);
+
+PanelReading readPanel(const WidgetInterface& interface);
+
+}  // namespace wayfell

@@ -1,0 +1,30 @@
+// The item of the panel's corner, which its view draws.
+#pragma once
+
+#include <QtQmlIntegration>
+
+#include "hosts/window/panel/PanelAdapter.h"
+#include "hosts/window/panel/Repaint.h"
+
+namespace wayfell {
+
+class CornerItem : public QQuickPaintedItem {
+  Q_OBJECT
+  QML_NAMED_ELEMENT(Corner)
+  Q_PROPERTY(wayfell::PanelAdapter* panel MEMBER panel_ WRITE setPanel REQUIRED)
+
+ public:
+  explicit CornerItem(QQuickItem* parent = nullptr) : QQuickPaintedItem(parent) {}
+
+  void setPanel(PanelAdapter* panel);
+  void paint(QPainter* painter) override;
+
+ protected:
+  /// The view gets the item's size, and so draws within it.
+  void geometryChange(const QRectF& newGeometry, const QRectF& oldGeometry) override;
+
+ private:
+  PanelAdapter* panel_ = nullptr;
+};
+
+}  // namespace wayfell
