@@ -67,11 +67,6 @@ Scene::Lines LiveScene::lines() const {
 
 std::optional<std::string> LiveScene::takeNews() { return std::exchange(news_, std::nullopt); }
 
-std::span<const PanelAction> LiveScene::actions() const {
-  static constexpr PanelAction kActions[] = {PanelAction::chooseHeading};
-  return kActions;
-}
-
 void LiveScene::actItself(const PanelRequest& request) {
   if (request.action != PanelAction::chooseHeading) return;
   switch (headingChoice_) {

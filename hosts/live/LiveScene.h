@@ -37,7 +37,7 @@ class LiveScene : public Scene {
   Lines lines() const override;
   std::optional<std::string> fault() const override { return std::nullopt; }
   std::optional<std::string> takeNews() override;
-  std::span<const PanelAction> actions() const override;
+  std::span<const PanelAction> actions() const override { return kLiveActions; }
   void settle() override;
 
   /// Something that the user should hear of.

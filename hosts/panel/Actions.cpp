@@ -33,7 +33,7 @@ constexpr Key kKeys[] = {
      {"c", "heading: compass, course or as it comes"},
      "c compass or course"},
     {U' ', {pause}, {"space", "pause or go on"}, "space pause"},
-    {U'.', {stepOn}, {". or right", "one second on, in a pause"}, ". a second on"},
+    {U'.', {stepOn}, {". or right", "one second on, in a pause"}, ". one second on"},
     {kRightKey, {stepOn}, {}, {}},
     {U'+', {changeRate, 1}, {"+ and -", "faster and slower"}, "+ faster, - slower"},
     {U'-', {changeRate, -1}, {}, {}},
@@ -64,6 +64,13 @@ std::string keyHints(std::span<const PanelAction> actions, std::string_view betw
     hints += firstKeyOf(action).hint;
   }
   return hints;
+}
+
+std::string keysHelp(std::span<const PanelAction> ofHost) {
+  constexpr std::string_view kComma = ", ";
+  return "Keys: " + keyHints(kPanelActions, kComma).append(kComma) + keyHints(ofHost, kComma) +
+         "\n  live: " + keyHints(kLiveActions, kComma) +
+         "\n  on a recording: " + keyHints(kRecordingActions, kComma) + "\n";
 }
 
 }  // namespace wayfell

@@ -9,23 +9,27 @@
 namespace wayfell {
 
 enum class PanelAction {
-  // Of every panel.
   pickFormat,
   switchLayout,
   openApp,
   showOrHide,
-  // Of a live one.
   chooseHeading,
-  // Of a recording.
   pause,
   stepOn,
   changeRate,
-  // Of the host.
   copyPosition,
   changeLook,
   tellKeys,
   quit,
 };
+
+/// What every panel can do, and what besides a live one and a recording, the most useful first. The
+/// rest is done by hosts.
+inline constexpr PanelAction kPanelActions[] = {PanelAction::pickFormat, PanelAction::switchLayout,
+                                                PanelAction::openApp, PanelAction::showOrHide};
+inline constexpr PanelAction kLiveActions[] = {PanelAction::chooseHeading};
+inline constexpr PanelAction kRecordingActions[] = {PanelAction::pause, PanelAction::stepOn,
+                                                    PanelAction::changeRate};
 
 /// What a key, a click or a touch asks for.
 struct PanelRequest {
@@ -50,5 +54,8 @@ ActionHelp helpOf(PanelAction action);
 
 /// The shortest words, "0-4 format", "t layout", with something between them.
 std::string keyHints(std::span<const PanelAction> actions, std::string_view between);
+
+/// The same of all scenes and of the host, in three lines of a command's help.
+std::string keysHelp(std::span<const PanelAction> ofHost);
 
 }  // namespace wayfell

@@ -66,12 +66,6 @@ std::optional<std::string> PlayedScene::takeNews() {
   return news.append(url ? url->absoluteString() : "no valid URL");
 }
 
-std::span<const PanelAction> PlayedScene::actions() const {
-  static constexpr PanelAction kActions[] = {PanelAction::pause, PanelAction::stepOn,
-                                             PanelAction::changeRate};
-  return kActions;
-}
-
 void PlayedScene::actItself(const PanelRequest& request) {
   switch (request.action) {
     case PanelAction::pause:

@@ -26,7 +26,7 @@ class PlayedScene : public Scene {
   std::optional<std::string> fault() const override { return player_.fault(); }
   /// Which URLs were asked for. A recording opens none.
   std::optional<std::string> takeNews() override;
-  std::span<const PanelAction> actions() const override;
+  std::span<const PanelAction> actions() const override { return kRecordingActions; }
   void suspend() override { catchUp(); }
   void resume() override;
 

@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "hosts/live/SourceOptions.h"
+#include "hosts/panel/Actions.h"
 #include "hosts/replay/Replay.h"
 #include "hosts/terminal/Commands.h"
 #include "hosts/terminal/ReplayCommand.h"
@@ -33,12 +34,9 @@ constexpr const char* kTodayHelp =
     "first fix.";
 
 constexpr const char* kTodayMore =
-    "Keys: 0 to 4 choose the format of the position, t switches the layout, o opens the app, h\n"
-    "hides and shows the panel, ? shows the keys, q quits. A click on a format, on [Open] or on "
-    "the\n"
-    "mark beside it does it too. On a receiver, c has the heading follow the compass or the "
-    "course.\n"
-    "On a recording, space pauses, . goes one second on, + and - change the rate.\n"
+    "A click on a format, on [Open] or on the mark beside it does what their keys do.\n";
+
+constexpr const char* kTodayExamples =
     "Examples:\n"
     "  wayfell today\n"
     "  wayfell today --source gpsd=truck.local\n"
@@ -47,6 +45,7 @@ constexpr const char* kTodayMore =
     "  wayfell today --demo --rate 0              paused from the start\n"
     "Exit status: 0 done, 1 the input is bad or no fix came, 2 the command line is bad.";
 
+constexpr PanelAction kHostActions[] = {PanelAction::tellKeys, PanelAction::quit};
 constexpr std::size_t kOptionColumns = 30;
 
 }  // namespace
@@ -56,7 +55,7 @@ Command todayOptions() {
   const auto wishes = std::make_shared<SourceWishes>();
   Command today = {.name = "today",
                    .help = kTodayHelp,
-                   .more = kTodayMore,
+                   .more = kTodayMore + keysHelp(kHostActions) + kTodayExamples,
                    .run = [wishes] { return runToday(sources, *wishes); },
                    .optionColumns = kOptionColumns};
   addSourceOptions(today, sources, *wishes);

@@ -86,8 +86,7 @@ void TodayScreen::drawPanel(const ComposedPanel& panel) {
 
 // And below them what the line below the panel has no room for. Returns how many rows it takes.
 int TodayScreen::drawKeys(const ComposedPanel& panel, int mostRows) const {
-  using enum PanelAction;
-  std::vector<PanelAction> actions = {pickFormat, switchLayout, openApp, showOrHide};
+  std::vector<PanelAction> actions(std::begin(kPanelActions), std::end(kPanelActions));
   const auto own = scene_.actions();
   actions.insert(actions.end(), own.begin(), own.end());
   actions.insert(actions.end(), kLeastActions.begin(), kLeastActions.end());

@@ -181,12 +181,11 @@ void WidgetWindow::act(const PanelRequest& request) {
 }
 
 void WidgetWindow::tellKeys() {
-  using enum PanelAction;
-  std::vector<PanelAction> actions = {pickFormat,   switchLayout, openApp,
-                                      copyPosition, showOrHide,   changeLook};
+  std::vector<PanelAction> actions(std::begin(kPanelActions), std::end(kPanelActions));
   const auto own = scene_.actions();
   actions.insert(actions.end(), own.begin(), own.end());
-  actions.push_back(quit);
+  actions.insert(actions.end(),
+                 {PanelAction::copyPosition, PanelAction::changeLook, PanelAction::quit});
   panel_.tell(QString::fromStdString(keyHints(actions, " · ")));
 }
 

@@ -5,6 +5,7 @@
 
 #include "hosts/commandline/ExitStatus.h"
 #include "hosts/live/SourceOptions.h"
+#include "hosts/panel/Actions.h"
 #include "hosts/places/PositionText.h"
 #include "hosts/window/Display.h"
 #include "hosts/window/WidgetCommand.h"
@@ -18,11 +19,9 @@ constexpr const char* kHelp =
 
 constexpr const char* kMore =
     "Pointer: drag the window by anything but a button, or by its left or right edge to\n"
-    "make it wider; click on the position to copy it.\n"
-    "Keys: 0 to 4 choose the format of the position, t switches the layout, o opens the\n"
-    "app, Ctrl+C copies the position, h hides and shows the panel, l changes the look,\n"
-    "? shows the keys, q closes. Live, c changes between compass and course. Of a\n"
-    "recording, space pauses, . goes one second on, + and - change the rate.\n"
+    "make it wider; click on the position to copy it.\n";
+
+constexpr const char* kExamples =
     "\n"
     "Examples:\n"
     "  wayfell-widget\n"
@@ -32,6 +31,8 @@ constexpr const char* kMore =
     "Exit status: 0 done, 1 the input is bad or no display answers, 2 the command line is\n"
     "wrong.";
 
+constexpr PanelAction kHostActions[] = {PanelAction::copyPosition, PanelAction::changeLook,
+                                        PanelAction::tellKeys, PanelAction::quit};
 constexpr std::size_t kOptionColumns = 26;
 
 bool isFontScale(double scale) { return scale >= 1 && scale <= PanelStyle::kGreatestFontScale; }
@@ -72,7 +73,7 @@ int runWindow(int argc, char** argv) {
   bool checkDisplay = false;
   Command program = {.name = "wayfell-widget",
                      .help = kHelp,
-                     .more = kMore,
+                     .more = kMore + keysHelp(kHostActions) + kExamples,
                      .run =
                          [&] {
                            if (!checkDisplay) return runWidget(sources, command);

@@ -24,14 +24,21 @@ struct Panel {
 // What is read is the same; what has printed it is not.
 TEST(Spoken, SaysWhatHasPrintedALabel) {
   Panel panel;
-  EXPECT_EQ(panel.say(&PanelViews::etaLabel, PanelRow::eta, localizedText("%d m", 9)), "time to the waypoint 9 minutes");
-  EXPECT_EQ(panel.say(&PanelViews::altitudeLabel, PanelRow::altitude, localizedText("%0.0f m", 9.0)), "altitude 9 metres");
-  EXPECT_EQ(panel.say(&PanelViews::timeLabel, PanelRow::trackTime, formattedText("%02d:%02d", 5, 0)),
-            "track time 5 minutes 0 seconds");
-  EXPECT_EQ(panel.say(&PanelViews::distanceLabel, PanelRow::trackDistance, localizedText("%0.1f ft", 984.3)),
+  EXPECT_EQ(panel.say(&PanelViews::etaLabel, PanelRow::eta, localizedText("%d m", 9)),
+            "time to the waypoint 9 minutes");
+  EXPECT_EQ(
+      panel.say(&PanelViews::altitudeLabel, PanelRow::altitude, localizedText("%0.0f m", 9.0)),
+      "altitude 9 metres");
+  EXPECT_EQ(
+      panel.say(&PanelViews::timeLabel, PanelRow::trackTime, formattedText("%02d:%02d", 5, 0)),
+      "track time 5 minutes 0 seconds");
+  EXPECT_EQ(panel.say(&PanelViews::distanceLabel, PanelRow::trackDistance,
+                      localizedText("%0.1f ft", 984.3)),
             "track distance 984.3 feet");
-  EXPECT_EQ(panel.say(&PanelViews::addressLabel, PanelRow::address, "007 Main St, 9 m"), "address 007 Main St, 9 m");
-  EXPECT_EQ(panel.say(&PanelViews::altitudeLabel, PanelRow::altitude, std::nullopt), "altitude not known yet");
+  EXPECT_EQ(panel.say(&PanelViews::addressLabel, PanelRow::address, "007 Main St, 9 m"),
+            "address 007 Main St, 9 m");
+  EXPECT_EQ(panel.say(&PanelViews::altitudeLabel, PanelRow::altitude, std::nullopt),
+            "altitude not known yet");
 }
 
 // Formats that leave nothing to tell the arguments by, and turn them round.
@@ -47,10 +54,10 @@ TEST(Spoken, SaysTranslatedTexts) {
   const auto angle = [](double degrees, const char* quarter) {
     return localizedText("%0.0f° %0.4f' %@", degrees, 58.8, localizedText(quarter));
   };
-  EXPECT_EQ(
-      panel.say(&PanelViews::userCoordinateLabel, PanelRow::position, localizedText("%@, %@", angle(46, "N"), angle(7, "W"))),
-      "position latitude 46 degrees 58.8000 minutes nördlich, "
-      "longitude 7 degrees 58.8000 minutes west");
+  EXPECT_EQ(panel.say(&PanelViews::userCoordinateLabel, PanelRow::position,
+                      localizedText("%@, %@", angle(46, "N"), angle(7, "W"))),
+            "position latitude 46 degrees 58.8000 minutes nördlich, "
+            "longitude 7 degrees 58.8000 minutes west");
 }
 
 }  // namespace
