@@ -83,7 +83,7 @@ std::string namedNumbersOf(const KnownSetting& setting) {
 }
 
 std::string rangeOf(const KnownSetting& setting) {
-  if (const std::string named = namedNumbersOf(setting); !named.empty()) return named;
+  if (std::string named = namedNumbersOf(setting); !named.empty()) return named;
   const std::string lowest = shortestText(setting.lowest);
   if (std::isinf(setting.greatest)) return lowest + " and more";
   return lowest + " to " + shortestText(setting.greatest);

@@ -7,7 +7,7 @@
 #include <limits>
 #include <stdexcept>
 
-namespace SQLite {
+namespace SQLite {  // NOLINT(readability-identifier-naming): SQLiteCpp's name
 class Database;
 }
 

@@ -16,7 +16,7 @@
 #include "hosts/services/addresses/AddressRow.h"
 #include "hosts/services/addresses/BookFile.h"
 
-namespace SQLite {
+namespace SQLite {  // NOLINT(readability-identifier-naming): SQLiteCpp's name
 class Transaction;
 }
 
