@@ -59,7 +59,10 @@ class FormattedText {
   };
 
   // Each mark is packed into two words: texts are moved right after they are made, and a processor
-  // waits long for what has been written in smaller pieces than it is read.
+  // waits long for what has been written in smaller pieces than it is read. For speed, too,
+  // only what is in use is ever written.
+
+  // NOLINTBEGIN(cppcoreguidelines-pro-type-member-init)
   class Marks {
    public:
     Marks() = default;
@@ -92,6 +95,7 @@ class FormattedText {
     std::array<const char*, kMost> keys_;      // set up to count_, as the others
     std::array<std::uint64_t, kMost> places_;  // all other members of a mark
   };
+  // NOLINTEND(cppcoreguidelines-pro-type-member-init)
 
   /// Notes an argument that has come to stand from `begin` to `end`, and what is known within it.
   void add(std::size_t argument, std::size_t begin, std::size_t end, const FormattedText* within);

@@ -71,8 +71,9 @@ std::string withoutLeadingZeros(std::string_view number) {
 
 // A piece that no reading knows is said as it stands; among the arguments of one "05" is "5".
 std::string inWords(const Piece& piece) {
-  const auto reading = std::find_if(std::begin(kReadings), std::end(kReadings),
-                                    [&](const Reading& each) { return each.key == piece.key(); });
+  const auto* const reading =
+      std::find_if(std::begin(kReadings), std::end(kReadings),
+                   [&](const Reading& each) { return each.key == piece.key(); });
   if (reading == std::end(kReadings)) return std::string(piece.text());
   const auto argument = [&](std::size_t position) {
     const Piece part = piece.argument(position);
