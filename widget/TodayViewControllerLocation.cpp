@@ -2,6 +2,7 @@
 
 #include "coordinates/CoordinateDistance.h"
 #include "settings/UserDefaults.h"
+#include "widget/CompassTape.h"
 #include "widget/TodayViewController.h"
 
 namespace wayfell {
@@ -14,12 +15,6 @@ constexpr double kGoodHorizontalAccuracy = 50.0;  // metres
 constexpr double kGoodVerticalAccuracy = 70.0;    // metres
 // How much worse than the average a fix may be.
 constexpr double kAccuracyMargin = 1.0;  // metres
-
-constexpr double kAddressSeconds = 60.0;
-
-constexpr double kTapePointsPerTurn = -300;  // the tape moves left as the heading grows
-constexpr double kTapeTop = -3.0;
-constexpr CGSize kTapeSize{430.0, 26.0};
 
 double chosenHeading(const CLHeading& heading) {
   // 0 takes the true heading even when it is invalid; then nothing is shown. Numbers above 1 take
@@ -101,16 +96,6 @@ void TodayViewController::turnArrow(double heading) {
   compassRotatingView.send(&CompassView::rotateCompassArrowToBearingWithHeading, bearing, heading);
 }
 
-// The date is written before the lookup, so that a failing one is not repeated at every fix either.
-// It lies in the local store and outlives the process.
-void TodayViewController::refreshAddressIfDue() {
-  const auto stored = UserDefaults::checkObjectDefaults("addressDate");
-  const auto lastLookup = stored ? stored->dateValue() : std::nullopt;
-  if (lastLookup && !(lastLookup->timeIntervalSinceNow() < -kAddressSeconds)) return;
-  UserDefaults::setObjectForKey(PropertyValue(NSDate::date()), "addressDate");
-  updateAddress();
-}
-
 void TodayViewController::locationManagerDidUpdateHeading(CLLocationManager& /*manager*/,
                                                           const CLHeading& heading) {
   if (heading.headingAccuracy < 0) return;
@@ -123,7 +108,7 @@ void TodayViewController::locationManagerDidUpdateHeading(CLLocationManager& /*m
 void TodayViewController::setMapCompassDisplaysWithHeading(double heading) {
   if (heading < 0) return;
   showHeading(heading);
-  const double x = (heading / 360) * kTapePointsPerTurn;
+  const double x = (heading / 360) * -kTapePointsPerTurn;
   leftConstraint.send(&NSLayoutConstraint::setConstant, x);
   compassLabel.send(&UIView::setFrame, CGRect{{x, kTapeTop}, kTapeSize});
 }

@@ -1,9 +1,8 @@
-// The position, in the row and laid out format by format, and the address.
+// The position, in the row and laid out format by format.
 
 #include "coordinates/ConvertCoordinates.h"
 #include "coordinates/FindCoordinates.h"
 #include "datums/DatumManager.h"
-#include "platform/CLGeocoder.h"
 #include "platform/NSBundle.h"
 #include "platform/NSString.h"
 #include "widget/TodayViewController.h"
@@ -12,7 +11,6 @@ namespace wayfell {
 namespace {
 
 constexpr double kPositionFontSize = 18;
-constexpr std::string_view kMissingPart = "–";
 
 void emphasize(const Outlet<UILabel>& label) {
   label.send(&UILabel::setFont, UIFont::boldSystemFontOfSize(kPositionFontSize));
@@ -77,28 +75,6 @@ void TodayViewController::updateCurrentLocationDisplayWithUnits(int units) {
   userCoordinateLabel.send(&UILabel::setTextAlignment, NSTextAlignment::left);
   userCoordinateLabel.send(&UILabel::setText,
                            FindCoordinates::findUTMZoneWithLatAndLong(latitude, longitude));
-}
-
-void TodayViewController::updateAddress() {
-  CLGeocoder geocoder;
-  geocoder.reverseGeocodeLocationCompletionHandler(currentLocation, [self = shared_from_this()](
-                                                                        const auto& placemarks) {
-    // A failed lookup has no list. An empty one would throw: geocoders never hand one out.
-    self->geocoderDidFindPlacemark(placemarks ? std::optional(placemarks->at(0)) : std::nullopt);
-  });
-}
-
-void TodayViewController::geocoderDidFindPlacemark(const std::optional<CLPlacemark>& placemark) {
-  const CNPostalAddress address =
-      placemark ? placemark->postalAddress.value_or(CNPostalAddress{}) : CNPostalAddress{};
-  const auto part = [](const std::optional<std::string>& text) {
-    return text ? std::string_view(*text) : kMissingPart;
-  };
-  // A failed lookup is shown too, as three missing parts.
-  const std::string text =
-      stringWithFormat("%@, %@, %@", part(address.street), part(address.city), part(address.state));
-  addressLabel.send(&UILabel::setText, text);
-  defaults().setObjectForKey(PropertyValue(text), "widgetAddressString");
 }
 
 }  // namespace wayfell
