@@ -6,7 +6,7 @@
 #include <span>
 #include <string>
 
-#include "hosts/panel/Actions.h"
+#include "hosts/panel/PanelKeys.h"
 #include "hosts/panel/WidgetInterface.h"
 
 namespace wayfell {

@@ -21,7 +21,7 @@
 #include <string_view>
 #include <vector>
 
-#include "hosts/panel/Actions.h"
+#include "hosts/panel/PanelKeys.h"
 #include "hosts/panel/PanelReading.h"
 
 namespace wayfell {

@@ -3,7 +3,7 @@
 #include <memory>
 
 #include "hosts/live/SourceOptions.h"
-#include "hosts/panel/Actions.h"
+#include "hosts/panel/PanelKeys.h"
 #include "hosts/replay/Replay.h"
 #include "hosts/terminal/Commands.h"
 #include "hosts/terminal/ReplayCommand.h"

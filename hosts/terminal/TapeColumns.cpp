@@ -7,8 +7,8 @@
 
 namespace wayfell {
 
-TapeColumns::TapeColumns(const CompassTape& tape) {
-  for (const CompassTape::Label& label : tape.labels) {
+TapeColumns::TapeColumns(const TapeReading& tape) {
+  for (const TapeReading::Label& label : tape.labels) {
     addDots(label.dotsBefore);
     const std::size_t first = glyphs_.size();
     for (std::string_view rest = label.text; !rest.empty();) {

@@ -6,13 +6,13 @@
 #include <string_view>
 #include <vector>
 
-#include "hosts/panel/CompassTape.h"
+#include "hosts/panel/TapeReading.h"
 
 namespace wayfell {
 
 class TapeColumns {
  public:
-  explicit TapeColumns(const CompassTape& tape);
+  explicit TapeColumns(const TapeReading& tape);
 
   /// The character under the mark of a tape that has been moved so many points to the right. The
   /// labels are not evenly spaced here, so the place is taken between the two nearest; it is

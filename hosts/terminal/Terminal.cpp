@@ -11,7 +11,7 @@
 #include <stdexcept>
 #include <utility>
 
-#include "hosts/panel/Actions.h"
+#include "hosts/panel/PanelKeys.h"
 #include "hosts/terminal/AsciiText.h"
 #include "hosts/terminal/Terminfo.h"
 #include "hosts/text/TextWidth.h"

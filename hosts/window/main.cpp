@@ -5,7 +5,7 @@
 
 #include "hosts/commandline/ExitStatus.h"
 #include "hosts/live/SourceOptions.h"
-#include "hosts/panel/Actions.h"
+#include "hosts/panel/PanelKeys.h"
 #include "hosts/places/PositionText.h"
 #include "hosts/window/Display.h"
 #include "hosts/window/WidgetCommand.h"

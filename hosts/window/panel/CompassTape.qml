@@ -8,7 +8,7 @@ Rectangle {
     required property PanelAdapter panel
     required property PanelStyle look
 
-    width: 130  // twice kTapeNorth, so that the mark is in the middle
+    width: 2 * tape.north  // so that the mark is in the middle
     height: 24
     radius: panel.tapeRadius
     border.width: panel.tapeBorderWidth
@@ -22,9 +22,10 @@ Rectangle {
         clip: true
 
         Tape {
+            id: tape
             objectName: "tape"
             x: frame.panel.tapeOffset - parent.x
-            y: -3 - parent.y
+            y: top - parent.y
             text: frame.panel.tape
             pixelSize: 11 * frame.look.fontScale
             labelColor: frame.look.value

@@ -10,7 +10,8 @@
 #include "hosts/panel/Spoken.h"
 #include "hosts/window/panel/CanvasPainter.h"
 
-// Made from the types that are declared for interface files.
+// Qt makes it of the types that are declared for interface files.
+// NOLINTNEXTLINE(readability-identifier-naming)
 extern void qml_register_types_Wayfell_Panel();
 
 namespace wayfell {

@@ -5,8 +5,6 @@
 #include <algorithm>
 #include <cmath>
 
-#include "hosts/window/panel/TapeLayout.h"
-
 namespace wayfell {
 namespace {
 
@@ -16,10 +14,10 @@ constexpr double kMiddle = 16;       // points, of the letters, below the tip of
 }  // namespace
 
 TapeItem::TapeItem(QQuickItem* parent) : QQuickPaintedItem(parent) {
-  setSize({kTapeWidth, kTapeHeight});
+  setSize({kTapeSize.width, kTapeSize.height});
 }
 
-QFont TapeItem::fittingFont(const CompassTape& tape) const {
+QFont TapeItem::fittingFont(const TapeReading& tape) const {
   QFont font;
   font.setPixelSize(std::max(1, static_cast<int>(pixelSize_)));
   font.setBold(true);
@@ -31,7 +29,7 @@ QFont TapeItem::fittingFont(const CompassTape& tape) const {
 }
 
 void TapeItem::paint(QPainter* painter) {
-  const CompassTape tape = readTape(text_.toStdString());
+  const TapeReading tape = readTape(text_.toStdString());
   const QFont font = fittingFont(tape);
   const QFontMetricsF metrics(font);
   painter->setFont(font);

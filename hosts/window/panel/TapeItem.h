@@ -6,8 +6,10 @@
 #include <QString>
 #include <QtQmlIntegration>
 
-#include "hosts/panel/CompassTape.h"
+#include "hosts/panel/TapeReading.h"
 #include "hosts/window/panel/Repaint.h"
+#include "hosts/window/panel/TapeLayout.h"
+#include "widget/CompassTape.h"
 
 namespace wayfell {
 
@@ -18,6 +20,8 @@ class TapeItem : public QQuickPaintedItem {
   Q_PROPERTY(double pixelSize MEMBER pixelSize_ WRITE setPixelSize)
   Q_PROPERTY(QColor labelColor MEMBER labelColor_ WRITE setLabelColor)
   Q_PROPERTY(QColor dotColor MEMBER dotColor_ WRITE setDotColor)
+  Q_PROPERTY(double top READ top CONSTANT)
+  Q_PROPERTY(double north READ north CONSTANT)
 
  public:
   explicit TapeItem(QQuickItem* parent = nullptr);
@@ -28,10 +32,14 @@ class TapeItem : public QQuickPaintedItem {
   void setLabelColor(const QColor& color) { changeAndRepaint(*this, labelColor_, color); }
   void setDotColor(const QColor& color) { changeAndRepaint(*this, dotColor_, color); }
 
+  /// Points: how far above its frame's upper edge it begins, negative; and due north from its left.
+  static double top() { return kTapeTop; }
+  static double north() { return kTapeNorth; }
+
   void paint(QPainter* painter) override;
 
  private:
-  QFont fittingFont(const CompassTape& tape) const;
+  QFont fittingFont(const TapeReading& tape) const;
 
   QString text_;
   double pixelSize_ = 11;

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "widget/CompassTape.h"
+
 namespace wayfell {
 namespace {
 
@@ -15,11 +17,11 @@ void spreadDots(std::vector<TapeGlyphs>& glyphs, int dots, double from, double t
 
 }  // namespace
 
-std::vector<TapeGlyphs> layOutTape(const CompassTape& tape, const QFontMetricsF& metrics) {
+std::vector<TapeGlyphs> layOutTape(const TapeReading& tape, const QFontMetricsF& metrics) {
   std::vector<TapeGlyphs> glyphs;
   double end = 0;  // of the label before
   double middle = kTapeNorth - kTapeNorthLabel * kLabelDistance;
-  for (const CompassTape::Label& label : tape.labels) {
+  for (const TapeReading::Label& label : tape.labels) {
     const QString text = QString::fromStdString(label.text);
     const double half = metrics.horizontalAdvance(text) / 2;
     spreadDots(glyphs, label.dotsBefore, end, middle - half);
@@ -32,9 +34,9 @@ std::vector<TapeGlyphs> layOutTape(const CompassTape& tape, const QFontMetricsF&
   return glyphs;
 }
 
-double widestTapeLabel(const CompassTape& tape, const QFontMetricsF& metrics) {
+double widestTapeLabel(const TapeReading& tape, const QFontMetricsF& metrics) {
   double widest = 0;
-  for (const CompassTape::Label& label : tape.labels) {
+  for (const TapeReading::Label& label : tape.labels) {
     widest = std::max(widest, metrics.horizontalAdvance(QString::fromStdString(label.text)));
   }
   return widest;

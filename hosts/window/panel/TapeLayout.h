@@ -6,14 +6,12 @@
 #include <QString>
 #include <vector>
 
-#include "hosts/panel/CompassTape.h"
+#include "hosts/panel/TapeReading.h"
 
 namespace wayfell {
 
-/// Points.
-inline constexpr double kTapeWidth = 430;
-inline constexpr double kTapeHeight = 26;
-/// Where due north of an unmoved tape is, which is where the mark stands over the frame.
+/// Points from the left to due north of an unmoved tape, which is where the mark stands over the
+/// frame.
 inline constexpr double kTapeNorth = 65;
 
 struct TapeGlyphs {
@@ -24,9 +22,9 @@ struct TapeGlyphs {
 
 /// From left to right, in points from the tape's left edge. What follows the last label may lie
 /// beyond the right edge, where the frame never shows it.
-std::vector<TapeGlyphs> layOutTape(const CompassTape& tape, const QFontMetricsF& metrics);
+std::vector<TapeGlyphs> layOutTape(const TapeReading& tape, const QFontMetricsF& metrics);
 
 /// The widest label.
-double widestTapeLabel(const CompassTape& tape, const QFontMetricsF& metrics);
+double widestTapeLabel(const TapeReading& tape, const QFontMetricsF& metrics);
 
 }  // namespace wayfell

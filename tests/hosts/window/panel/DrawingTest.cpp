@@ -115,7 +115,7 @@ double lettersOffMark(ShownPanel& panel) {
 QString labelUnderMark(ShownPanel& panel) {
   QFont font;
   font.setPixelSize(11);
-  const CompassTape tape = readTape(panel.adapter().tape().toStdString());
+  const TapeReading tape = readTape(panel.adapter().tape().toStdString());
   for (const TapeGlyphs& glyphs : layOutTape(tape, QFontMetricsF(font))) {
     const double place = glyphs.middle + panel.item("tape").x() + 1;
     if (glyphs.text != "." && std::abs(place - 65) < 2 * 300.0 / 360) return glyphs.text;

@@ -2,20 +2,17 @@
 // and so on, that slides under a fixed mark. What is under the mark is the heading.
 #pragma once
 
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace wayfell {
 
-/// Points by which the tape moves to the left as the heading goes once round.
-inline constexpr double kTapePointsPerTurn = 300;
 /// One each 45 degrees. An unmoved tape has the second one, due north, under the mark.
 inline constexpr int kTapeLabelsPerTurn = 8;
 inline constexpr int kTapeNorthLabel = 1;
 
-struct CompassTape {
+struct TapeReading {
   struct Label {
     std::string text;
     int dotsBefore = 0;
@@ -24,7 +21,7 @@ struct CompassTape {
   int dotsAtEnd = 0;
 };
 
-CompassTape readTape(std::string_view text);
+TapeReading readTape(std::string_view text);
 
 /// The label under the mark of a tape that has been moved to the right by so many points, or what
 /// part of the way there is from one label to the next: 1.5 is half way from the second to the

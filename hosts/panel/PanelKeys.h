@@ -33,7 +33,7 @@ inline constexpr PanelAction kRecordingActions[] = {PanelAction::pause, PanelAct
 
 /// What a key, a click or a touch asks for.
 struct PanelRequest {
-  PanelAction action;
+  PanelAction action = PanelAction::pickFormat;
   int number = 0;  ///< of pickFormat which one, of changeRate 1 for faster and -1 for slower
   friend bool operator==(const PanelRequest&, const PanelRequest&) = default;
 };

@@ -1,4 +1,4 @@
-#include "hosts/panel/Actions.h"
+#include "hosts/panel/PanelKeys.h"
 
 #include <algorithm>
 

@@ -1,12 +1,14 @@
-#include "hosts/panel/CompassTape.h"
+#include "hosts/panel/TapeReading.h"
 
 #include <cmath>
 #include <utility>
 
+#include "widget/CompassTape.h"
+
 namespace wayfell {
 
-CompassTape readTape(std::string_view text) {
-  CompassTape tape;
+TapeReading readTape(std::string_view text) {
+  TapeReading tape;
   bool inLabel = false;
   for (const char byte : text) {
     if (byte == '.') {
