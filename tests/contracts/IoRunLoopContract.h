@@ -5,7 +5,6 @@
 #pragma once
 
 #include <gtest/gtest.h>
-#include <netinet/in.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
@@ -16,7 +15,6 @@
 #include <stdexcept>
 #include <string>
 #include <system_error>
-#include <thread>
 #include <vector>
 
 #include "hosts/loop/IoRunLoop.h"
@@ -89,45 +87,6 @@ TYPED_TEST_P(IoRunLoops, AnActionMayEndItsWatchAndBeginAnother) {
   EXPECT_EQ(log, "12");
 }
 
-// A connection to a port that nobody listens on.
-TYPED_TEST_P(IoRunLoops, AFailedConnectionIsReady) {
-  const int reserved = socket(AF_INET, SOCK_STREAM, 0);
-  sockaddr_in address = {};
-  address.sin_family = AF_INET;
-  address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-  socklen_t size = sizeof address;
-  ASSERT_EQ(bind(reserved, reinterpret_cast<sockaddr*>(&address), size), 0);
-  getsockname(reserved, reinterpret_cast<sockaddr*>(&address), &size);
-
-  TypeParam loop;
-  const int connection = socket(AF_INET, SOCK_STREAM | SOCK_NONBLOCK, 0);
-  connect(connection, reinterpret_cast<sockaddr*>(&address), size);
-  int calls = 0;
-  const auto watch = loop.watch(connection, {.writable = true}, [&](IoRunLoop::Readiness ready) {
-    EXPECT_TRUE(ready.writable);
-    if (++calls == 2) loop.stop();  // and stays so
-  });
-  loop.run();
-  loop.unwatch(watch);
-  close(connection);
-  close(reserved);
-  EXPECT_EQ(calls, 2);
-}
-
-TYPED_TEST_P(IoRunLoops, OtherThreadsMayHaveItPerform) {
-  TypeParam loop;
-  std::thread::id performer;
-  std::thread other([&] {
-    loop.perform([&] {
-      performer = std::this_thread::get_id();
-      loop.stop();
-    });
-  });
-  loop.run();
-  other.join();
-  EXPECT_EQ(performer, std::this_thread::get_id());
-}
-
 TYPED_TEST_P(IoRunLoops, WhatOneWakeUpBringsIsOneTurn) {
   TypeParam loop;
   std::vector<std::uint64_t> turns;
@@ -176,7 +135,6 @@ TYPED_TEST_P(IoRunLoops, RefusesWhatCannotBeWaitedFor) {
 
 REGISTER_TYPED_TEST_SUITE_P(IoRunLoops, FiresTimersInOrderOfTimeThenOfCreation,
                             TellsWhatADescriptorIsReadyFor, AnActionMayEndItsWatchAndBeginAnother,
-                            AFailedConnectionIsReady, OtherThreadsMayHaveItPerform,
                             WhatOneWakeUpBringsIsOneTurn, PassesOnWhatAHandlerThrows,
                             WhatIsCancelledOrUnwatchedIsReleased, RefusesWhatCannotBeWaitedFor);
 

@@ -7,7 +7,7 @@
 #include <thread>
 #include <vector>
 
-#include "support/Loopback.h"
+#include "support/Locations.h"
 
 namespace wayfell {
 

@@ -28,6 +28,10 @@ struct Finished {
   _exit(127);
 }
 
+/// Gone with its owner.
+using OwnFile = std::unique_ptr<std::FILE, int (*)(std::FILE*)>;
+inline OwnFile temporaryFile() { return {std::tmpfile(), std::fclose}; }
+
 inline std::string contentsOf(std::FILE* file) {
   std::rewind(file);
   std::string contents;
@@ -40,10 +44,7 @@ inline std::string contentsOf(std::FILE* file) {
 
 /// The program's answer to the input; its files are deleted with it.
 inline Finished run(const std::vector<std::string>& command, const std::string& input = "") {
-  using File = std::unique_ptr<std::FILE, int (*)(std::FILE*)>;
-  const std::array<File, 3> files = {File(std::tmpfile(), std::fclose),
-                                     File(std::tmpfile(), std::fclose),
-                                     File(std::tmpfile(), std::fclose)};
+  const std::array<OwnFile, 3> files = {temporaryFile(), temporaryFile(), temporaryFile()};
   std::fwrite(input.data(), 1, input.size(), files[0].get());
   std::rewind(files[0].get());
   const pid_t child = fork();

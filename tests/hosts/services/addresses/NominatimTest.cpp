@@ -6,8 +6,10 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <memory>
+#include <utility>
 
-#include "LoopbackServer.h"
+#include "HttpServer.h"
 #include "hosts/loop/uv/EventLoop.h"
 #include "hosts/services/addresses/AcceptLanguage.h"
 #include "hosts/services/addresses/NominatimAnswer.h"
@@ -25,6 +27,11 @@ using testing::StartsWith;
 
 const auto kNone = std::nullopt;
 
+// An answer of a server, with just what matters.
+constexpr const char* kParis =
+    R"({"licence":"Data © OpenStreetMap contributors","address":{"house_number":"10",)"
+    R"("road":"Rue Daru","city":"Paris","state":"Île-de-France","country_code":"fr"}})";
+
 TEST(NominatimAnswerTest, MapsAddresses) {
   struct Case {
     const char* address;
@@ -35,7 +42,6 @@ TEST(NominatimAnswerTest, MapsAddresses) {
        {{"12 Elm St", "Ames", "Iowa"}}},
       {R"({"house_number":"3","road":"Am Platz","town":"Ulm","state":"BW","country_code":"de"})",
        {{"Am Platz 3", "Ulm", "BW"}}},
-      {R"({"house_number":"3","road":"Unter","village":"Au"})", {{"Unter 3", "Au", kNone}}},
       {R"({"amenity":"Cafe","pedestrian":"Zeil","city":"F","suburb":"S"})", {{"Zeil", "F", kNone}}},
       {R"({"path":"Steig","hamlet":"Hof","municipality":"Markt","county":"Kreis"})",
        {{"Steig", "Markt", "Kreis"}}},
@@ -48,9 +54,8 @@ TEST(NominatimAnswerTest, MapsAddresses) {
   };
   for (const Case& c : cases) {
     const auto answer = readNominatimAnswer(std::string(R"({"address":)") + c.address + "}");
-    EXPECT_EQ(answer.placemark.has_value(), c.expected.has_value()) << c.address;
-    if (!answer.placemark) continue;
-    EXPECT_EQ(answer.placemark->postalAddress, c.expected) << c.address;
+    const auto address = answer.placemark ? answer.placemark->postalAddress : kNone;
+    EXPECT_EQ(address, c.expected) << c.address;
   }
   EXPECT_FALSE(readNominatimAnswer(R"({"error":"Unable to geocode"})").placemark);
   EXPECT_EQ(readNominatimAnswer(kParis).licence, "Data © OpenStreetMap contributors");
@@ -67,11 +72,10 @@ TEST(NominatimAnswerTest, RefusesWhatIsNone) {
 
 // National formats as the Universal Postal Union publishes them.
 TEST(StreetTextTest, FollowsTheCountry) {
-  for (const char* country : {"US", "us", "GB", "FR", "CA", "AU", "IE", "NZ"}) {
+  for (const char* country : {"US", "us", "GB", "FR", "NZ"}) {
     EXPECT_EQ(streetText("1", "A", country), "1 A") << country;
   }
-  for (const char* country :
-       {"DE", "at", "CH", "IT", "ES", "NL", "PL", "SE", "BR", "", "U", "S "}) {
+  for (const char* country : {"DE", "at", "BR", "", "U", "S "}) {
     EXPECT_EQ(streetText("1", "A", country), "A 1") << country;
   }
 }
@@ -88,10 +92,7 @@ TEST(AcceptLanguageTest, FollowsTheLocale) {
       {"fr", "", "fr"},
       {"ca_ES@valencia", "", "ca-ES,ca;q=0.9"},
       {"de_DE.UTF-8", "de_AT:en:", "de-AT,de;q=0.9,en;q=0.8,de-DE;q=0.7"},
-      {"C", "de", ""},
       {"C.UTF-8", "de", ""},
-      {"POSIX", "", ""},
-      {"", "de", ""},
       {"de\r\nX: y", "", ""},
   };
   for (const Case& c : cases)
@@ -118,155 +119,155 @@ class NominatimTest : public testing::Test {
  protected:
   using Places = std::optional<std::vector<CLPlacemark>>;
 
-  Nominatim make(double timeout) {
-    return {loop, ServerUrl(server.url()), "de",
-            [this](const std::string& w) { warnings.push_back(w); }, timeout};
+  void make(double timeout = 10) {
+    nominatim = std::make_unique<Nominatim>(
+        loop, ServerUrl(server.url()), "de",
+        [this](const std::string& warning) { warnings.push_back(warning); }, timeout);
   }
-  /// The street, or "none".
-  std::string ask(Nominatim& nominatim) {
-    std::string street;
-    bool waiting = false;
-    CLLocation location;
-    nominatim.reverseGeocode(location, [&](const Places& places) {
-      street = places ? places->front().postalAddress->street.value_or("") : "none";
-      if (waiting) loop.stop();
+  /// Its answer, a street or "none", will be the next one in `streets`.
+  void request(const std::optional<CLLocation>& location = CLLocation()) {
+    nominatim->reverseGeocode(location, [this](const Places& places) {
+      streets.push_back(places ? places->at(0).postalAddress->street.value_or("") : "none");
+      if (const auto action = std::exchange(onAnswer, nullptr)) action();
     });
-    waiting = street.empty();
-    if (waiting) loop.run();
-    return street;
+  }
+  std::string ask() {
+    const std::size_t count = streets.size() + 1;
+    request();
+    runUntilAnswers(count);
+    return streets.back();
+  }
+  void runUntilAnswers(std::size_t count) {
+    if (streets.size() < count) runUntil(loop, [&] { return streets.size() >= count; });
+  }
+  void wait(double seconds) {
+    bool over = false;
+    loop.scheduleTimer(seconds, false, [&] { over = true; });
+    runUntil(loop, [&] { return over; });
   }
 
   EventLoop loop;
-  LoopbackServer server{loop};
+  HttpServer server{loop};
   std::vector<std::string> warnings;
+  std::vector<std::string> streets;
+  std::function<void()> onAnswer;  // performed once
+  std::unique_ptr<Nominatim> nominatim;
 };
 
 TEST_F(NominatimTest, SaysWhoAsks) {
-  server.reply = LoopbackServer::ok(kParis);
-  Nominatim nominatim = make(10);
-  EXPECT_EQ(nominatim.attribution(), "");
-  EXPECT_EQ(ask(nominatim), "10 Rue Daru");
-  EXPECT_EQ(nominatim.attribution(), "Data © OpenStreetMap contributors");
-  ASSERT_EQ(server.requests.size(), 1U);
-  EXPECT_THAT(server.requests[0],
-              StartsWith("GET /reverse?format=jsonv2&lat=0.00000&lon=0.00000&"));
-  EXPECT_THAT(server.requests[0], HasSubstr("\r\nUser-Agent: wayfell/"));
-  EXPECT_THAT(server.requests[0], HasSubstr("\r\nAccept-Language: de\r\n"));
+  server.reply = httpAnswer(kParis);
+  make();
+  EXPECT_EQ(nominatim->attribution(), "");
+  EXPECT_EQ(ask(), "10 Rue Daru");
+  EXPECT_EQ(nominatim->attribution(), "Data © OpenStreetMap contributors");
+  EXPECT_THAT(server.requests,
+              ElementsAre(AllOf(StartsWith("GET /reverse?format=jsonv2&lat=0.00000&lon=0.00000&"),
+                                HasSubstr("\r\nUser-Agent: wayfell/"),
+                                HasSubstr("\r\nAccept-Language: de\r\n"))));
   EXPECT_THAT(warnings, IsEmpty());
 }
 
-TEST_F(NominatimTest, KeepsTheLoopGoing) {
+TEST_F(NominatimTest, AnswersEachRequestOnceAndNoneWhenItIsGone) {
+  server.reply = httpAnswer(kParis);
+  make();
+  request(std::nullopt);
+  EXPECT_THAT(streets, ElementsAre("none"));
+  // The second is asked from within an answer, and gone with the geocoder.
+  onAnswer = [this] {
+    onAnswer = [this] { nominatim.reset(); };
+    request();
+  };
+  request();
+  runUntilAnswers(3);
+  wait(0.05);
+  EXPECT_THAT(streets, ElementsAre("none", "10 Rue Daru", "10 Rue Daru"));
+  make();
+  request();
+  nominatim.reset();
+  wait(0.05);
+  EXPECT_EQ(streets.size(), 3U);
+}
+
+TEST_F(NominatimTest, SaysWhyThereIsNoAddress) {
   struct Case {
-    const char* what;
     std::string reply;
-    std::size_t piece;
     bool closes;
-    std::string street;
     std::string warning;
   };
-  const std::string ok = LoopbackServer::ok(kParis);
+  const std::string half = httpAnswer(kParis).substr(0, 100);
   const Case cases[] = {
-      {"slowly", ok, ok.size() / 10, true, "10 Rue Daru", ""},
-      {"never", "", 0, false, "none", "no answer in time"},
-      {"half, and then nothing", ok.substr(0, ok.size() / 2), 0, false, "none",
-       "no answer in time"},
-      {"half, and then closed", ok.substr(0, ok.size() / 2), 0, true, "none", "cut off"},
-      {"nothing, closed", "", 0, true, "none", ": no answer;"},
-      {"no HTTP", "\x01\x02\x03 garbage\n\n", 0, true, "none", "not HTTP"},
-      {"no JSON", LoopbackServer::ok("<html>"), 0, true, "none", "something else than an address"},
-      {"10 MB", LoopbackServer::ok(std::string(10000000, '[')), 0, true, "none", "too long"},
-      {"10 MB, whose length is not told", "HTTP/1.1 200 OK\r\n\r\n" + std::string(10000000, '['), 0,
-       true, "none", "too long"},
-      {"404", LoopbackServer::answer("404 Not Found", kParis), 0, true, "none", "status 404"},
-      {"elsewhere", LoopbackServer::answer("302 Found", kParis, "Location: file:///etc/passwd\r\n"),
-       0, true, "none", "nobody has agreed to"},
-      {"to another server",
-       LoopbackServer::answer("301 Moved", kParis, "Location: http://127.0.0.1:1/x\r\n"), 0, true,
-       "none", "sends on to http://127.0.0.1:1/x"},
-      {"an error of the server's", LoopbackServer::ok(R"({"error":"Unable to geocode"})"), 0, true,
-       "none", "no warning"},
+      {"", false, "no answer in time"},
+      {half, false, "no answer in time"},
+      {half, true, "cut off"},
+      {"", true, ": no answer;"},
+      {"\x01\x02\x03 garbage\n\n", true, "not HTTP"},
+      {httpAnswer("<html>"), true, "something else than an address"},
+      {httpAnswer(std::string(300'000, '[')), true, "too long"},
+      {"HTTP/1.1 200 OK\r\n\r\n" + std::string(300'000, '['), true, "too long"},
+      {httpAnswer(kParis, "404 Not Found"), true, "status 404"},
+      {httpAnswer(kParis, "302 Found", "Location: file:///etc/passwd\r\n"), true,
+       "nobody has agreed to"},
+      {httpAnswer(kParis, "301 Moved", "Location: http://127.0.0.1:1/x\r\n"), true,
+       "sends on to http://127.0.0.1:1/x"},
   };
   for (const Case& c : cases) {
-    SCOPED_TRACE(c.what);
+    SCOPED_TRACE(c.reply.substr(0, 50));
     server.reply = c.reply;
-    server.piece = c.piece;
     server.closesAfterwards = c.closes;
+    make(c.closes ? 10 : 0.3);
+    EXPECT_EQ(ask(), "none");
+    EXPECT_THAT(warnings, ElementsAre(HasSubstr(c.warning)));
     warnings.clear();
-    int ticks = 0;
-    const auto tick = loop.scheduleTimer(0.02, true, [&] { ++ticks; });
-    {
-      const bool answers = c.street != "none" || c.closes;
-      Nominatim nominatim = make(answers ? 10 : 0.3);
-      EXPECT_EQ(ask(nominatim), c.street);
-    }
-    loop.cancelTimer(tick);
-    // Ten pieces at 10 ms each, and 0.3 s until it gives up: 5 and 15 ticks. Some may fall
-    // together.
-    const int least = c.piece > 0 || !c.closes ? 3 : 0;
-    EXPECT_GE(ticks, least);
-    if (c.street != "none" || std::string(c.warning) == "no warning") {
-      EXPECT_THAT(warnings, IsEmpty());
-    } else {
-      EXPECT_THAT(warnings, ElementsAre(HasSubstr(c.warning)));
-    }
   }
+  // It has answered, and there is nothing.
+  server.reply = httpAnswer(R"({"error":"Unable to geocode"})");
+  make();
+  EXPECT_EQ(ask(), "none");
+  EXPECT_THAT(warnings, IsEmpty());
 }
 
 TEST_F(NominatimTest, WarnsOnceUntilItWorksAgain) {
-  Nominatim nominatim = make(10);
-  std::vector<std::string> streets;
+  make();
   for (const char* status : {"500 Oh", "500 Oh", "200 OK", "500 Oh"}) {
-    server.reply = LoopbackServer::answer(status, kParis);
-    streets.push_back(ask(nominatim));
+    server.reply = httpAnswer(kParis, status);
+    ask();
   }
   EXPECT_THAT(streets, ElementsAre("none", "none", "10 Rue Daru", "none"));
   EXPECT_EQ(warnings.size(), 2U);
 }
 
 TEST_F(NominatimTest, AsksAtMostOnceASecond) {
-  server.reply = LoopbackServer::ok(kParis);
-  Nominatim nominatim = make(10);
-  EXPECT_EQ(ask(nominatim), "10 Rue Daru");
+  server.reply = httpAnswer(kParis);
+  make();
+  ask();
   const auto start = std::chrono::steady_clock::now();
-  std::string replaced;
-  nominatim.reverseGeocode(CLLocation(),
-                           [&](const Places& places) { replaced = places ? "found" : "none"; });
-  EXPECT_EQ(ask(nominatim), "10 Rue Daru");
-  EXPECT_EQ(replaced, "none");
+  request();
+  request();  // in its place
+  runUntilAnswers(3);
+  EXPECT_THAT(streets, ElementsAre("10 Rue Daru", "none", "10 Rue Daru"));
   EXPECT_EQ(server.requests.size(), 2U);
   EXPECT_GT(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(800));
 }
 
 TEST_F(NominatimTest, LeavesAServerAloneThatWantsIt) {
-  struct Case {
-    const char* status;
-    const char* headers;
+  const std::string answers[] = {
+      httpAnswer("", "429 Too Many Requests", "Retry-After: 3600\r\n"),
+      httpAnswer("", "503 Oh", "Retry-After: Fri, 31 Dec 2100 23:59:59 GMT\r\n"),
+      httpAnswer("", "429 Too Many Requests"),
+      httpAnswer("", "503 Oh", "Retry-After: 1\r\n"),
   };
-  const Case cases[] = {
-      {"429 Too Many Requests", "Retry-After: 3600\r\n"},
-      {"503 Service Unavailable", "Retry-After: Fri, 31 Dec 2100 23:59:59 GMT\r\n"},
-      {"429 Too Many Requests", ""},
-  };
-  for (const Case& c : cases) {
-    server.reply = LoopbackServer::answer(c.status, "", c.headers);
+  for (const std::string& answer : answers) {
+    server.reply = answer;
     server.requests.clear();
     warnings.clear();
-    Nominatim nominatim = make(10);
-    for (int i = 0; i < 3; ++i) EXPECT_EQ(ask(nominatim), "none");
+    make();
+    for (int i = 0; i < 3; ++i) EXPECT_EQ(ask(), "none");
     EXPECT_EQ(server.requests.size(), 1U);
     EXPECT_THAT(warnings, ElementsAre(HasSubstr("status")));
   }
-}
-
-TEST_F(NominatimTest, AsksAgainAfterwards) {
-  server.reply = LoopbackServer::answer("503 Oh", "", "Retry-After: 1\r\n");
-  Nominatim nominatim = make(10);
-  EXPECT_EQ(ask(nominatim), "none");
-  EXPECT_EQ(ask(nominatim), "none");
-  server.reply = LoopbackServer::ok(kParis);
-  loop.scheduleTimer(1.1, false, [this] { loop.stop(); });  // the server's second
-  loop.run();
-  EXPECT_EQ(ask(nominatim), "10 Rue Daru");
+  server.reply = httpAnswer(kParis);
+  wait(1.1);  // the last one's second
+  EXPECT_EQ(ask(), "10 Rue Daru");
 }
 
 }  // namespace

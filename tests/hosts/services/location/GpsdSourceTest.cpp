@@ -8,7 +8,7 @@
 
 #include "hosts/loop/uv/EventLoop.h"
 #include "hosts/services/location/GpsdProbe.h"
-#include "support/Loopback.h"
+#include "support/Locations.h"
 
 namespace wayfell {
 namespace {

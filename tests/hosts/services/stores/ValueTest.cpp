@@ -1,17 +1,23 @@
-// How values are kept in rows, as docs/shared-suite.md has it; what stands in texts and JSON is
-// proven in SettingValueTest.cpp, that it comes back in ContractTest.cpp.
+// How values are kept in rows, as docs/shared-suite.md has it, and that they come back; what stands
+// in texts and JSON is proven in SettingValueTest.cpp.
 #include <gtest/gtest.h>
 
+#include <cfloat>
 #include <cmath>
+#include <limits>
 
+#include "WatchedStore.h"
 #include "hosts/services/stores/StoredValue.h"
 #include "support/Exactly.h"
+#include "support/Folder.h"
 
 namespace wayfell {
 namespace {
 
 using namespace std::string_literals;
 using Data = PropertyValue::Data;
+using List = PropertyValue::List;
+using Dictionary = PropertyValue::Dictionary;
 
 TEST(StoredValue, IsKeptAsDocumented) {
   struct Case {
@@ -29,8 +35,8 @@ TEST(StoredValue, IsKeptAsDocumented) {
       {"\xff", "text", Data{0xff}},
       {NSDate{812345678.5}, "date", 812345678.5},
       {Data{0xfb, 0xff}, "data", Data{0xfb, 0xff}},
-      {PropertyValue::List{1, NSDate{5}}, "list", R"([1,{"$date":5.0}])"s},
-      {PropertyValue::Dictionary{{"a", 1}}, "dictionary", R"({"a":1})"s},
+      {List{1, NSDate{5}}, "list", R"([1,{"$date":5.0}])"s},
+      {Dictionary{{"a", 1}}, "dictionary", R"({"a":1})"s},
   };
   for (const Case& c : cases) {
     EXPECT_EQ(encode(c.value), (StoredValue{c.type, c.column})) << exactly(c.value);
@@ -58,6 +64,65 @@ TEST(StoredValue, HasAColumnThatFitsItsType) {
   for (const auto& [type, column] : misfits) {
     EXPECT_THROW(decode(type, column), BadValue) << type << ' ' << column.index();
   }
+}
+
+// Another program writes each value, and yet another reads it.
+TEST(StoredValue, IsKeptExactly) {
+  const Folder folder;
+  const auto file = folder / "suite.db";
+  constexpr double kInfinity = std::numeric_limits<double>::infinity();
+  const List nested = {1,
+                       1.0,
+                       "1",
+                       -0.0,
+                       std::nan(""),
+                       -kInfinity,
+                       NSDate{-0.5},
+                       Data{0, 255},
+                       "a\0b"s,
+                       "\xff"s,
+                       List{},
+                       Dictionary{{"", List{NSDate{kInfinity}}}}};
+  const PropertyValue values[] = {
+      std::numeric_limits<std::int64_t>::min(), std::numeric_limits<std::int64_t>::max(), true, 0.0,
+      -0.0, 1.0, 0.1, 1e22, DBL_MAX, DBL_TRUE_MIN, kInfinity, -kInfinity, std::nan(""), "", "1",
+      "\u00e9\n\U0001F9ED", "a\0b"s, "\0"s, "\xff\xfe",
+      "\xed\xa0\x80",  // a surrogate, which UTF-8 has not
+      NSDate{0}, NSDate{812345678.123456}, NSDate{std::nan("")}, Data{}, Data{0}, List{}, nested,
+      List{List{List{}}}, Dictionary{}, Dictionary{{"a", 1}, {"b", nested}},
+      // What a mark in JSON could be taken for.
+      Dictionary{{"$date", 12}}, Dictionary{{"$dictionary", List{}}}, Dictionary{{"$", "x"}},
+      Dictionary{{"$date", 12}, {"$data", "AAAA"}}, Dictionary{{"\xff", 1}, {"a\0b"s, 2}}};
+  for (const PropertyValue& value : values) {
+    // In place of another value, and of one that compares equal.
+    WatchedStore(file).store.set("same", value);
+    const WatchedStore reader(file, SqliteStore::Access::readOnly);
+    const PropertyValue* const found = reader.store.find("same");
+    ASSERT_NE(found, nullptr) << exactly(value);
+    EXPECT_EQ(exactly(*found), exactly(value));
+  }
+}
+
+TEST(StoredValue, IsFoundByItsKeyOnly) {
+  const Folder folder;
+  WatchedStore opened(folder / "suite.db");
+  SqliteStore& store = opened.store;
+  const std::string keys[] = {"",         "units",     "Units", "units ",
+                              "uni",      "u\0nits"s,  "u\0"s,  "\xff",
+                              "\xc3\xa9", "e\xcc\x81", "12",    "'; DROP TABLE settings; --"};
+  int number = 0;
+  for (const std::string& key : keys) store.set(key, ++number);
+  number = 0;
+  for (const std::string& key : keys) {
+    const PropertyValue* const found = store.find(key);
+    ASSERT_NE(found, nullptr) << key;
+    EXPECT_EQ(*found, PropertyValue(++number)) << key;
+  }
+  store.set("units", std::nullopt);
+  store.set("absent", std::nullopt);
+  EXPECT_EQ(store.find("units"), nullptr);
+  EXPECT_EQ(store.find("absent"), nullptr);
+  EXPECT_EQ(*store.find("Units"), PropertyValue(3));
 }
 
 }  // namespace

@@ -19,7 +19,6 @@ TEST(UserTexts, LanguagesAreThoseOfTheEnvironment) {
     std::vector<std::string> names;
   };
   const Case cases[] = {
-      {"", "", "", "", {}},
       {"", "", "", "de_AT.UTF-8", {"de_AT"}},
       {"", "", "fr_FR.UTF-8", "de_AT.UTF-8", {"fr_FR"}},
       {"", "ar", "fr_FR.UTF-8", "de_AT.UTF-8", {"ar"}},
@@ -28,7 +27,6 @@ TEST(UserTexts, LanguagesAreThoseOfTheEnvironment) {
       {"fr", "", "", "C.UTF-8", {"fr"}},
       {"fr", "", "", "C", {}},
       {"fr", "POSIX", "", "de_DE", {}},
-      {"", "", "", "C.UTF-8", {}},
       {"", "", "", "sr_RS.UTF-8@latin", {"sr_RS@latin"}},
       {"es_419::de", "", "", "en", {"es_419", "de"}},
       {"fr:en_GB:de", "", "", "de_DE", {"fr", "en_GB"}},

@@ -11,7 +11,7 @@
 #include "hosts/window/positions/GeoclueFeed.h"
 #include "hosts/window/positions/NmeaFeed.h"
 #include "hosts/window/positions/QtPositionSource.h"
-#include "support/Loopback.h"
+#include "support/Locations.h"
 
 namespace wayfell {
 namespace {

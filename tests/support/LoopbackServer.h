@@ -1,5 +1,4 @@
-// What the tests of location sources stand on: a loop that runs until something is so, a host, a
-// delegate that keeps what it is told, and a server on a loopback port of the same loop.
+// A run loop that runs until something is so, and a server on a loopback port of the same loop.
 #pragma once
 
 #include <arpa/inet.h>
@@ -12,14 +11,9 @@
 #include <functional>
 #include <map>
 #include <string>
-#include <thread>
 #include <utility>
-#include <vector>
 
 #include "hosts/loop/IoRunLoop.h"
-#include "hosts/services/location/GpsdSource.h"
-#include "platform/CLLocationManager.h"
-#include "platform/SimulatedHost.h"
 
 namespace wayfell {
 
@@ -39,36 +33,6 @@ void runUntil(Loop& loop, const std::function<bool()>& condition) {
   loop.cancelTimer(deadline);
   ASSERT_FALSE(late) << "what was waited for has not happened";
 }
-
-/// A host for location managers; all but the source is simulated.
-struct LocationHost : SimulatedHost {
-  LocationSource* source = nullptr;
-  LocationSource& locationSource() override { return *source; }
-};
-
-struct Received : CLLocationManagerDelegate {
-  std::vector<CLLocation> fixes;
-  std::vector<CLHeading> headings;
-  std::vector<std::thread::id> threads;
-  std::function<void()> onFixes;
-
-  void locationManagerDidUpdateLocations(CLLocationManager& /*manager*/,
-                                         const std::vector<CLLocation>& locations) override {
-    fixes.insert(fixes.end(), locations.begin(), locations.end());
-    threads.push_back(std::this_thread::get_id());
-    if (onFixes) onFixes();
-  }
-  void locationManagerDidUpdateHeading(CLLocationManager& /*manager*/,
-                                       const CLHeading& heading) override {
-    headings.push_back(heading);
-    threads.push_back(std::this_thread::get_id());
-  }
-  std::vector<double> latitudes() const {
-    std::vector<double> all;
-    for (const CLLocation& fix : fixes) all.push_back(fix.coordinate.latitude);
-    return all;
-  }
-};
 
 /// Listens on 127.0.0.1. It greets each who connects, keeps what they ask, and says what it is
 /// told.
@@ -155,11 +119,5 @@ class LoopbackServer {
   IoRunLoop::WatchId watch_ = 0;
   std::map<int, IoRunLoop::WatchId> clients_;
 };
-
-inline GpsdAddress loopback(int port) { return {"127.0.0.1", std::to_string(port)}; }
-
-/// Enough to go round quickly, long enough for a busy machine.
-inline constexpr GpsdIntervals kQuick = {
-    .retry = {.first = 0.02, .longest = 0.08}, .tick = 0.2, .parts = 0.05};
 
 }  // namespace wayfell
