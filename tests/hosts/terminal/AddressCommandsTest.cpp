@@ -2,9 +2,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <csignal>
-#include <fstream>
-
 #include "support/Folder.h"
 #include "support/Program.h"
 
@@ -19,15 +16,6 @@ using testing::StartsWith;
 
 constexpr const char* kHeader = "LON,LAT,NUMBER,STREET,CITY,REGION\n";
 
-// Rows of one street, from the equator to the north; more than pipes and buffers hold.
-std::string manyRows() {
-  std::string rows = kHeader;
-  for (int i = 0; i < 20000; ++i) {
-    rows += "7," + std::to_string(i * 1e-5) + ',' + std::to_string(i) + ",New Street,Town,X\n";
-  }
-  return rows;
-}
-
 class AddressesTest : public testing::Test {
  protected:
   AddressesTest() {
@@ -39,17 +27,31 @@ class AddressesTest : public testing::Test {
   std::string book() const { return file("data/wayfell/addresses.db"); }
   void write(const std::string& name, const std::string& content) const {
     std::filesystem::create_directories((folder / name).parent_path());
-    std::ofstream(folder / name) << content;
+    putBytes(folder / name, content);
   }
-  std::vector<std::string> command(std::vector<std::string> arguments) const {
-    const std::vector<std::string> start = {"env", "XDG_DATA_HOME=" + file("data"),
-                                            "XDG_CONFIG_HOME=" + file("config"), WAYFELL_PROGRAM,
-                                            "addresses"};
-    arguments.insert(arguments.begin(), start.begin(), start.end());
-    return arguments;
+  Finished wayfell(std::vector<std::string> arguments, const std::string& input = "") const {
+    arguments.insert(arguments.begin(), start_.begin(), start_.end());
+    return run(arguments, input);
   }
-  Finished wayfell(const std::vector<std::string>& arguments, const std::string& input = "") const {
-    return run(command(arguments), input);
+  // Runs a line of bash, in which $addresses stands for the program and $many is a file with more
+  // rows of one street, from the equator to the north, than pipes and buffers hold.
+  Finished shell(const std::string& line) const {
+    std::string rows = kHeader;
+    for (int i = 0; i < 20000; ++i) {
+      rows += "7," + std::to_string(i * 1e-5) + ',' + std::to_string(i) + ",New Street,Town,X\n";
+    }
+    write("many.csv", rows);
+    std::string start;
+    for (const std::string& word : start_) start += word + ' ';
+    return run({"bash", "-c", "many=" + file("many.csv") + " addresses='" + start + "'; " + line});
+  }
+  // Likewise while an import, $half_PID, has taken all of $many but what the pipe holds, and waits
+  // for more from ${half[1]}.
+  Finished duringAnImport(const std::string& line) const {
+    return shell(
+        "coproc half { exec $addresses import --country US - >/dev/null 2>&1; }; "
+        "cat $many >&${half[1]}; " +
+        line);
   }
   void expectOldBook() const {
     EXPECT_THAT(wayfell({"find", "0", "7"}).output, StartsWith("1 Old Street, Town, X\n"));
@@ -57,6 +59,9 @@ class AddressesTest : public testing::Test {
   }
 
   Folder folder;
+  const std::vector<std::string> start_ = {"env", "XDG_DATA_HOME=" + file("data"),
+                                           "XDG_CONFIG_HOME=" + file("config"), WAYFELL_PROGRAM,
+                                           "addresses"};
 };
 
 TEST_F(AddressesTest, ImportsAndFinds) {
@@ -125,83 +130,28 @@ TEST_F(AddressesTest, KeepsTheOldBookWhenAFileIsBad) {
 }
 
 TEST_F(AddressesTest, KeepsTheOldBookWhenTheDiskIsFull) {
-  write("many.csv", manyRows());
-  std::string line = "ulimit -f 200; trap '' XFSZ; exec";
-  for (const std::string& word : command({"import", file("many.csv")})) line += " '" + word + "'";
-  const Finished finished = run({"bash", "-c", line});
+  const Finished finished = shell("ulimit -f 200; trap '' XFSZ; exec $addresses import $many");
   EXPECT_EQ(finished.status, 1);
   EXPECT_THAT(finished.errors, HasSubstr("the address book is as it was"));
   expectOldBook();
 }
 
-// An import that has read some of its input, and waits for more.
-class HalfImport {
- public:
-  explicit HalfImport(const std::vector<std::string>& command) {
-    int ends[2] = {};
-    EXPECT_EQ(pipe(ends), 0);
-    child_ = fork();
-    if (child_ == 0) {
-      dup2(ends[0], STDIN_FILENO);
-      close(ends[1]);
-      for (const int output : {STDOUT_FILENO, STDERR_FILENO})
-        dup2(open("/dev/null", O_WRONLY), output);
-      become(command);
-    }
-    close(ends[0]);
-    input_ = ends[1];
-    // Returns when the program has taken all but what the pipe holds.
-    const std::string rows = manyRows();
-    EXPECT_EQ(write(input_, rows.data(), rows.size()), static_cast<ssize_t>(rows.size()));
-  }
-  ~HalfImport() { close(input_); }
-  HalfImport(const HalfImport&) = delete;
-  HalfImport& operator=(const HalfImport&) = delete;
-
-  /// How it ended.
-  int endBy(int signal) const {
-    kill(child_, signal);
-    return status();
-  }
-  int endInput() {
-    close(input_);
-    input_ = -1;
-    return status();
-  }
-
- private:
-  int status() const {
-    int status = 0;
-    waitpid(child_, &status, 0);
-    return status;
-  }
-
-  pid_t child_ = -1;
-  int input_ = -1;
-};
-
 TEST_F(AddressesTest, KeepsTheOldBookWhenKilled) {
-  {
-    const HalfImport half(command({"import", "--country", "US", "-"}));
-    EXPECT_EQ(WTERMSIG(half.endBy(SIGKILL)), SIGKILL);
-  }
+  EXPECT_EQ(duringAnImport("kill -KILL $half_PID; wait $half_PID").status, 128 + SIGKILL);
   EXPECT_THAT(wayfell({"find", "0", "7"}).output, StartsWith("1 Old Street"));
   EXPECT_TRUE(std::filesystem::exists(book() + ".new"));
-  {
-    const HalfImport half(command({"import", "--country", "US", "-"}));
-    EXPECT_EQ(WTERMSIG(half.endBy(SIGINT)), SIGINT);
-  }
+  EXPECT_EQ(duringAnImport("kill -TERM $half_PID; wait $half_PID").status, 128 + SIGTERM);
   expectOldBook();
   EXPECT_EQ(wayfell({"import", "--add", "-"}, std::string(kHeader) + "7,9,1,a,b,c\n").status, 0);
   expectOldBook();
 }
 
 TEST_F(AddressesTest, ImportsOneAtATime) {
-  HalfImport half(command({"import", "--country", "US", "-"}));
-  const Finished second = wayfell({"import", file("old.csv")});
-  EXPECT_EQ(second.status, 1);
-  EXPECT_THAT(second.errors, HasSubstr("another import is at work"));
-  EXPECT_EQ(half.endInput(), 0);
+  const Finished finished =
+      duringAnImport("$addresses import $many; echo $?; eval exec ${half[1]}'>&-'; wait $half_PID");
+  EXPECT_EQ(finished.output, "1\n");
+  EXPECT_THAT(finished.errors, HasSubstr("another import is at work"));
+  EXPECT_EQ(finished.status, 0);
   EXPECT_THAT(wayfell({"find", "0", "7"}).output, StartsWith("0 New Street"));
 }
 

@@ -17,12 +17,23 @@ Finished wayfell(std::vector<std::string> arguments, const std::string& input = 
   return run(arguments, input);
 }
 
+struct Answer {
+  std::vector<std::string> arguments;
+  std::string output;
+};
+
+void expectAnswers(const std::string& command, const std::vector<Answer>& answers) {
+  for (Answer answer : answers) {
+    answer.arguments.insert(answer.arguments.begin(), command);
+    const Finished finished = wayfell(answer.arguments);
+    EXPECT_EQ(finished.output, answer.output);
+    EXPECT_EQ(finished.errors, "");
+    EXPECT_EQ(finished.status, 0);
+  }
+}
+
 TEST(ConvertTest, PrintsWhatIsAskedFor) {
-  struct Case {
-    std::vector<std::string> arguments;
-    std::string output;
-  };
-  const Case cases[] = {
+  const std::vector<Answer> cases = {
       {{"48.2082", "16.3738"},
        "dec   48.20820°N, 16.37380°E\n"
        "dm    48° 12.4920' N, 16° 22.4280' E\n"
@@ -41,14 +52,7 @@ TEST(ConvertTest, PrintsWhatIsAskedFor) {
       {{"--json", "--to", "dm", "-0.5", "1"},
        "{\"latitude\":-0.5,\"longitude\":1.0,\"dm\":\"0° 30.0000' S, 1° 0.0000' E\"}\n"},
   };
-  for (const Case& c : cases) {
-    std::vector<std::string> arguments = {"convert"};
-    arguments.insert(arguments.end(), c.arguments.begin(), c.arguments.end());
-    const Finished finished = wayfell(arguments);
-    EXPECT_EQ(finished.output, c.output);
-    EXPECT_EQ(finished.errors, "");
-    EXPECT_EQ(finished.status, 0);
-  }
+  expectAnswers("convert", cases);
 }
 
 TEST(ConvertTest, ComplainsOfBadLinesAndGoesOn) {
@@ -95,28 +99,14 @@ TEST(ConvertTest, ComplainsOfBadLinesAndGoesOn) {
   EXPECT_EQ(std::count(finished.errors.begin(), finished.errors.end(), '\n'), complaints);
 }
 
+// Reads an answer after each line, and would wait for one for ever.
 TEST(ConvertTest, AnswersALineBeforeTheNextOne) {
-  int toProgram[2];
-  int fromProgram[2];
-  ASSERT_EQ(pipe(toProgram), 0);
-  ASSERT_EQ(pipe(fromProgram), 0);
-  const pid_t child = fork();
-  if (child == 0) {
-    dup2(toProgram[0], STDIN_FILENO);
-    dup2(fromProgram[1], STDOUT_FILENO);
-    close(toProgram[1]);
-    become({WAYFELL_PROGRAM, "convert", "--to", "dec"});
-  }
-  for (const char* line : {"1 2\n", "3 4\n"}) {
-    ASSERT_EQ(write(toProgram[1], line, 4), 4);
-    char answer[64];
-    EXPECT_GT(read(fromProgram[0], answer, sizeof answer), 20);  // waits for ever if there is none
-  }
-  close(toProgram[1]);
-  int status = -1;
-  waitpid(child, &status, 0);
-  EXPECT_EQ(status, 0);
-  for (const int end : {toProgram[0], fromProgram[0], fromProgram[1]}) close(end);
+  EXPECT_EQ(run({"bash", "-c",
+                 "coproc '" WAYFELL_PROGRAM "' convert --to dec; "
+                 "for line in '1 2' '3 4'; do"
+                 "  echo $line >&${COPROC[1]}; read -r answer <&${COPROC[0]}; echo $answer; done"})
+                .output,
+            "1.00000°N, 2.00000°E\n3.00000°N, 4.00000°E\n");
 }
 
 TEST(ConvertTest, RefusesDatums) {
@@ -133,11 +123,7 @@ TEST(ConvertTest, RefusesDatums) {
 // One degree of a great circle of radius 6378137 m is 111319.49 m, 60.107 nautical miles or 69.17
 // miles.
 TEST(DistanceTest, MeasuresAndGoes) {
-  struct Case {
-    std::vector<std::string> arguments;
-    std::string output;
-  };
-  const Case cases[] = {
+  const std::vector<Answer> cases = {
       {{"0", "0", "0", "1"}, "distance  111.32 km\nbearing   90.0°\n"},
       {{"--units", "nautical", "--mils", "0", "0", "0", "-1"},
        "distance  60.11 nm\nbearing   4800 mils\n"},
@@ -146,13 +132,7 @@ TEST(DistanceTest, MeasuresAndGoes) {
       {{"--bearing", "90", "--distance", "111319.49079327", "0", "179.5"},
        "0.00000000 -179.50000000\n"},
   };
-  for (const Case& c : cases) {
-    std::vector<std::string> arguments = {"distance"};
-    arguments.insert(arguments.end(), c.arguments.begin(), c.arguments.end());
-    const Finished finished = wayfell(arguments);
-    EXPECT_EQ(finished.output, c.output);
-    EXPECT_EQ(finished.status, 0) << finished.errors;
-  }
+  expectAnswers("distance", cases);
 }
 
 TEST(DatumsTest, SaysWhatIsApplied) {

@@ -1,0 +1,213 @@
+// What a live scene makes of its source, on a clock of the test's; and from a source's name to a
+// scene that shows it.
+#include <gtest/gtest.h>
+
+#include "hosts/live/LiveScene.h"
+#include "hosts/live/OpenSource.h"
+#include "hosts/loop/uv/EventLoop.h"
+#include "hosts/services/location/GpsdProbe.h"
+#include "hosts/text/InputError.h"
+#include "platform/SimulatedHost.h"
+#include "support/Folder.h"
+
+namespace wayfell {
+namespace {
+
+using namespace std::chrono_literals;
+
+// Files are in a folder of the test's, and the source says what the test says.
+class Live : public testing::Test {
+ protected:
+  Live() {
+    for (const char* name : {"HOME", "XDG_DATA_HOME", "XDG_CONFIG_HOME"}) {
+      setenv(name, folder.path().c_str(), 1);
+    }
+    setenv("LC_ALL", "C", 1);
+  }
+
+  SourceStatus status() {
+    return {[] { return "what the test says"; }, [this] { return trouble; },
+            [this] { return hasCompass; }};
+  }
+
+  Folder folder;
+  EventLoop loop;
+  std::string trouble;
+  bool hasCompass = false;
+  std::vector<std::string> warnings;
+  Warn warn = [this](const std::string& sentence) { warnings.push_back(sentence); };
+};
+
+class LiveScenes : public Live {
+ protected:
+  // A fix on the equator, with no speed.
+  void report(double longitude, double course = -1) {
+    source.deliver(
+        std::vector{CLLocation{{0, longitude}, 100, 5, 5, -1, course, systemClock().now()}});
+    scene->settle();
+  }
+  std::string heading() const {
+    return scene->interface().views().headingLabel.text().value_or("");
+  }
+
+  SimulatedLocationSource source;
+  std::chrono::steady_clock::time_point now{};
+  LiveHost host{loop, source, warn};
+  std::unique_ptr<LiveScene> scene =
+      std::make_unique<LiveScene>(host, status(), [this] { return now; });
+};
+
+TEST_F(LiveScenes, TellOfTheSourcesTroubleAndTheFixsAge) {
+  struct Case {
+    std::chrono::milliseconds passed;
+    const char* trouble;
+    const char* warning;
+  };
+  EXPECT_EQ(scene->lines().warning, "no fix yet");
+  trouble = "no receiver";
+  EXPECT_EQ(scene->lines().warning, "no receiver");
+  report(1);
+  // The age comes first, which is never cut off; a fix of 5 s is fresh.
+  const Case cases[] = {{0s, "", ""},
+                        {5s, "silent", "silent"},
+                        {6s, "", "fix 11 s old"},
+                        {1s, "no contact", "fix 12 s old, no contact"}};
+  for (const Case& each : cases) {
+    now += each.passed;
+    trouble = each.trouble;
+    scene->settle();
+    EXPECT_EQ(scene->lines().warning, each.warning);
+  }
+  report(2);
+  EXPECT_EQ(scene->lines().warning, "no contact");
+  scene->disappear();
+  EXPECT_EQ(scene->lines().warning, "");
+}
+
+// c goes from what there is to the other one for good, and back.
+TEST_F(LiveScenes, ShowTheCompassOrTheCourse) {
+  report(1, 45);
+  EXPECT_EQ(heading(), "45°");
+  EXPECT_EQ(scene->lines().state, "course");
+  hasCompass = true;
+  scene->settle();
+  source.deliver(CLHeading{90, 88, 5});
+  EXPECT_EQ(heading(), "90°");
+  EXPECT_EQ(scene->lines().state, "compass, true");
+
+  scene->act({PanelAction::chooseHeading});
+  EXPECT_EQ(scene->takeNews(), "heading: the course, always");
+  EXPECT_EQ(scene->takeNews(), std::nullopt);
+  report(2, 180);
+  source.deliver(CLHeading{91, 89, 5});
+  EXPECT_EQ(heading(), "180°");
+  scene->act({PanelAction::chooseHeading});
+  EXPECT_EQ(scene->takeNews(), "heading: the compass where there is one, else the course");
+  EXPECT_EQ(scene->lines().state, "compass, true");
+
+  hasCompass = false;
+  scene->act({PanelAction::chooseHeading});
+  EXPECT_EQ(scene->takeNews(), "heading: the compass, always");
+  EXPECT_EQ(scene->lines().state, "compass, true");
+}
+
+TEST_F(LiveScenes, ListenWhileTheyAreOnTheScreen) {
+  EXPECT_TRUE(source.updatingLocation());
+  scene->disappear();
+  EXPECT_FALSE(scene->onScreen());
+  EXPECT_FALSE(source.updatingLocation());
+  report(1);
+  EXPECT_EQ(scene->controller().currentLocation, std::nullopt);
+  scene->appear();
+  report(2);
+  EXPECT_EQ(scene->controller().currentLocation->coordinate.longitude, 2);
+}
+
+TEST_F(LiveScenes, KeepWhatTheUserDoesAndShowWhatOthersWrite) {
+  host.sharedDefaults("group.org.wayfell.Wayfell")->set("compassHeading", PropertyValue(1));
+  scene->act({PanelAction::switchLayout});
+  scene->disappear();
+  scene->appear();
+  hasCompass = true;
+  scene->settle();
+  EXPECT_EQ(scene->lines().state, "compass, magnetic");
+  Stores others([] { return 1; }, warn);
+  const PropertyValue* const hidden =
+      others.sharedDefaults("group.org.wayfell.Wayfell")->find("viewHidden");
+  ASSERT_NE(hidden, nullptr);
+  EXPECT_TRUE(hidden->boolValue());
+  EXPECT_TRUE(warnings.empty()) << warnings.front();
+}
+
+class OpenedSources : public Live {
+ protected:
+  LiveKind kind(const std::string& name, bool isThere) {
+    return {.name = name,
+            .forms = {{name, "where " + name + "s are"}},
+            .takes = [](const std::string& where) { return where.empty(); },
+            .open =
+                [this](HostRunLoop& /*loop*/, const std::string& /*where*/) {
+                  return LiveSource{std::make_unique<SimulatedLocationSource>(), status()};
+                },
+            .called = name,
+            .isThere = [isThere](HostRunLoop& /*loop*/) { return isThere; }};
+  }
+  OpenedSource open(const Sources& sources, const std::string& source) {
+    SourceWishes wishes;
+    wishes.source = *sources.choiceOf(source);
+    return openSource(loop, sources, wishes, warn);
+  }
+};
+
+TEST_F(OpenedSources, AreTheFirstThatIsThereOrElseTheDemo) {
+  if (gpsdAnswers(loop, {})) GTEST_SKIP() << "this machine has a gpsd";
+  const Sources boat({kind("kite", false), kind("boat", true)});
+  const OpenedSource live = open(boat, "auto");
+  EXPECT_EQ(live.missing, "no gpsd at localhost:2947 and no kite: positions are boat's");
+  EXPECT_EQ(live.stage->scene().lines().badge, "LIVE");
+  EXPECT_EQ(live.stage->player(), nullptr);
+}
+
+TEST_F(OpenedSources, SayWhatTheyAre) {
+  const auto gpx = folder / "walk\x1b.gpx";
+  putBytes(gpx, R"(<gpx><trk><trkseg><trkpt lat="1" lon="2"/></trkseg></trk></gpx>)");
+  struct Case {
+    std::string source;
+    const char* badge;
+    std::string title;
+    std::optional<std::string> note;
+  };
+  const Case cases[] = {
+      {"demo", "DEMO", "a walk nobody took", std::nullopt},
+      {"replay=" + gpx.string(), "REPLAY", "walk .gpx",
+       "the track has no times: its points are taken one second apart"},
+      {"gpsd=127.0.0.1:1", "LIVE", "gpsd at 127.0.0.1:1", std::nullopt},
+  };
+  for (const Case& each : cases) {
+    const OpenedSource opened = open(Sources(), each.source);
+    EXPECT_EQ(opened.stage->scene().lines().badge, each.badge);
+    EXPECT_EQ(opened.stage->scene().lines().title, each.title);
+    EXPECT_EQ(opened.note, each.note);
+    EXPECT_EQ(opened.missing, std::nullopt);
+  }
+}
+
+TEST_F(OpenedSources, NameTheRecordingThatCannotBeRead) {
+  const auto complaint = [this](const std::string& text) {
+    putBytes(folder / "bad", text);
+    try {
+      const OpenedSource opened = open(Sources(), "replay=" + (folder / "bad").string());
+      opened.stage->player()->advanceTo(10);
+      return opened.stage->fault().value_or("");
+    } catch (const InputError& error) {
+      return std::string(error.what());
+    }
+  };
+  const std::string name = (folder / "bad").string();
+  EXPECT_EQ(complaint(""), name + ": empty");
+  EXPECT_EQ(complaint("{\"t\":1,\"appear\":true}\n{\"t\":2,\"fly\":true}"),
+            name + ": line 2: fly: unknown event");
+}
+
+}  // namespace
+}  // namespace wayfell
