@@ -18,17 +18,17 @@ class StoreCommandsTest : public testing::Test {
  protected:
   std::string path(const std::string& file) const { return folder_ / file; }
 
-  Finished wayfell(const std::vector<std::string>& arguments, const std::string& input = "") const {
-    std::vector<std::string> command = {"env", "XDG_DATA_HOME=" + path("data"),
-                                        "XDG_CONFIG_HOME=" + path("config"), WAYFELL_PROGRAM};
-    command.insert(command.end(), arguments.begin(), arguments.end());
-    return run(command, input);
+  /// The rest of the line is read by a shell, in the folder of the test.
+  Finished wayfell(const std::string& arguments, const std::string& input = "") const {
+    return run({"env", "-C", folder_.path(), "XDG_DATA_HOME=" + path("data"),
+                "XDG_CONFIG_HOME=" + path("config"), "sh", "-c", WAYFELL_PROGRAM " " + arguments},
+               input);
   }
 
   /// Runs what must go well without a word.
-  void done(const std::vector<std::string>& arguments) const {
+  void done(const std::string& arguments) const {
     const Finished finished = wayfell(arguments);
-    EXPECT_EQ(finished.status, 0) << arguments[0] << ' ' << arguments[1];
+    EXPECT_EQ(finished.status, 0) << arguments;
     EXPECT_EQ(finished.output + finished.errors, "");
   }
 
@@ -47,13 +47,13 @@ class StoreCommandsTest : public testing::Test {
 };
 
 TEST_F(StoreCommandsTest, SavesValuesWithTheirTypes) {
-  done({"settings", "set", "speed", "2"});
-  done({"settings", "set", "rotateMap", "false"});
-  done({"settings", "set", "real", "2.5"});
-  done({"settings", "set", "--type=text", "text", "12"});
-  done({"settings", "set", "--type", "date", "date", "-0.5"});
-  done({"settings", "set", "gone", "1"});
-  done({"settings", "unset", "gone"});
+  done("settings set speed 2");
+  done("settings set rotateMap false");
+  done("settings set real 2.5");
+  done("settings set --type=text text 12");
+  done("settings set --type date date -0.5");
+  done("settings set gone 1");
+  done("settings unset gone");
   EXPECT_EQ(saved(kSuite),
             "date date -0.5\n"
             "real real 2.5\n"
@@ -63,98 +63,90 @@ TEST_F(StoreCommandsTest, SavesValuesWithTheirTypes) {
 }
 
 TEST_F(StoreCommandsTest, ShowsWhatIsThere) {
-  done({"settings", "set", "units", "1"});
-  done({"settings", "set", "note", "two words"});
-  done({"settings", "--local", "set", "--type", "date", "addressDate", "2026-05-01T12:30:00.25Z"});
-  EXPECT_EQ(wayfell({"settings", "list"}).output,
+  done("settings set units 1");
+  done("settings set note 'two words'");
+  done("settings --local set --type date addressDate 2026-05-01T12:30:00.25Z");
+  EXPECT_EQ(wayfell("settings list").output,
             "note   text     two words\n"
             "units  integer  1          metric\n");
-  EXPECT_EQ(wayfell({"settings", "list", "--json"}).output,
+  EXPECT_EQ(wayfell("settings list --json").output,
             "{\"key\":\"note\",\"type\":\"text\",\"value\":\"two words\"}\n"
             "{\"key\":\"units\",\"type\":\"integer\",\"value\":1}\n");
-  EXPECT_EQ(wayfell({"settings", "get", "note"}).output, "two words\n");
-  EXPECT_EQ(wayfell({"settings", "get", "units", "--json"}).output,
+  EXPECT_EQ(wayfell("settings get note").output, "two words\n");
+  EXPECT_EQ(wayfell("settings get units --json").output,
             "{\"key\":\"units\",\"type\":\"integer\",\"value\":1}\n");
   // 9251 days from 2001 to May 2026, and 12 hours and a half.
-  EXPECT_EQ(wayfell({"settings", "list", "--local"}).output,
+  EXPECT_EQ(wayfell("settings list --local").output,
             "addressDate  date  799331400.25  2026-05-01T12:30:00.25Z\n");
 }
 
 TEST_F(StoreCommandsTest, ListsHaveNothingToSayOfFreshFolders) {
   for (const char* store : {"--suite", "--local", "--cloud"}) {
-    done({"settings", store, "list"});
+    done(std::string("settings list ") + store);
   }
-  const Finished missing = wayfell({"settings", "get", "units"});
+  const Finished missing = wayfell("settings get units");
   EXPECT_EQ(missing.status, 1);
   EXPECT_EQ(missing.output, "");
   EXPECT_THAT(missing.errors, HasSubstr("have no \"units\" (" + path(kSuite)));
-  EXPECT_EQ(wayfell({"waypoint", "show"}).status, 1);
+  EXPECT_EQ(wayfell("waypoint show").status, 1);
   EXPECT_FALSE(std::filesystem::exists(path("data")));
-  EXPECT_EQ(wayfell({"settings", "unset", "units"}).status, 1);
+  EXPECT_EQ(wayfell("settings unset units").status, 1);
 }
 
 TEST_F(StoreCommandsTest, SavesWhatTheWidgetCannotUseAndSaysSo) {
-  struct Case {
-    std::vector<std::string> arguments;  // of settings
-    std::string note;
+  const std::pair<const char*, std::string> cases[] = {
+      {"set units 7", "units: set, but the widget knows only 0 imperial, 1 metric"},
+      {"set --type text speed fast", "reads this text as 0"},
+      {"set waypointLatitude 90.5", "knows only -90 to 90"},
+      {"set --type real waypointLongitude nan", "knows only -180 to 180"},
+      {"set time -1", "knows only 0 and more"},
+      {"set utmType 1", "reads it from the widget's own settings"},
+      {"--local set distance 5", "reads it from the shared settings"},
+      {"--local set units 1", "until a panel that appears copies"},
+      {"--local set selectedDatum Adindan", "lists no such name"},
+      {"--local set --type integer addressDate 5", "reads this integer as none"},
+      {"set units 2", ""},
+      {"set waypointLatitude -90", ""},
+      {"set keyOfTheApp 7", ""},
+      {"--local set selectedDatum Adindan---Sudan", ""},
   };
-  const Case cases[] = {
-      {{"set", "units", "7"}, "units: set, but the widget knows only 0 imperial, 1 metric"},
-      {{"set", "--type", "text", "speed", "fast"}, "reads this text as 0"},
-      {{"set", "waypointLatitude", "90.5"}, "knows only -90 to 90"},
-      {{"set", "--type", "real", "waypointLongitude", "nan"}, "knows only -180 to 180"},
-      {{"set", "time", "-1"}, "knows only 0 and more"},
-      {{"set", "utmType", "1"}, "reads it from the widget's own settings"},
-      {{"--local", "set", "distance", "5"}, "reads it from the shared settings"},
-      {{"--local", "set", "units", "1"}, "until a panel that appears copies"},
-      {{"--local", "set", "selectedDatum", "Adindan"}, "lists no such name"},
-      {{"--local", "set", "--type", "integer", "addressDate", "5"}, "reads this integer as none"},
-      {{"set", "units", "2"}, ""},
-      {{"set", "waypointLatitude", "-90"}, ""},
-      {{"set", "keyOfTheApp", "7"}, ""},
-      {{"--local", "set", "selectedDatum", "Adindan---Sudan"}, ""},
-  };
-  for (const Case& c : cases) {
-    std::vector<std::string> arguments = {"settings"};
-    arguments.insert(arguments.end(), c.arguments.begin(), c.arguments.end());
-    const Finished finished = wayfell(arguments);
-    SCOPED_TRACE(c.note);
+  for (const auto& [arguments, note] : cases) {
+    const Finished finished = wayfell(std::string("settings ") + arguments);
     EXPECT_EQ(finished.status, 0) << finished.errors;
-    EXPECT_THAT(finished.errors, HasSubstr(c.note));
-    EXPECT_EQ(finished.errors.empty(), c.note.empty()) << finished.errors;
+    EXPECT_THAT(finished.errors, HasSubstr(note));
+    EXPECT_EQ(finished.errors.empty(), note.empty()) << finished.errors;
   }
   EXPECT_THAT(saved(kSuite), HasSubstr("speed text fast\n"));
   EXPECT_THAT(saved(kLocal), HasSubstr("units integer 1\n"));
 }
 
 TEST_F(StoreCommandsTest, RefusesAndChangesNothing) {
-  done({"settings", "set", "units", "1"});
-  done({"track", "publish", "10", "20"});
+  done("settings set units 1");
+  done("track publish 10 20");
   const std::string before = saved(kSuite);
   struct Case {
-    std::vector<std::string> arguments;
+    const char* arguments;
     int status;
-    std::string complaint;
+    const char* complaint;
   };
   const Case cases[] = {
-      {{"settings", "set", "--type", "integer", "units", "1.5"}, 1, "units: "},
-      {{"settings", "set", "units", "one"}, 1, "units: the widget reads this text as 0"},
-      {{"settings", "set", "units", "1.5"}, 1, "--type real would save it"},
-      {{"settings", "set", "units", ""}, 1, "nothing is saved"},
-      {{"settings", "set", "--type", "colour", "units", "1"}, 2, "colour"},
-      {{"settings", "set", "", "1"}, 1, "empty"},
-      {{"settings", "set", "bytes", "\xff"}, 1, "not UTF-8"},
-      {{"settings", "--cloud", "set", "units", "1"}, 2, "only read"},
-      {{"settings", "--suite", "--local", "list"}, 2, "only one of"},
-      {{"settings"}, 2, "subcommand"},
-      {{"waypoint", "set", "90.1", "0"}, 1, "latitude 90.1 is beyond 90"},
-      {{"waypoint", "set", "1", "2", "3"}, 1, "\"3\" is too much"},
-      {{"waypoint", "set"}, 2, "missing"},
-      {{"waypoint", "set", "--gpx", "a.gpx", "1", "2"}, 2, "excludes"},
-      {{"waypoint", "set", "--gpx", path("none.gpx")}, 1, "none.gpx: cannot be opened"},
-      {{"track", "publish", "-1", "20"}, 1, "\"-1\" is not a distance"},
-      {{"track", "publish", "5 furlongs", "20"}, 1, "\"5 furlongs\" is not a distance"},
-      {{"track", "publish", "11", "1:60"}, 1, "\"1:60\" is not a time"},
+      {"settings set --type integer units 1.5", 1, "units: "},
+      {"settings set units one", 1, "units: the widget reads this text as 0"},
+      {"settings set units 1.5", 1, "--type real would save it"},
+      {"settings set units ''", 1, "nothing is saved"},
+      {"settings set --type colour units 1", 2, "colour"},
+      {"settings set '' 1", 1, "empty"},
+      {"settings set bytes '\xff'", 1, "not UTF-8"},
+      {"settings --cloud set units 1", 2, "only read"},
+      {"settings", 2, "subcommand"},
+      {"waypoint set 90.1 0", 1, "latitude 90.1 is beyond 90"},
+      {"waypoint set 1 2 3", 1, "\"3\" is too much"},
+      {"waypoint set", 2, "missing"},
+      {"waypoint set --gpx a.gpx 1 2", 2, "excludes"},
+      {"waypoint set --gpx none.gpx", 1, "none.gpx: cannot be opened"},
+      {"track publish -1 20", 1, "\"-1\" is not a distance"},
+      {"track publish '5 furlongs' 20", 1, "\"5 furlongs\" is not a distance"},
+      {"track publish 11 1:60", 1, "\"1:60\" is not a time"},
   };
   for (const Case& c : cases) {
     const Finished finished = wayfell(c.arguments);
@@ -167,35 +159,33 @@ TEST_F(StoreCommandsTest, RefusesAndChangesNothing) {
 
 TEST_F(StoreCommandsTest, SaysWhichFileCannotBeUsed) {
   std::filesystem::create_directories(path(kSuite));  // a folder where the file should be
-  const std::vector<std::string> commands[] = {
-      {"settings", "set", "units", "1"}, {"settings", "unset", "units"}, {"settings", "list"},
-      {"settings", "get", "units"},      {"waypoint", "show"},           {"track", "clear"}};
-  for (const auto& command : commands) {
+  for (const char* command : {"settings set units 1", "settings unset units", "settings list",
+                              "settings get units", "waypoint show", "track clear"}) {
     const Finished finished = wayfell(command);
-    EXPECT_EQ(finished.status, 1) << command[0] << ' ' << command[1];
+    EXPECT_EQ(finished.status, 1) << command;
     EXPECT_THAT(finished.errors, HasSubstr(path(kSuite)));
     EXPECT_EQ(finished.output, "");
   }
 }
 
 TEST_F(StoreCommandsTest, SetsShowsAndClearsTheWaypoint) {
-  done({"waypoint", "set", "48.2082N,", "16.3738E"});
+  done("waypoint set 48.2082N, 16.3738E");
   EXPECT_EQ(saved(kSuite),
             "hasWaypoint boolean 1\n"
             "waypointLatitude real 48.2082\n"
             "waypointLongitude real 16.3738\n");
-  EXPECT_EQ(wayfell({"waypoint", "show"}).output, "48.20820°N, 16.37380°E\n");
-  EXPECT_EQ(wayfell({"waypoint", "show", "--json"}).output,
+  EXPECT_EQ(wayfell("waypoint show").output, "48.20820°N, 16.37380°E\n");
+  EXPECT_EQ(wayfell("waypoint show --json").output,
             "{\"latitude\":48.2082,\"longitude\":16.3738}\n");
   // Krüger's series gives 602065.2 and 5340353.7 m in zone 33 (see ReferenceTextTest.cpp).
-  done({"settings", "set", "coordinateUnits", "4"});
-  EXPECT_EQ(wayfell({"waypoint", "show"}).output, "33 N 602065.2mE 5340353.7mN\n");
-  done({"settings", "--local", "set", "utmType", "1"});
-  EXPECT_EQ(wayfell({"waypoint", "show"}).output, "33 U 602065.2mE 5340353.7mN\n");
+  done("settings set coordinateUnits 4");
+  EXPECT_EQ(wayfell("waypoint show").output, "33 N 602065.2mE 5340353.7mN\n");
+  done("settings --local set utmType 1");
+  EXPECT_EQ(wayfell("waypoint show").output, "33 U 602065.2mE 5340353.7mN\n");
 
-  done({"waypoint", "clear"});
+  done("waypoint clear");
   EXPECT_EQ(saved(kSuite), "coordinateUnits integer 4\nhasWaypoint boolean 0\n");
-  const Finished none = wayfell({"waypoint", "show"});
+  const Finished none = wayfell("waypoint show");
   EXPECT_EQ(none.status, 1);
   EXPECT_EQ(none.errors, "wayfell: no waypoint is set\n");
 }
@@ -213,39 +203,31 @@ TEST_F(StoreCommandsTest, TakesWaypointsOfGpxFiles) {
   putBytes(path("bad.gpx"), "<gpx><wpt lat='1' lon='2'/><wpt lat='95' lon='2'/></gpx>");
   putBytes(path("open.gpx"), "<gpx>\n<wpt>");
 
-  done({"waypoint", "set", "--gpx", path("huts.gpx"), "--name", "Upper hut"});
+  done("waypoint set --gpx huts.gpx --name 'Upper hut'");
   EXPECT_THAT(saved(kSuite),
               HasSubstr("waypointLatitude real 46.5\nwaypointLongitude real 8.25\n"));
-  done({"waypoint", "set", "--gpx", path("one.gpx")});
+  done("waypoint set --gpx one.gpx");
   EXPECT_THAT(saved(kSuite), HasSubstr("waypointLatitude real -1.0\nwaypointLongitude real 2.0\n"));
-  EXPECT_EQ(wayfell({"waypoint", "set", "--gpx", "-"}, one).status, 0);
+  EXPECT_EQ(wayfell("waypoint set --gpx -", one).status, 0);
 
   const std::string before = saved(kSuite);
-  struct Case {
-    std::string file;
-    std::vector<std::string> more;
-    std::string complaint;
-  };
   const std::string springs =
       "  waypoint 2  46.25000000 8.50000000  \"Spring\"\n"
       "  waypoint 3  -1.50000000 -2.50000000  \"Spring\"\n";
-  const Case cases[] = {
-      {"huts.gpx", {"--name", "Spring"}, springs},
-      {"huts.gpx",
-       {"--name", "spring"},
-       "no waypoint has the name \"spring\"; there are\n" + springs},
-      {"huts.gpx", {}, springs + "  waypoint 4  3.00000000 4.00000000  without a name\n"},
-      {"none.gpx", {}, "no waypoints"},
-      {"bad.gpx", {}, "waypoint 2: lat: beyond 90"},
-      {"open.gpx", {}, "line 2: not well-formed XML"},
+  const std::pair<std::string, std::string> cases[] = {
+      {"huts.gpx --name Spring", springs},
+      {"huts.gpx --name spring", "no waypoint has the name \"spring\"; there are\n" + springs},
+      {"huts.gpx", springs + "  waypoint 4  3.00000000 4.00000000  without a name\n"},
+      {"none.gpx", "no waypoints"},
+      {"bad.gpx", "waypoint 2: lat: beyond 90"},
+      {"open.gpx", "line 2: not well-formed XML"},
   };
-  for (const Case& c : cases) {
-    std::vector<std::string> arguments = {"waypoint", "set", "--gpx", path(c.file)};
-    arguments.insert(arguments.end(), c.more.begin(), c.more.end());
-    const Finished finished = wayfell(arguments);
-    EXPECT_EQ(finished.status, 1) << c.file;
-    EXPECT_THAT(finished.errors, testing::StartsWith("wayfell: " + path(c.file) + ": "));
-    EXPECT_THAT(finished.errors, HasSubstr(c.complaint));
+  for (const auto& [arguments, complaint] : cases) {
+    const Finished finished = wayfell("waypoint set --gpx " + arguments);
+    EXPECT_EQ(finished.status, 1) << arguments;
+    EXPECT_THAT(finished.errors,
+                testing::StartsWith("wayfell: " + arguments.substr(0, arguments.find(' ')) + ": "));
+    EXPECT_THAT(finished.errors, HasSubstr(complaint));
   }
   EXPECT_EQ(saved(kSuite), before);
 }
@@ -253,21 +235,23 @@ TEST_F(StoreCommandsTest, TakesWaypointsOfGpxFiles) {
 // A mile is 1609.344 m, a nautical mile 1852 m, a foot 0.3048 m.
 TEST_F(StoreCommandsTest, PublishesTheTrack) {
   struct Case {
-    const char* distance;
-    const char* time;
+    const char* figures;
     std::string metres;
     std::string seconds;
   };
   const Case cases[] = {
-      {"1234.5", "901", "1234.5", "901.0"},           {"1.25km", "15:01", "1250.0", "901.0"},
-      {"10mi", "1:02:03", "16093.44", "3723.0"},      {"2 nm", "0", "3704.0", "0.0"},
-      {"1e3 ft", "100:00:00.5", "304.8", "360000.5"}, {"0", "59:59", "0.0", "3599.0"},
+      {"1234.5 901", "1234.5", "901.0"},
+      {"1.25km 15:01", "1250.0", "901.0"},
+      {"10mi 1:02:03", "16093.44", "3723.0"},
+      {"'2 nm' 0", "3704.0", "0.0"},
+      {"'1e3 ft' 100:00:00.5", "304.8", "360000.5"},
+      {"0 59:59", "0.0", "3599.0"},
   };
   for (const Case& c : cases) {
-    done({"track", "publish", c.distance, c.time});
+    done(std::string("track publish ") + c.figures);
     EXPECT_EQ(saved(kSuite), "distance real " + c.metres + "\ntime real " + c.seconds + '\n');
   }
-  done({"track", "clear"});
+  done("track clear");
   EXPECT_EQ(saved(kSuite), "");
 }
 
