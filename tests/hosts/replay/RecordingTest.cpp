@@ -168,7 +168,6 @@ const BadInput kBadInputs[] = {
     {"", "empty"},
     {"\0\1"s, "begins with the bytes 00 01; a GPX track"},
     {"once upon a time", "begins with \"once upon a \";"},
-    {"[{\"t\":0}]", "begins with \"[{\"t\":0}]\";"},
     {"$GPGGA,123519,4807.038,N\r\n", "NMEA sentences are not read directly: run them through gpsd"},
 
     // JSON.
@@ -177,7 +176,6 @@ const BadInput kBadInputs[] = {
     {R"({"t":0,"fix":{"latitude":NaN,"longitude":8}})", "line 1: not JSON at column 26: "},
     {R"({"t":0,"show":true} {"t":1,"show":true})", "line 1: not JSON at column 21: "},
     {"{\"t\":0,\"suite\":{\"a\":\"\xFF\"}}", "line 1: not UTF-8"},
-    {"{\"t\":0,\"suite\":{\"a\":\"\xED\xA0\x80\"}}", "line 1: not UTF-8"},  // half of a pair
     {"{\"t\":0,\"suite\":{\"a\":" + std::string(100, '['),
      "line 1: lists and objects nested too deeply"},
     {"{\"t\":0,\"show\":true}\n{\"t\":1" + std::string(1 << 20, ' '), "line 2: longer than 1 MiB"},
@@ -197,7 +195,6 @@ const BadInput kBadInputs[] = {
     {R"({"t":0,"show":1})", "line 1: show: expected true"},
 
     // Fields.
-    {R"({"t":0,"fix":7})", "line 1: fix: expected an object"},
     {R"({"t":0,"fix":{"longitude":8}})", "line 1: fix.latitude: missing"},
     {R"({"t":0,"fix":{"latitude":"47","longitude":8}})", "line 1: fix.latitude: expected a number"},
     {R"({"t":0,"fix":{"latitude":47,"longitude":8,"sped":1}})", "line 1: fix.sped: unknown field"},
@@ -206,7 +203,6 @@ const BadInput kBadInputs[] = {
      "line 1: fixes[1].longitude: missing"},
     {R"({"t":0,"heading":{}})", "line 1: heading: expected trueHeading or magneticHeading"},
     {R"({"t":0,"authorization":5})", "line 1: authorization: expected an integer from 0 to 4"},
-    {R"({"t":0,"segment":1.0})", "line 1: segment: expected an integer from 0 to 4"},
     {R"({"t":0,"course":1})", "line 1: course: expected true or false"},
     {R"({"t":0,"placemark":{"town":"A"}})", "line 1: placemark.town: unknown field"},
     {R"({"t":0,"tap":"altitudeLabel"})", "line 1: tap: expected \"toggleViewButton\""},

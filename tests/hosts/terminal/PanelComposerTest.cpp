@@ -97,27 +97,6 @@ TEST(Panel, RowsFillTheirWidth) {
   }
 }
 
-TEST(Panel, GivesUpTheLeastTellingRows) {
-  ReplayedWidget widget;
-  widget.apply(event::WriteSuite{{{"hasWaypoint", PropertyValue(true)}}});
-  widget.start();
-  const auto kept = [&](int rows) {
-    const ComposedPanel panel = composed(widget, {40, rows});
-    EXPECT_LE(std::ssize(panel.rows), rows);
-    EXPECT_EQ(std::ssize(panel.rows) + panel.missingRows, 14);
-    std::string captions;
-    for (const TextRow& row : panel.rows) {
-      if (row.at(1).style == TextStyle::caption) captions += row.at(1).text + ' ';
-    }
-    return captions;
-  };
-  const std::string all = " Wayfell  Latitude Longitude Altitude  Waypoint  Distance  Track  Time ";
-  EXPECT_EQ(kept(13), all);  // without the address
-  EXPECT_EQ(kept(11), " Wayfell  Latitude Longitude Altitude  Waypoint  Distance ");
-  EXPECT_EQ(kept(5), "Latitude Longitude Altitude ");
-  EXPECT_EQ(kept(0), "");
-}
-
 TEST(AsciiText, KeepsTheWidth) {
   for (const auto& [text, ascii] : std::map<std::string, std::string>{
            {"46° 58.9' N", "46d 58.9' N"},

@@ -19,7 +19,6 @@ from receiver import Gpsd, Receiver
 from tmux_screen import Screen
 
 PROGRAM = ""
-SUITE = "group.org.wayfell.Wayfell.db"
 
 # 46 degrees 58.9648 minutes north, 7 degrees 56.5115 minutes east.
 HERE = {"latitude": "4658.9648", "longitude": "00756.5115", "altitude": "968.0", "knots": "9.72",
@@ -32,48 +31,31 @@ LATITUDE_THERE = "47° 0.1234' N"
 class Home:
     """Folders for settings and data that nobody else uses."""
 
-    def __init__(self):
-        self.folder = tempfile.TemporaryDirectory(prefix="wayfell-home-")
-        self.environment = {"HOME": self.folder.name, "XDG_DATA_HOME": self.folder.name + "/data",
-                            "XDG_CONFIG_HOME": self.folder.name + "/config"}
-
-    def __enter__(self):
-        return self
-
-    def __exit__(self, *exception):
-        self.folder.cleanup()
+    def __init__(self, folder):
+        self.environment = {"HOME": folder, "XDG_DATA_HOME": folder + "/data",
+                            "XDG_CONFIG_HOME": folder + "/config"}
 
     def wayfell(self, *arguments):
         """Runs a command of the program, as from another terminal."""
-        done = subprocess.run([PROGRAM, *arguments], text=True, capture_output=True, check=False,
-                              env={"PATH": "/usr/bin:/bin", **self.environment})
-        if done.returncode != 0:
-            raise AssertionError(f"{arguments}: {done.stderr}")
-        return done.stdout
-
-    @property
-    def suite(self):
-        return pathlib.Path(self.folder.name) / "data/wayfell" / SUITE
-
-    def today(self, gpsd, rows=18, **more):  # too few for large digits
-        return Screen([PROGRAM, "today", "--gpsd", gpsd.address], rows=rows,
-                      **self.environment, **more)
-
-
-@contextlib.contextmanager
-def panel(home, state, **more):
-    with Gpsd(Receiver(**state)) as gpsd, home.today(gpsd, **more) as screen:
-        yield screen, gpsd
+        return subprocess.run([PROGRAM, *arguments], text=True, stdout=subprocess.PIPE, check=True,
+                              env={"PATH": "/usr/bin:/bin", **self.environment}).stdout
 
 
 class OnAReceiver(unittest.TestCase):
     def setUp(self):
-        self.home = self.enterContext(Home())
+        self.home = Home(self.enterContext(tempfile.TemporaryDirectory(prefix="wayfell-home-")))
         for setting in "coordinateUnits 1", "units 1", "speed 2":
             self.home.wayfell("settings", "set", *setting.split())
 
+    @contextlib.contextmanager
+    def panel(self, state):
+        with Gpsd(Receiver(**state)) as gpsd, Screen(
+                [PROGRAM, "today", "--gpsd", gpsd.address], rows=18,  # too few for large digits
+                **self.home.environment) as screen:
+            yield screen, gpsd
+
     def test_the_daemon_dies_and_comes_back(self):
-        with panel(self.home, {}) as (screen, gpsd):
+        with self.panel({}) as (screen, gpsd):
             screen.wait_for_text("no fix from ")
             gpsd.receiver.state = HERE
             screen.wait_for_text(LATITUDE_HERE)
@@ -119,14 +101,8 @@ class OnAReceiver(unittest.TestCase):
         self.assertIn(LATITUDE_HERE, printed)
         self.assertEqual(printed.splitlines()[-1], f"Live: gpsd at {gpsd.address}")
 
-
-class OnSettings(unittest.TestCase):
-    def setUp(self):
-        self.home = self.enterContext(Home())
-
     def test_the_track_shows_at_once_and_settings_at_the_next_appearance(self):
-        self.home.wayfell("settings", "set", "units", "1")
-        with panel(self.home, HERE) as (screen, _):
+        with self.panel(HERE) as (screen, _):
             screen.wait_for_text("968 m")
             self.home.wayfell("track", "publish", "1234", "3723")
             screen.wait_for_text("1:02:03")
@@ -143,10 +119,13 @@ class OnSettings(unittest.TestCase):
             screen.wait_for_text("3176 ft")  # 968 m x 3.2808399
 
     def test_without_a_gpsd_there_is_the_demo(self):
+        before = self.home.wayfell("settings", "list")
         with Screen([PROGRAM, "today"], **self.home.environment) as screen:
             lines = screen.wait_for_text("this is the demo")
             self.assertIn("DEMO", lines[-2])
-        self.assertFalse(self.home.suite.exists())
+            screen.keys("t")
+            screen.wait_for_text("▸")
+        self.assertEqual(self.home.wayfell("settings", "list"), before)
 
 
 if __name__ == "__main__":
