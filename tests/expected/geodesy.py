@@ -1,100 +1,8 @@
 #!/usr/bin/env python3
-"""Prints what the tests of platform/, datums/ and coordinates/ expect of distances, positions and
-references, computed without the system: python3 tests/expected/geodesy.py
+"""Prints what the tests of datums/ and coordinates/ expect of shifted positions and of references,
+computed without the system: python3 tests/expected/geodesy.py
 """
-from math import asin, atan, atan2, cos, degrees, hypot, pi, radians, sin, sqrt, tan
-
-AXIS, INVERSE = 6378137.0, 298.257223563  # WGS 84, NIMA TR8350.2
-
-# --- Geodesics -----------------------------------------------------------------------------
-# The integrals of F. W. Bessel, "The calculation of longitude and latitude from geodesic
-# measurements" (1825), by Simpson's rule. The azimuth at the point nearer to a pole is found by
-# bisection: seen from there, the longitude reached grows with it (C. F. F. Karney, "Algorithms for
-# geodesics", 2013, section 4).
-
-
-def integral(function, low, high, steps=400):
-    width = (high - low) / steps
-    inner = sum((4 if i % 2 else 2) * function(low + i * width) for i in range(1, steps))
-    return (function(low) + inner + function(high)) * width / 3
-
-
-def geodesic(start, end):
-    f = 1 / INVERSE
-    south, north = sorted((start[0], end[0]), key=abs, reverse=True)
-    sign = -1 if south > 0 else 1
-    low, high = (atan((1 - f) * tan(radians(sign * latitude))) for latitude in (south, north))
-    low = min(low, -1e-15)  # never on the equator, where the azimuth is not defined
-    turn = radians(abs((end[1] - start[1] + 180) % 360 - 180))
-
-    rise = (cos(high) - cos(low)) * (cos(high) + cos(low))
-
-    def way(azimuth):
-        sin0 = sin(azimuth) * cos(low)
-        cos0 = hypot(cos(azimuth), sin(azimuth) * sin(low))
-        cos2 = sqrt(max(0, (cos(azimuth) * cos(low))**2 + rise)) / cos(high)
-        s1 = atan2(sin(low), cos(azimuth) * cos(low))
-        s2 = atan2(sin(high), cos2 * cos(high))
-        w1 = atan2(sin0 * sin(low), cos(azimuth) * cos(low))
-        w2 = atan2(sin0 * sin(high), cos2 * cos(high))
-        k2 = (AXIS**2 / (AXIS * (1 - f))**2 - 1) * cos0**2
-        root = lambda s: sqrt(1 + k2 * sin(s)**2)
-        longitude = w2 - w1 - f * sin0 * integral(
-            lambda s: (2 - f) / (1 + (1 - f) * root(s)), s1, s2)
-        return longitude, AXIS * (1 - f) * integral(root, s1, s2)
-
-    least, most = 0.0, pi
-    for _ in range(100):
-        azimuth = (least + most) / 2
-        least, most = (azimuth, most) if way(azimuth)[0] < turn else (least, azimuth)
-    return way(most)[1]
-
-
-print("CLLocation, metres:")
-for start, end in (
-    ((47.5, 11.25), (47.50001, 11.25002)), ((47.5, 11.25), (47.5, 11.250013)),
-    ((-33.9, 18.4), (-33.8995, 18.4007)), ((0, 10), (0.00001, 10.00001)),
-    ((89.9999, 0), (89.9999, 120)), ((60.1699, 179.9999), (60.17, -179.9999)),
-    ((48.8566, 2.3522), (40.7128, -74.006)), ((10, -20), (-5, 150)), ((0, 0), (0.5, 179.5)),
-    ((0, 0), (0.5, 179.7)), ((0, 0), (0, 179.7)), ((30, 0), (-30, 179.8)),
-    ((-30, 12), (29.9, -167.8)), ((0, 0), (0, 180)), ((30, 0), (-30, 180))):
-    print(f"  {start} {end} {geodesic(start, end):.9f}")
-
-# --- The sphere ----------------------------------------------------------------------------
-
-
-def bearing(start, end):
-    phi1, phi2, turn = radians(start[0]), radians(end[0]), radians(end[1] - start[1])
-    return degrees(atan2(sin(turn) * cos(phi2),
-                         cos(phi1) * sin(phi2) - sin(phi1) * cos(phi2) * cos(turn))) % 360
-
-
-def chord(start, end):  # by the haversine, which keeps its digits where the arc cosine does not
-    north, east = radians(end[0] - start[0]), radians(end[1] - start[1])
-    return 2 * AXIS * asin(sqrt(sin(north / 2)**2 + cos(radians(start[0])) *
-                                cos(radians(end[0])) * sin(east / 2)**2))
-
-
-def destination(start, course, metres):
-    phi, theta, delta = radians(start[0]), radians(course), metres / AXIS
-    phi2 = asin(sin(phi) * cos(delta) + cos(phi) * sin(delta) * cos(theta))
-    turn = atan2(sin(theta) * sin(delta) * cos(phi), cos(delta) - sin(phi) * sin(phi2))
-    return degrees(phi2), (start[1] + degrees(turn) + 180) % 360 - 180
-
-
-print("CoordinateDistance, metres and bearing, destination, degrees to a kilometre:")
-for start, end in (((46.5, 7.25), (47, 8)), ((0, 0), (0, 90)), ((0, 0), (0, -90)),
-                   ((51.5, -0.125), (-33.8688, 151.2093)), ((10, 179.5), (10, -179.5)),
-                   ((90, 0), (-90, 0)), ((12.5, -3), (12.5009, -3)), ((60, 10), (60, 11))):
-    print(f"  {start} {end} {chord(start, end):.9f} {bearing(start, end):.14f}")
-for start, course, metres in (((10, 179.5), 90, 200000), ((-45, -179.9), 250, 150000),
-                              ((60, 10), 0, 1000), ((46.5, 7.25), 123.4, 98765.4)):
-    print("  {} {} {} {:.13f} {:.13f}".format(start, course, metres,
-                                             *destination(start, course, metres)))
-for latitude in (0, 45, 60, -30):
-    phi = radians(latitude)
-    print(f"  {latitude} {1000 / (111132.92 - 559.82 * cos(2 * phi) + 1.175 * cos(4 * phi)):.17f} "
-          f"{1000 / (111412.84 * cos(phi) - 93.5 * cos(3 * phi)):.17f}")
+from math import atan, cos, degrees, pi, radians, sin, sqrt, tan
 
 # --- Datums --------------------------------------------------------------------------------
 
@@ -103,7 +11,6 @@ DATUMS = {"WGS 84": (6378137, 298.2572236, 0, 0),
           "Adindan, Burkina Faso": (6378249.145, 293.465, -118, -14),
           "Tokyo, Japan": (6377397.155, 299.1528128, -148, 507),
           "Switzerland": (6377397.155, 299.1528128, 674.374, 15.056),
-          "Brazil": (6378160, 298.25, -60, -2),
           "Kusaie": (6378388, 297, 647, 1777)}
 
 
@@ -133,7 +40,7 @@ def default(position, datum):
 print("DatumManager, the selected datum from the default one and back:")
 for datum, position in (("Adindan, Burkina Faso", (12.25, -1.5)), ("Tokyo, Japan", (35.68, 139.76)),
                         ("Tokyo, Japan", (-35.68, 179.999)), ("Switzerland", (46.95, 7.44)),
-                        ("Brazil", (-22.9, -43.2)), ("Kusaie", (5.3, 163))):
+                        ("Kusaie", (5.3, 163))):
     print(f"  {datum} {position}", *(f"{x:.13f}" for x in selected(position, datum) +
                                       default(position, datum)))
 for source, target, sign, height in (("Switzerland", "Tokyo, Japan", 1, 1000),
@@ -241,9 +148,9 @@ def from_mgrs(datum, zone, letters, easting, northing):
 print("Grid, forward:")
 for datum, position, zone in (
     ("WGS 84", (46.5, 7.25), 32), ("WGS 84", (-33.8688, 151.2093), 56),
-    ("WGS 84", (78.2232, 15.6267), 33), ("WGS 84", (60, 5), 31), ("WGS 84", (0, 0), 31),
-    ("WGS 84", (-3.5e-6, -77.999), 18), ("WGS 84", (0.5, -180), 1), ("WGS 84", (-84.5, 100), 47),
-    ("WGS 84", (44.5, -93.25), 15), ("Tokyo, Japan", (35.68, 139.76), 54),
+    ("WGS 84", (78.2232, 15.6267), 33), ("WGS 84", (0, 0), 31),
+    ("WGS 84", (-3.5e-6, -77.999), 18), ("WGS 84", (-84.5, 100), 47),
+    ("Tokyo, Japan", (35.68, 139.76), 54),
     ("Tokyo, Japan", (0, 0), 30), ("Adindan, Burkina Faso", (12.25, -1.5), 30)):
     print(f"  {datum} {position}", *(f"{x:.6f}" for x in forward(
         datum, selected(position, datum), zone)))

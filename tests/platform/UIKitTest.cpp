@@ -56,19 +56,6 @@ TEST(View, AnimationsAreHandedOverAsData) {
   EXPECT_EQ(watcher.changes, 1);
 }
 
-TEST(Outlet, MessagesToAMissingViewAreDropped) {
-  Outlet<UILabel> outlet;
-  outlet.send(&UILabel::setText, "lost");
-  {
-    const auto label = std::make_shared<UILabel>();
-    outlet = label;
-    outlet.send(&UILabel::setText, "seen");
-    EXPECT_EQ(label->text(), "seen");
-  }
-  outlet.send(&UILabel::setText, "lost");  // the hold was weak
-  EXPECT_FALSE(outlet.lock());
-}
-
 // The characters are those of RFC 3986, sections 2.1 to 2.3 and 3.5.
 TEST(Url, KeepsToTheGrammar) {
   for (const char* text : {"wayfell://openFromWidget", "wayfell://12_Main_St__IL/44.5/-93.25",

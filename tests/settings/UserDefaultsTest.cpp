@@ -47,13 +47,11 @@ TEST(UserDefaults, SyncTypesAKeyByItsSet) {
   };
   const Case cases[] = {
       {"rateAppCount", 3.9, 3},
-      {"rateAppCount", -2.5, -2},
       {"rateAppCount", std::nullopt, 0},
       {"units", "2 or so", 2},
       {"compassHeading", true, 1},
       {"defaultTrackName", "My track", 0},  // a number all the same
-      {"useMils", PropertyValue::List{}, 0},
-      {"showTrackPins", true, true},  // also a boolean by name: copied as an object
+      {"showTrackPins", true, true},        // also a boolean by name: copied as an object
       {"showTrackPins", "pins", "pins"},
       {"customMapArray", PropertyValue::List{1, "two"}, PropertyValue::List{1, "two"}},
       {"display1", std::nullopt, std::nullopt},

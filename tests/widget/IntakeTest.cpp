@@ -41,20 +41,6 @@ TEST(Intake, FixesAreScreenedByTheirAccuracy) {
   }
 }
 
-// A fix that is not accepted changes no row. 123.4 x 3.2808399 = 404.855...
-TEST(Intake, AltitudesAreFeetUnlessMetric) {
-  for (const auto& [units, text] : {std::pair{0, "405 ft"}, {1, "123 m"}, {2, "405 ft"}}) {
-    Widget w;
-    w.host.suite.set("units", units);
-    w.appear();
-    w.fix(46, 7, 123.4);
-    w.fix(46, 7, 500, -1);
-    EXPECT_EQ(Widget::text(w.controller->altitudeLabel), text);
-    EXPECT_EQ(w.controller->accuracyTrack().averageHorizontalAccuracy(),
-              2);  // it has taught, though
-  }
-}
-
 // One degree along the equator of the sphere is 6378137 x pi / 180 = 111319.49 m. The waypoint
 // 0/0 of no waypoint counts too.
 TEST(Intake, TheDistanceToTheWaypointIsShownEvenWithoutOne) {

@@ -6,7 +6,6 @@
 #include <vector>
 
 #include "Widget.h"
-#include "widget/CornerView.h"
 
 namespace wayfell {
 namespace {
@@ -16,17 +15,6 @@ using testing::ElementsAre;
 double height(const Widget& w) { return w.controller->preferredContentSize().height; }
 double rotation(const Widget& w) {
   return w.controller->toggleViewButton.lock()->transform().rotation;
-}
-
-TEST(Layout, ViewsAreDecorated) {
-  Widget w;
-  w.controller->viewDidLoad();
-  const TodayViewController& c = *w.controller;
-  EXPECT_EQ(c.coordinateControl.lock()->titleForSegmentAtIndex(2), "DMs");
-  EXPECT_EQ(UISegmentedControl::selectedTitleColor(), kBlackColor);
-  EXPECT_EQ(c.compassView.lock()->layer(), (CALayer{4, 1, kBlackColor}));
-  EXPECT_EQ(c.openView.lock()->layer().cornerRadius, 4);
-  EXPECT_EQ(c.openMiniView.lock()->layer().cornerRadius, 4);
 }
 
 TEST(Layout, TheStoredOneIsApplied) {
@@ -42,7 +30,6 @@ TEST(Layout, TheStoredOneIsApplied) {
   EXPECT_EQ(rotation(w), 0);
   EXPECT_TRUE(Widget::hidden(c.compassRotatingView));
   EXPECT_TRUE(Widget::hidden(c.compassArrowImageView));
-  EXPECT_TRUE(Widget::hidden(c.trackDataView));
   EXPECT_FALSE(Widget::hidden(c.miniTrackDataView));
   // Applying a layout leaves the waypoint's row as the appearance set it, even the compact one.
   EXPECT_FALSE(Widget::hidden(c.waypointDataView));
@@ -109,6 +96,7 @@ TEST(Lifecycle, RunsWithoutAnyView) {
   host.location.deliver(CLHeading{90, 90, 5});
   for (int units = -1; units < 6; ++units) controller->updateCurrentLocationDisplayWithUnits(units);
   controller->toggleView(nullptr);
+  controller->openApp(nullptr);
   controller->openAppWithCoordinate();
   controller->changeCoordinateUnits(nullptr);
   controller->didReceiveMemoryWarning();
@@ -119,21 +107,12 @@ TEST(Lifecycle, RunsWithoutAnyView) {
   EXPECT_EQ(host.urls.requests.size(), 1U);
 }
 
-TEST(Open, ATapOpensTheApp) {
-  Widget w;
-  w.controller->viewDidLoad();
-  w.controller->openLabel.lock()->tap();
-  w.controller->openApp(nullptr);
-  EXPECT_THAT(w.host.urls.requests, ElementsAre(NSURL::URLWithString("wayfell://openFromWidget")));
-}
-
 TEST(Open, ThePlaceIsNamedByItsAddress) {
   struct Case {
     std::optional<std::string> address;
     std::optional<std::string> url;
   };
   const Case cases[] = {
-      {"12 Main St, Springfield, IL", "wayfell://12_Main_St__Springfield__IL/44.500000/-93.250000"},
       {"A, B C", "wayfell://A__B_C/44.500000/-93.250000"},
       {"", "wayfell://Wayfell_Location/44.500000/-93.250000"},
       {std::nullopt, "wayfell://Wayfell_Location/44.500000/-93.250000"},
@@ -148,23 +127,6 @@ TEST(Open, ThePlaceIsNamedByItsAddress) {
     const auto& url = w.host.urls.requests[0];
     EXPECT_EQ(url ? std::optional(url->absoluteString()) : std::nullopt, c.url);
   }
-}
-
-class Paper : public UICanvas {
- public:
-  void setFillColor(const UIColor& newColor) override { color = newColor; }
-  void fillPath(const UIBezierPath& path) override { paths.push_back(path); }
-  UIColor color;
-  std::vector<UIBezierPath> paths;
-};
-
-TEST(CornerView, FillsItsBoundsRoundedAtTwoCorners) {
-  Paper paper;
-  CornerView view;
-  view.setFrame({{7, 9}, {100, 40}});
-  view.drawRect(paper, {});
-  EXPECT_EQ(paper.color, (UIColor{0, 0, 0, 0.5}));
-  EXPECT_THAT(paper.paths, ElementsAre(UIBezierPath{{{0, 0}, {100, 40}}, 9, {4, 4}}));
 }
 
 }  // namespace
