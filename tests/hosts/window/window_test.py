@@ -258,8 +258,8 @@ class CommandLineTest(unittest.TestCase):
 
     def test_bad_usage(self):
         for arguments in (["--source", "nowhere"], ["--source", "gpsd", "--rate", "2"],
-                          ["--source", "demo", "--local", "units"], ["--theme", "pink"], ["--copy-format", "dd"], ["--rate", "fast"],
-                          ["--font-scale", "3"], ["more"]):
+                          ["--source", "demo", "--local", "units"], ["--theme", "pink"],
+                          ["--copy-format", "dd"], ["--rate", "fast"], ["--font-scale", "3"], ["more"]):
             with self.subTest(arguments):
                 done = self.run_widget(*arguments)
                 self.assertEqual(done.returncode, 2)

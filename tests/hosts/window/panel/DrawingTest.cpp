@@ -76,39 +76,25 @@ CLHeading heading(double degrees) {
   return heading;
 }
 
-// The middle of the letters on the tape that are nearest to the frame's middle, in points from it.
-// Dots are dimmer than letters.
+// The middle of the letters on the tape that are no further than 15 points from the frame's middle,
+// in points from it. Dots are dimmer than letters, and the next label is 37.5 points on.
 double lettersOffMark(ShownPanel& panel) {
   const QImage image = panel.draw();
   const double scale = panel.window().effectiveDevicePixelRatio();
   const QQuickItem& frame = panel.item("tapeFrame");
   const QRectF rect(frame.mapToScene({0, 0}) * scale, frame.size() * scale);
-  const QColor ink = panel.style().value();
-  const auto isLetter = [&](int x) {
-    for (int y = static_cast<int>(rect.top() + 8 * scale); y < rect.bottom() - scale; ++y) {
-      const QColor color = image.pixelColor(x, y);
-      if (std::abs(color.lightness() - ink.lightness()) < 50) return true;
+  const int ink = panel.style().value().lightness();
+  const QRectF searched = rect.adjusted(50 * scale, 8 * scale, -50 * scale, -scale);
+  double first = searched.right();
+  double last = searched.left();
+  for (int x = static_cast<int>(searched.left()); x < searched.right(); ++x) {
+    for (int y = static_cast<int>(searched.top()); y < searched.bottom(); ++y) {
+      if (std::abs(image.pixelColor(x, y).lightness() - ink) >= 50) continue;
+      first = std::min<double>(first, x);
+      last = x;
     }
-    return false;
-  };
-  double nearest = 1000;
-  double first = -1;
-  double last = -1;
-  const auto end = [&] {
-    if (first < 0) return;
-    const double middle = ((first + last + 1) / 2 - rect.center().x()) / scale;
-    if (std::abs(middle) < std::abs(nearest)) nearest = middle;
-  };
-  for (int x = static_cast<int>(rect.left() + scale); x < rect.right() - scale; ++x) {
-    if (!isLetter(x)) continue;
-    if (first < 0 || x - last > 8 * scale) {
-      end();
-      first = x;
-    }
-    last = x;
   }
-  end();
-  return nearest;
+  return ((first + last + 1) / 2 - rect.center().x()) / scale;
 }
 
 // What the laid-out tape has under the mark.

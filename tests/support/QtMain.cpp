@@ -1,14 +1,13 @@
-// The tests run on one application that shows its windows to nobody.
+// Tests of what stands on Qt need an application, on a platform that nobody looks at.
 #include <gtest/gtest.h>
 
 #include <QAccessible>
 #include <QGuiApplication>
-#include <QQuickWindow>
 
 int main(int argc, char** argv) {
   testing::InitGoogleTest(&argc, argv);
   qputenv("QT_QPA_PLATFORM", "offscreen");
-  QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+  qputenv("QT_QUICK_BACKEND", "software");
   const QGuiApplication application(argc, argv);
   QAccessible::setActive(true);
   return RUN_ALL_TESTS();
