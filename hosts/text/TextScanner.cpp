@@ -107,6 +107,7 @@ std::string inQuotes(std::string_view piece) {
   constexpr std::size_t kLongest = 40;
   std::string text = "\"";
   text += piece.substr(0, kLongest);
+  std::replace(text.begin(), text.end(), '\0', ' ');  // which would end the message
   if (piece.size() > kLongest) text += "...";
   return text + '"';
 }
