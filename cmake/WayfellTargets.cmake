@@ -16,29 +16,23 @@ function(wayfell_flags target)
   endif()
 endfunction()
 
-# wayfell_headers(NAME header...): headers that wayfell_precompile(TARGET NAME) spares the sources of
-# a target from reading each for itself. Sources include what they use all the same: builds without
-# WAYFELL_PRECOMPILE tell when one does not.
+# wayfell_headers(NAME DEPENDS target... HEADERS header...): headers that are read once for all targets
+# with target_precompile_headers(TARGET REUSE_FROM NAME), which spares each source from reading them.
 function(wayfell_headers name)
-  if(WAYFELL_PRECOMPILE)
-    file(CONFIGURE OUTPUT ${name}.cpp CONTENT "")
-    add_library(${name} OBJECT ${CMAKE_CURRENT_BINARY_DIR}/${name}.cpp)
-    target_precompile_headers(${name} PRIVATE ${ARGN})
-    wayfell_flags(${name})
-  endif()
-endfunction()
-
-function(wayfell_precompile target headers)
-  if(WAYFELL_PRECOMPILE)
-    target_precompile_headers(${target} REUSE_FROM ${headers})
-  endif()
+  cmake_parse_arguments(THESE "" "" "DEPENDS;HEADERS" ${ARGN})
+  file(CONFIGURE OUTPUT ${name}.cpp CONTENT "")
+  add_library(${name} OBJECT ${CMAKE_CURRENT_BINARY_DIR}/${name}.cpp)
+  target_link_libraries(${name} PRIVATE ${THESE_DEPENDS})
+  target_precompile_headers(${name} PRIVATE ${THESE_HEADERS})
+  wayfell_flags(${name})
 endfunction()
 
 # wayfell_room(NAME [TARGET target] [HEADERS headers] DEPENDS target...)
-# A room is the folder NAME and the target of the same name, unless it is to have another. Its headers are reached as
-# "NAME/File.h", and only by targets that depend on it: each room has an include folder of its own
-# that holds nothing but a link to it, so an include against the arrows does not build. HEADERS are the
-# precompiled ones, standard_headers unless others are named.
+# A room is the folder NAME and the target of the same name, unless it is to have another. Its headers
+# are reached as "NAME/File.h", and only by targets that depend on it: each room has an include folder
+# of its own that holds nothing but a link to it, so an include against the arrows does not build.
+# HEADERS are the precompiled ones, standard_headers unless others are named. Sources include what they
+# use all the same: builds without WAYFELL_PRECOMPILE tell when one does not.
 function(wayfell_room name)
   cmake_parse_arguments(ROOM "" "TARGET;HEADERS" "DEPENDS" ${ARGN})
   file(GLOB sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/${name}/*.cpp)
@@ -59,7 +53,9 @@ function(wayfell_room name)
   if(NOT ROOM_HEADERS)
     set(ROOM_HEADERS standard_headers)
   endif()
-  wayfell_precompile(${leaf} ${ROOM_HEADERS})
+  if(WAYFELL_PRECOMPILE)
+    target_precompile_headers(${leaf} REUSE_FROM ${ROOM_HEADERS})
+  endif()
   if(WAYFELL_LIBCXX_ROOMS)
     add_library(${leaf}_libcxx OBJECT ${sources})
     target_link_libraries(${leaf}_libcxx PRIVATE ${leaf})
