@@ -8,72 +8,25 @@ namespace {
 // What shows through of the brightest or darkest thing behind leaves values their contrast.
 constexpr int kTranslucentAlpha = 225;  // of 255
 
-struct Palette {
-  QRgb backing;
-  QRgb edge;
-  QRgb value;
-  QRgb caption;
-  QRgb field;
-  QRgb pointer;
-  QRgb mark;
-  QRgb plate;
-  QRgb plateText;
-  QRgb chosen;
-  QRgb focus;
+struct Colors {
+  QRgb dark, light, sunlight;
 };
 
-constexpr Palette kDark = {
-    .backing = 0xFF12171B,
-    .edge = 0xFF3B454D,
-    .value = 0xFFF4F6F2,
-    .caption = 0xFFA9B6BD,
-    .field = 0xFF2A343B,
-    .pointer = 0xFFFFC145,
-    .mark = 0xFFFF7A66,
-    .plate = 0xFF34424B,
-    .plateText = 0xFFF4F6F2,
-    .chosen = 0xFFFFC145,
-    .focus = 0xFF8FD3FF,
-};
+constexpr Colors kBacking = {0xFF12171B, 0xFFF6F4EE, 0xFFFFFFFF};
+constexpr Colors kEdge = {0xFF3B454D, 0xFFB9B6AC, 0xFF000000};
+constexpr Colors kValue = {0xFFF4F6F2, 0xFF12171B, 0xFF000000};
+constexpr Colors kCaption = {0xFFA9B6BD, 0xFF48525A, 0xFF1C1C1C};
+constexpr Colors kField = {0xFF2A343B, 0xFFE3E0D6, 0xFFFFFFFF};
+constexpr Colors kPointer = {0xFFFFC145, 0xFF683200, 0xFF0A2FA8};
+constexpr Colors kMark = {0xFFFF7A66, 0xFFB3261E, 0xFFA30000};
+constexpr Colors kPlate = {0xFF34424B, 0xFF2B3A44, 0xFF000000};
+constexpr Colors kPlateText = {0xFFF4F6F2, 0xFFFFFFFF, 0xFFFFFFFF};
+constexpr Colors kChosen = {0xFFFFC145, 0xFFFFC145, 0xFFFFD21F};
+constexpr Colors kFocus = {0xFF8FD3FF, 0xFF0055B8, 0xFF0A2FA8};
 
-constexpr Palette kLight = {
-    .backing = 0xFFF6F4EE,
-    .edge = 0xFFB9B6AC,
-    .value = 0xFF12171B,
-    .caption = 0xFF48525A,
-    .field = 0xFFE3E0D6,
-    .pointer = 0xFF683200,
-    .mark = 0xFFB3261E,
-    .plate = 0xFF2B3A44,
-    .plateText = 0xFFFFFFFF,
-    .chosen = 0xFFFFC145,
-    .focus = 0xFF0055B8,
-};
-
-constexpr Palette kSunlight = {
-    .backing = 0xFFFFFFFF,
-    .edge = 0xFF000000,
-    .value = 0xFF000000,
-    .caption = 0xFF1C1C1C,
-    .field = 0xFFFFFFFF,
-    .pointer = 0xFF0A2FA8,
-    .mark = 0xFFA30000,
-    .plate = 0xFF000000,
-    .plateText = 0xFFFFFFFF,
-    .chosen = 0xFFFFD21F,
-    .focus = 0xFF0A2FA8,
-};
-
-const Palette& paletteOf(PanelStyle::Theme theme) {
-  switch (theme) {
-    case PanelStyle::light:
-      return kLight;
-    case PanelStyle::sunlight:
-      return kSunlight;
-    case PanelStyle::dark:
-      break;
-  }
-  return kDark;
+QColor of(const Colors& colors, PanelStyle::Theme theme) {
+  if (theme == PanelStyle::light) return colors.light;
+  return theme == PanelStyle::sunlight ? colors.sunlight : colors.dark;
 }
 
 }  // namespace
@@ -83,19 +36,19 @@ void PanelStyle::setFontScale(double scale) {
 }
 
 QColor PanelStyle::backing() const {
-  QColor color = paletteOf(theme_).backing;
+  QColor color = of(kBacking, theme_);
   if (translucent_ && theme_ != sunlight) color.setAlpha(kTranslucentAlpha);
   return color;
 }
-QColor PanelStyle::edge() const { return paletteOf(theme_).edge; }
-QColor PanelStyle::value() const { return paletteOf(theme_).value; }
-QColor PanelStyle::caption() const { return paletteOf(theme_).caption; }
-QColor PanelStyle::field() const { return paletteOf(theme_).field; }
-QColor PanelStyle::pointer() const { return paletteOf(theme_).pointer; }
-QColor PanelStyle::mark() const { return paletteOf(theme_).mark; }
-QColor PanelStyle::plate() const { return paletteOf(theme_).plate; }
-QColor PanelStyle::plateText() const { return paletteOf(theme_).plateText; }
-QColor PanelStyle::chosen() const { return paletteOf(theme_).chosen; }
-QColor PanelStyle::focus() const { return paletteOf(theme_).focus; }
+QColor PanelStyle::edge() const { return of(kEdge, theme_); }
+QColor PanelStyle::value() const { return of(kValue, theme_); }
+QColor PanelStyle::caption() const { return of(kCaption, theme_); }
+QColor PanelStyle::field() const { return of(kField, theme_); }
+QColor PanelStyle::pointer() const { return of(kPointer, theme_); }
+QColor PanelStyle::mark() const { return of(kMark, theme_); }
+QColor PanelStyle::plate() const { return of(kPlate, theme_); }
+QColor PanelStyle::plateText() const { return of(kPlateText, theme_); }
+QColor PanelStyle::chosen() const { return of(kChosen, theme_); }
+QColor PanelStyle::focus() const { return of(kFocus, theme_); }
 
 }  // namespace wayfell

@@ -6,7 +6,6 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QKeyEvent>
-#include <QMouseEvent>
 
 #include "ShownPanel.h"
 
@@ -144,17 +143,6 @@ TEST_F(Use, ThumbsHit) {
     panel.adapter().switchLayout();
   }
   EXPECT_EQ(areas, 5 + 3 + 3);
-
-  // Below what is drawn of the button, yet on it.
-  const QQuickItem& button = panel.item("layout");
-  const QPointF place = button.mapToScene({button.width() / 2, button.height() + 4});
-  for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
-    QMouseEvent event(type, place, place, Qt::LeftButton,
-                      type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton,
-                      Qt::NoModifier);
-    QCoreApplication::sendEvent(&panel.window(), &event);
-  }
-  EXPECT_TRUE(panel.adapter().compact());
 }
 
 TEST_F(Use, KeysDoWhatTouchesDo) {
