@@ -5,7 +5,7 @@
 
 #include "hosts/live/GpsdStatus.h"
 #include "hosts/live/SystemClock.h"
-#include "hosts/services/location/GpsdProbe.h"
+#include "hosts/services/location/GpsdLink.h"
 #include "hosts/services/location/GpsdSource.h"
 
 namespace wayfell {

@@ -5,15 +5,16 @@
 
 #include <list>
 
-#include "hosts/loop/IoRunLoop.h"
+#include "hosts/services/RetryDelay.h"
 #include "hosts/services/Warn.h"
+#include "platform/Host.h"
 
 namespace wayfell {
 
 class DesktopUrlOpener : public UrlOpener {
  public:
   /// The loop outlives the opener.
-  DesktopUrlOpener(IoRunLoop& loop, Warn warn);
+  DesktopUrlOpener(RunLoop& loop, Warn warn);
   /// Openings still under way go on by themselves.
   ~DesktopUrlOpener() override;
   DesktopUrlOpener(const DesktopUrlOpener&) = delete;
@@ -25,22 +26,19 @@ class DesktopUrlOpener : public UrlOpener {
   bool openURL(const std::optional<NSURL>& url) override;
 
  private:
-  // One xdg-open that has not ended, and what tells when it does: a descriptor of the process or,
-  // where the system has none to give, a timer to look with.
+  // One xdg-open that has not ended. It is looked at soon, and then ever more rarely.
   struct Opening {
     pid_t process = 0;
-    int descriptor = -1;
-    IoRunLoop::WatchId watch = 0;
+    RetryDelay pause{{.first = 0.01, .longest = 2}};
     RunLoop::TimerId timer = 0;
   };
   using Openings = std::list<Opening>;
 
-  void follow(pid_t process);
+  void follow(Openings::iterator opening);
   /// Ends the opening if its process has ended.
   void look(Openings::iterator opening);
-  void forget(const Opening& opening);
 
-  IoRunLoop& loop_;
+  RunLoop& loop_;
   Warn warn_;
   Openings openings_;
 };

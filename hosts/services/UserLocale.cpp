@@ -68,4 +68,23 @@ std::vector<LocaleName> localeNames(std::string_view list) {
   return names;
 }
 
+std::string acceptLanguage(const UserLocale& user) {
+  constexpr std::size_t kMostLanguages = 6;
+  if (localeNames(user.locale).empty()) return {};
+  std::vector<std::string> tags;
+  const auto add = [&tags](const std::string& tag) {
+    const bool known = std::find(tags.begin(), tags.end(), tag) != tags.end();
+    if (!known && tags.size() < kMostLanguages) tags.push_back(tag);
+  };
+  for (const LocaleName& name : localeNames(user.languages + ':' + user.locale)) {
+    if (!name.territory.empty()) add(name.language + '-' + name.territory);
+    add(name.language);
+  }
+  std::string header = tags.front();
+  for (std::size_t i = 1; i < tags.size(); ++i) {
+    header += ',' + tags[i] + ";q=0." + std::to_string(10 - i);
+  }
+  return header;
+}
+
 }  // namespace wayfell

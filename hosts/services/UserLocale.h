@@ -26,4 +26,8 @@ struct LocaleName {
 /// language are left out.
 std::vector<LocaleName> localeNames(std::string_view list);
 
+/// The value of an HTTP header Accept-Language: "de-AT,de;q=0.9,fr;q=0.8" for the locale "fr" and
+/// the languages "de_AT". Empty in a locale without a language, such as "C".
+std::string acceptLanguage(const UserLocale& user);
+
 }  // namespace wayfell

@@ -7,7 +7,6 @@
 #include <variant>
 
 #include "datums/Catalogue.h"
-#include "hosts/places/PositionRange.h"
 #include "hosts/settings/SettingValue.h"
 #include "hosts/text/TextScanner.h"
 #include "platform/NSString.h"
@@ -31,20 +30,8 @@ constexpr KnownSetting kSettings[] = {
     {"rotateMap", Kind::boolean, Read::copied, "for the app's map"},
     {"mapCompassType", Kind::integer, Read::copied, "for the app's map"},
     {"hasWaypoint", Kind::boolean, Read::appearance, "", {"no waypoint", "a waypoint is set"}},
-    {"waypointLatitude",
-     Kind::real,
-     Read::appearance,
-     "degrees",
-     {},
-     -kGreatestLatitude,
-     kGreatestLatitude},
-    {"waypointLongitude",
-     Kind::real,
-     Read::appearance,
-     "degrees",
-     {},
-     -kGreatestLongitude,
-     kGreatestLongitude},
+    {"waypointLatitude", Kind::real, Read::appearance, "degrees", {}, -90, 90},
+    {"waypointLongitude", Kind::real, Read::appearance, "degrees", {}, -180, 180},
     {"distance", Kind::real, Read::live, "metres of the track", {}, 0},
     {"time", Kind::real, Read::live, "seconds of the track", {}, 0},
     {"viewHidden", Kind::boolean, Read::appearance, "", {"expanded layout", "compact layout"}},

@@ -12,7 +12,7 @@
 
 #include "hosts/services/Warn.h"
 #include "hosts/services/addresses/AttributedGeocoder.h"
-#include "hosts/services/stores/FileMark.h"
+#include "hosts/services/stores/StoreFile.h"
 
 namespace wayfell {
 

@@ -1,5 +1,9 @@
-// Reads files of addresses as OpenAddresses publishes them: CSV with a header, or GeoJSON with a
-// Feature a line. Which of them it is, the content tells.
+// Reads files of addresses as OpenAddresses publishes them. Which kind it is, the content tells:
+//   CSV      The header names the columns in any order and case: LON, LAT, NUMBER, STREET, CITY,
+//            DISTRICT, REGION. Of these only LON and LAT must be there.
+//   GeoJSON  A Feature with a Point a line, with the properties number, street, city, district and
+//            region.
+// Other columns and properties are passed over; the district stands for a city that is missing.
 #pragma once
 
 #include <cstddef>

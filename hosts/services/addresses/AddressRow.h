@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <string>
+#include <string_view>
 
 namespace wayfell {
 
@@ -24,5 +25,12 @@ struct AddressRow {
     return number.empty() && street.empty() && city.empty() && region.empty();
   }
 };
+
+/// Sets a part to a text whose control characters have become blanks, with single blanks between
+/// words and none around. Throws std::invalid_argument for one that is too long or not UTF-8.
+void setPart(std::string& part, std::string_view text, std::string_view name);
+
+/// Throws std::invalid_argument for a position that is none.
+void checkPosition(const AddressRow& row);
 
 }  // namespace wayfell

@@ -2,7 +2,7 @@
 
 #include <stdexcept>
 
-#include "hosts/services/addresses/AcceptLanguage.h"
+#include "hosts/services/UserLocale.h"
 #include "hosts/services/addresses/AddressBook.h"
 #include "hosts/services/addresses/BookFile.h"
 #include "hosts/services/addresses/Nominatim.h"

@@ -13,7 +13,7 @@
 #include <utility>
 
 #include "hosts/services/sqlite/Sqlite.h"
-#include "hosts/services/stores/PrivateFile.h"
+#include "hosts/services/stores/StoreFile.h"
 
 namespace wayfell {
 namespace {

@@ -3,7 +3,7 @@
 #include <initializer_list>
 #include <stdexcept>
 
-#include "hosts/services/addresses/RowParts.h"
+#include "hosts/services/addresses/AddressRow.h"
 #include "hosts/services/addresses/StreetText.h"
 #include "hosts/text/InputError.h"
 #include "hosts/text/JsonLine.h"

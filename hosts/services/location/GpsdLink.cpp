@@ -49,12 +49,12 @@ void GpsdLink::setStatus(Status status) {
 
 void GpsdLink::resolve() {
   lookup_ = std::make_unique<NameLookup>(loop_, address_, [this](FoundAddresses found) {
-    if (found.addresses.empty()) {
+    if (found.first == nullptr) {
       fail(std::move(found.failure));
       return;
     }
-    addresses_ = std::move(found.addresses);
-    nextAddress_ = 0;
+    addresses_ = std::move(found.first);
+    nextAddress_ = addresses_.get();
     waitForTick();
     connectToNext();
   });
@@ -62,12 +62,12 @@ void GpsdLink::resolve() {
 }
 
 void GpsdLink::connectToNext() {
-  while (nextAddress_ < addresses_.size()) {
-    const SocketAddress& address = addresses_[nextAddress_++];
+  while (nextAddress_ != nullptr) {
+    const addrinfo& address = *std::exchange(nextAddress_, nextAddress_->ai_next);
     silentTicks_ = 0;
-    socket_ = socket(address.get()->sa_family, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0);
+    socket_ = socket(address.ai_family, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0);
     if (socket_ >= 0 &&
-        (connect(socket_, address.get(), address.size) == 0 || errno == EINPROGRESS)) {
+        (connect(socket_, address.ai_addr, address.ai_addrlen) == 0 || errno == EINPROGRESS)) {
       watch({.writable = true}, [this] { finishConnecting(); });
       setStatus(Status::connecting);
       return;
@@ -178,6 +178,26 @@ void GpsdLink::fail(std::string why) {
                  std::chrono::duration_cast<std::chrono::steady_clock::duration>(delay);
   timer_ = loop_.scheduleTimer(delay.count(), false, [this] { resolve(); });
   setStatus(Status::waiting);
+}
+
+bool gpsdAnswers(HostRunLoop& loop, const GpsdAddress& address, double longest) {
+  bool answers = false;
+  GpsdLink link(loop, address, {},
+                {.statusChanged =
+                     [&] {
+                       if (link.status() == GpsdLink::Status::waiting) loop.stop();
+                     },
+                 .lineCame =
+                     [&](std::string_view /*line*/) {
+                       answers = true;
+                       loop.stop();
+                     },
+                 .ticked = [] {}});
+  const RunLoop::TimerId end = loop.scheduleTimer(longest, false, [&loop] { loop.stop(); });
+  link.open();
+  loop.run();
+  loop.cancelTimer(end);
+  return answers;
 }
 
 }  // namespace wayfell

@@ -14,9 +14,8 @@
 #include <memory>
 #include <string>
 #include <string_view>
-#include <vector>
 
-#include "hosts/loop/IoRunLoop.h"
+#include "hosts/loop/HostRunLoop.h"
 #include "hosts/services/RetryDelay.h"
 #include "hosts/services/location/GpsdAddress.h"
 #include "hosts/services/location/NameLookup.h"
@@ -89,8 +88,8 @@ class GpsdLink {
   RetryDelay delay_;
 
   std::unique_ptr<NameLookup> lookup_;
-  std::vector<SocketAddress> addresses_;
-  std::size_t nextAddress_ = 0;
+  std::shared_ptr<addrinfo> addresses_;
+  const addrinfo* nextAddress_ = nullptr;
   int socket_ = -1;
   IoRunLoop::WatchId watch_ = 0;
   RunLoop::TimerId timer_ = 0;  // for the next attempt, or the tick
@@ -99,5 +98,10 @@ class GpsdLink {
   bool heard_ = false;          // since the last tick
   int silentTicks_ = 0;
 };
+
+/// Whether a gpsd says something there, for a program that decides at its start what to stand on.
+/// Runs the loop until it is known, but not longer than so many seconds; that nobody listens on the
+/// port is known at once.
+bool gpsdAnswers(HostRunLoop& loop, const GpsdAddress& address, double longest = 0.3);
 
 }  // namespace wayfell

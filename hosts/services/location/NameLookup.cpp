@@ -1,9 +1,6 @@
 #include "hosts/services/location/NameLookup.h"
 
-#include <netdb.h>
-
 #include <cerrno>
-#include <cstring>
 #include <mutex>
 #include <system_error>
 #include <thread>
@@ -22,12 +19,7 @@ FoundAddresses lookUp(const GpsdAddress& address, int flags) {
   const int failure = getaddrinfo(address.host.c_str(), address.port.c_str(), &hints, &first);
   FoundAddresses found;
   if (failure == 0) {
-    const std::unique_ptr<addrinfo, void (*)(addrinfo*)> list(first, freeaddrinfo);
-    for (const addrinfo* each = first; each != nullptr; each = each->ai_next) {
-      SocketAddress& one = found.addresses.emplace_back();
-      one.size = each->ai_addrlen;
-      std::memcpy(&one.bytes, each->ai_addr, each->ai_addrlen);
-    }
+    found.first.reset(first, freeaddrinfo);
   } else if (failure == EAI_SYSTEM) {
     found.failure = std::generic_category().message(errno);
   } else {
@@ -56,7 +48,7 @@ NameLookup::NameLookup(IoRunLoop& loop, const GpsdAddress& address, Completion c
     });
   };
   FoundAddresses numeric = lookUp(address, AI_NUMERICHOST);
-  if (!numeric.addresses.empty()) {
+  if (numeric.first != nullptr) {
     report(std::move(numeric));
     return;
   }

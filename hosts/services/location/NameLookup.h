@@ -2,28 +2,20 @@
 // up in a thread, as that can take as long as a name server takes to answer.
 #pragma once
 
-#include <sys/socket.h>
+#include <netdb.h>
 
 #include <functional>
 #include <memory>
 #include <string>
-#include <vector>
 
 #include "hosts/loop/IoRunLoop.h"
 #include "hosts/services/location/GpsdAddress.h"
 
 namespace wayfell {
 
-struct SocketAddress {
-  sockaddr_storage bytes = {};
-  socklen_t size = 0;
-
-  const sockaddr* get() const { return reinterpret_cast<const sockaddr*>(&bytes); }
-};
-
-/// In the order in which they are to be tried; none, and the reason, when the lookup failed.
+/// A list in the order in which they are to be tried; none, and the reason, when the lookup failed.
 struct FoundAddresses {
-  std::vector<SocketAddress> addresses;
+  std::shared_ptr<addrinfo> first;
   std::string failure;
 };
 

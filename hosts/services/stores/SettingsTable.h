@@ -35,7 +35,6 @@ class SettingsTable {
   /// All or none. Throws BadValue for what cannot be kept.
   void write(const Changes& changes);
 
-  bool writable() const { return isWritable(database_); }
   void waitForLocks(std::chrono::milliseconds longest) {
     wayfell::waitForLocks(database_, longest);
   }

@@ -2,10 +2,10 @@
 // SqliteStoreOpening.cpp opens the file and puts a damaged one aside.
 #pragma once
 
-#include "hosts/services/stores/FileMark.h"
 #include "hosts/services/stores/SettingsTable.h"
 #include "hosts/services/stores/SqliteStore.h"
 #include "hosts/services/stores/StoreErrors.h"
+#include "hosts/services/stores/StoreFile.h"
 #include "hosts/services/stores/StoreSchema.h"
 
 namespace wayfell {

@@ -4,8 +4,6 @@
 #include <system_error>
 #include <utility>
 
-#include "hosts/services/stores/DamagedFile.h"
-#include "hosts/services/stores/PrivateFile.h"
 #include "hosts/services/stores/SqliteStoreImplementation.h"
 
 namespace wayfell {

@@ -45,8 +45,6 @@ constexpr std::string_view kAddresses = "addresses";
 
 fs::path dataFolder() { return folder("XDG_DATA_HOME", ".local/share"); }
 
-fs::path configFolder() { return folder("XDG_CONFIG_HOME", ".config"); }
-
 fs::path sharedStoreFile(std::string_view suiteName) {
   using namespace std::string_view_literals;
   if (suiteName.empty()) throw std::invalid_argument("the name of a settings suite is empty");
@@ -58,14 +56,8 @@ fs::path sharedStoreFile(std::string_view suiteName) {
   return dataFolder() / (std::string(suiteName) + ".db");
 }
 
-fs::path localStoreFile() { return configFolder() / "widget.db"; }
+fs::path localStoreFile() { return folder("XDG_CONFIG_HOME", ".config") / "widget.db"; }
 
 fs::path cloudStoreFile() { return dataFolder() / (std::string(kCloud) + ".db"); }
-
-fs::path beside(const fs::path& file, std::string_view suffix) {
-  fs::path path = file;
-  path += suffix;
-  return path;
-}
 
 }  // namespace wayfell

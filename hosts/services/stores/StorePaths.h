@@ -1,4 +1,4 @@
-// Where the settings are kept. Both folders follow the XDG base directory rules: a variable that is
+// Where the settings are kept. Folders follow the XDG base directory rules: a variable that is
 // unset, empty or not an absolute path counts for nothing. The functions throw std::runtime_error
 // when there is no home folder either.
 #pragma once
@@ -10,21 +10,15 @@ namespace wayfell {
 
 /// $XDG_DATA_HOME/wayfell, or ~/.local/share/wayfell.
 std::filesystem::path dataFolder();
-/// $XDG_CONFIG_HOME/wayfell, or ~/.config/wayfell.
-std::filesystem::path configFolder();
 
 /// The suite that programs share under the name: NAME.db in the data folder. Throws
 /// std::invalid_argument for a name that is empty, has a "/" or a NUL in it, or is "cloud" or
 /// "addresses", which name other files there.
 std::filesystem::path sharedStoreFile(std::string_view suiteName);
-/// The widget's own settings: widget.db in the configuration folder.
+/// The widget's own settings: widget.db in $XDG_CONFIG_HOME/wayfell, or ~/.config/wayfell.
 std::filesystem::path localStoreFile();
 /// The user's settings in the cloud, put there by whoever fetches them: cloud.db in the data
 /// folder.
 std::filesystem::path cloudStoreFile();
-
-/// The path whose name goes on with the suffix: SQLite has files with "-wal" and "-shm" beside a
-/// database.
-std::filesystem::path beside(const std::filesystem::path& file, std::string_view suffix);
 
 }  // namespace wayfell

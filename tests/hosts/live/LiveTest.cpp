@@ -5,7 +5,7 @@
 #include "hosts/live/LiveScene.h"
 #include "hosts/live/OpenSource.h"
 #include "hosts/loop/uv/EventLoop.h"
-#include "hosts/services/location/GpsdProbe.h"
+#include "hosts/services/location/GpsdLink.h"
 #include "hosts/text/InputError.h"
 #include "platform/SimulatedHost.h"
 #include "support/Folder.h"

@@ -4,7 +4,6 @@
 #include <fcntl.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -137,26 +136,6 @@ TEST_F(DesktopUrlOpenerTest, AHandlerThatHangsHoldsNothingUp) {
   EXPECT_EQ(kill(handler, SIGKILL), 0);  // it had been left alone
   waitpid(handler, nullptr, 0);
 }
-
-// As in a sandbox that gives no descriptors for processes; here there is no number left for one.
-// Sanitizers need descriptors to look at memory with.
-#ifndef WAYFELL_SANITIZED
-TEST_F(DesktopUrlOpenerTest, WithoutADescriptorOfTheProcessATimerLooks) {
-  install("exit 4");
-  std::vector<int> fillers;
-  while (fillers.empty() || fillers.back() < 30) fillers.push_back(open("/dev/null", O_RDONLY));
-  rlimit before = {};
-  getrlimit(RLIMIT_NOFILE, &before);
-  rlimit full = before;
-  full.rlim_cur = static_cast<rlim_t>(fillers.back()) + 1;
-  setrlimit(RLIMIT_NOFILE, &full);
-  EXPECT_TRUE(opener_.openURL(NSURL::URLWithString("wayfell://x")));
-  setrlimit(RLIMIT_NOFILE, &before);
-  for (const int filler : fillers) close(filler);
-  runUntilAllAreReaped();
-  EXPECT_THAT(warnings_, ElementsAre(HasSubstr("no program opened")));
-}
-#endif
 
 // --- The whole way from an address that was looked up --------------------------------------------
 

@@ -11,7 +11,7 @@
 
 #include "HttpServer.h"
 #include "hosts/loop/uv/EventLoop.h"
-#include "hosts/services/addresses/AcceptLanguage.h"
+#include "hosts/services/UserLocale.h"
 #include "hosts/services/addresses/NominatimAnswer.h"
 #include "hosts/services/addresses/StreetText.h"
 #include "hosts/text/InputError.h"

@@ -7,7 +7,7 @@
 #include <memory>
 
 #include "hosts/loop/uv/EventLoop.h"
-#include "hosts/services/location/GpsdProbe.h"
+#include "hosts/services/location/GpsdLink.h"
 #include "support/Locations.h"
 
 namespace wayfell {

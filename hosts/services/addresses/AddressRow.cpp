@@ -1,4 +1,4 @@
-#include "hosts/services/addresses/RowParts.h"
+#include "hosts/services/addresses/AddressRow.h"
 
 #include <stdexcept>
 

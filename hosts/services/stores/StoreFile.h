@@ -1,4 +1,5 @@
-// Which file stands at a path: whether it has been replaced, or changed, since it was looked at.
+// The file of a store on the disk: which one stands at a path, how one is made, and how a damaged
+// one is put aside.
 #pragma once
 
 #include <sys/types.h>
@@ -26,5 +27,15 @@ std::optional<FileMark> markOf(const std::filesystem::path& file);
 /// Whether the file that was marked still stands at the path, whatever its contents. Costs half as
 /// much.
 bool isStillAt(const std::filesystem::path& file, const FileMark& mark);
+
+/// Makes the file, empty, and the folders that it takes, for the user alone whatever the umask. A
+/// file and folders that are there stay as they are. Throws std::system_error.
+void createPrivateFile(const std::filesystem::path& file);
+
+/// Renames a damaged database and the log beside it to "NAME.corrupt-20251231T235959Z" and returns
+/// the new path. None when the path is not that file's any more: another process was faster.
+/// Throws std::system_error.
+std::optional<std::filesystem::path> setAside(const std::filesystem::path& file,
+                                              const FileMark& damaged);
 
 }  // namespace wayfell
