@@ -4,7 +4,7 @@
 #include <optional>
 #include <string>
 
-#include "hosts/scene/Player.h"
+#include "hosts/replay/Player.h"
 #include "hosts/scene/Scene.h"
 #include "platform/CLLocation.h"
 

@@ -1,62 +1,39 @@
 #include "hosts/replay/Replay.h"
 
+#include <algorithm>
 #include <limits>
 
+#include "hosts/replay/Player.h"
+#include "hosts/text/InputError.h"
+
 namespace wayfell {
-namespace {
 
-// After so much of a gap between events those who wait hear of it.
-constexpr double kStretch = 600;  // seconds
-
-// The instants of the timed snapshots, none of which drifts.
-class Beat {
- public:
-  Beat(NSDate start, std::optional<double> every)
-      : start_(start.timeIntervalSinceReferenceDate), every_(every) {}
-  double due() const {
-    return every_ ? start_ + count_ * *every_ : std::numeric_limits<double>::infinity();
-  }
-  void goOn() { count_ += 1; }
-
- private:
-  double start_;
-  std::optional<double> every_;
-  double count_ = 1;
-};
-
-}  // namespace
-
-void Replay::advanceTo(double t, SimulatedRunLoop& loop) const {
-  double now = loop.now().timeIntervalSinceReferenceDate;
-  progress_(now);
-  while (now + kStretch < t) {
-    now += kStretch;
-    loop.advanceTo({now});
-    progress_(now);
-  }
-  loop.advanceTo({t});
-}
-
-void Replay::play(Recording& recording, ReplayedWidget& widget) const {
-  SimulatedRunLoop& loop = widget.host().loop;
-  std::optional<Event> event = recording.next();
-  if (event) loop.startAt({event->t});
-  Beat beat(loop.now(), every_);
-  while (event) {
-    const double t = event->t;
-    advanceTo(t, loop);
-    widget.apply(event->action);
-    if (std::holds_alternative<event::Show>(event->action) && !show_(widget)) return;
-    event = recording.next();
-    if (!event) widget.start();
-    // What happens at an instant is over once a later event comes next, or none.
-    while (event ? beat.due() < event->t : beat.due() <= t) {
-      advanceTo(beat.due(), loop);
-      if (!show_(widget)) return;
-      beat.goOn();
+void replay(Recording& recording, ReplayedWidget& widget, std::optional<double> every,
+            const std::function<bool(ReplayedWidget& widget)>& show,
+            const std::function<void(double t)>& progress) {
+  constexpr double kStretch = 600;  // seconds without an event, after which those who wait hear
+  bool goesOn = true;
+  const auto showNow = [&] { goesOn = goesOn && show(widget); };
+  Player player(recording, widget, showNow);
+  const double start = player.now();
+  double spans = 1;
+  // Counted from the start, so that no rounding adds up.
+  const auto due = [&] {
+    return every ? start + spans * *every : std::numeric_limits<double>::infinity();
+  };
+  while (goesOn && !player.ended()) {
+    progress(player.now());
+    const double event = player.next().t;
+    player.advanceTo(std::min({event, due(), player.now() + kStretch}));
+    // What happens at an instant is over once a later event comes next.
+    if (due() < event && player.now() == due()) {
+      showNow();
+      ++spans;
     }
   }
-  show_(widget);
+  if (goesOn && player.fault()) throw InputError(*player.fault());
+  for (; goesOn && due() <= player.now(); ++spans) showNow();
+  showNow();
 }
 
 }  // namespace wayfell

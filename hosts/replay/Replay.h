@@ -1,6 +1,5 @@
 // Plays a recording to the widget on the simulated clock, as fast as it goes, and shows the widget
 // on the way:
-// - the clock starts at the first event; timers due at or before an event fire before it;
 // - at each event that asks for it;
 // - every so many seconds from the start, as it then stands after all that happens at that
 //   instant;
@@ -15,29 +14,15 @@
 
 namespace wayfell {
 
-class Replay {
- public:
-  /// Not shorter, for a span to make a difference to any clock.
-  static constexpr double kShortestSpan = 0.001;  // seconds
+/// Spans between snapshots are not shorter, to make a difference to any clock.
+inline constexpr double kShortestSpan = 0.001;  // seconds
 
-  /// Called each time the widget is to be shown. What it returns tells whether to go on.
-  using Show = std::function<bool(ReplayedWidget& widget)>;
-  /// Called with the time that has been reached, for those who wait: before each event, first of
-  /// all with the start, and on the way through long gaps.
-  using Progress = std::function<void(double t)>;
-
-  Replay(std::optional<double> every, Show show, Progress progress)
-      : every_(every), show_(std::move(show)), progress_(std::move(progress)) {}
-
-  /// Plays to the end. Throws what the recording throws; what was shown before then stands.
-  void play(Recording& recording, ReplayedWidget& widget) const;
-
- private:
-  void advanceTo(double t, SimulatedRunLoop& loop) const;
-
-  std::optional<double> every_;
-  Show show_;
-  Progress progress_;
-};
+/// Plays to the end, or until `show` returns false. `progress` is called with the time that has
+/// been reached, for those who wait: first with the start, then before each later event and
+/// on the way through long gaps. Throws what the recording throws; what was shown before then
+/// stands.
+void replay(Recording& recording, ReplayedWidget& widget, std::optional<double> every,
+            const std::function<bool(ReplayedWidget& widget)>& show,
+            const std::function<void(double t)>& progress);
 
 }  // namespace wayfell

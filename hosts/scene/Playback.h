@@ -4,7 +4,7 @@
 #include <chrono>
 #include <optional>
 
-#include "hosts/scene/Player.h"
+#include "hosts/replay/Player.h"
 
 namespace wayfell {
 

@@ -6,8 +6,8 @@
 #include <string>
 
 #include "hosts/loop/IoRunLoop.h"
+#include "hosts/replay/Player.h"
 #include "hosts/scene/Playback.h"
-#include "hosts/scene/Player.h"
 #include "hosts/scene/Scene.h"
 
 namespace wayfell {

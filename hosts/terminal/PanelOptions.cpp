@@ -65,7 +65,7 @@ Command todayOptions() {
 Command replayOptions() {
   const auto command = std::make_shared<ReplayCommand>();
   const auto isSpan = [](double seconds) {
-    return std::isfinite(seconds) && seconds >= Replay::kShortestSpan;
+    return std::isfinite(seconds) && seconds >= kShortestSpan;
   };
   Command replay = {
       .name = "replay",
@@ -87,7 +87,7 @@ Command replayOptions() {
                             .target = &command->every,
                             .value = "SECONDS",
                             .check = numberThat(isSpan, "expected a number of seconds, at least " +
-                                                            shortestText(Replay::kShortestSpan))});
+                                                            shortestText(kShortestSpan))});
   replay.options.push_back({"--text", "Draw the panel instead of printing JSON", &command->text});
   return replay;
 }

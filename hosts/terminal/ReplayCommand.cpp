@@ -43,10 +43,10 @@ void play(const ReplayCommand& command, const std::string& name, Recording& reco
     shown.host().urls.requests.clear();
     return output.ok();
   };
-  Replay(command.every, show, [&](double t) {
+  replay(recording, widget, command.every, show, [&](double t) {
     const double seconds = elapsed(t);
     progress.reach([seconds] { return "replayed " + elapsedText(seconds); });
-  }).play(recording, widget);
+  });
 }
 
 }  // namespace

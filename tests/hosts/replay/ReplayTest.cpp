@@ -28,8 +28,7 @@ std::vector<std::string> replayedLines(std::string_view recording,
     shown.host().urls.requests.clear();
     return true;
   };
-  Replay(every, show, [](double) {
-  }).play(*openRecording(InputBytes(bytesOfText(recording))), widget);
+  replay(*openRecording(InputBytes(bytesOfText(recording))), widget, every, show, [](double) {});
   return lines;
 }
 

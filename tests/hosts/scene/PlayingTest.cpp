@@ -1,49 +1,13 @@
 // Playing in step with real time, which here is what the test says it is.
 #include <gtest/gtest.h>
 
-#include "hosts/replay/Demo.h"
-#include "hosts/replay/Replay.h"
-#include "hosts/replay/Snapshot.h"
+#include "hosts/replay/Player.h"
 #include "hosts/scene/Playback.h"
-#include "hosts/scene/Player.h"
-#include "hosts/text/InputError.h"
 
 namespace wayfell {
 namespace {
 
 using namespace std::chrono_literals;
-
-std::string takeSnapshot(ReplayedWidget& widget) {
-  const std::string line = snapshotLine(widget);
-  widget.host().urls.requests.clear();
-  return line;
-}
-
-TEST(Player, StandsWhereAReplayWouldStand) {
-  std::vector<std::string> replayed;
-  {
-    ReplayedWidget widget;
-    const auto show = [&](ReplayedWidget& shown) {
-      replayed.push_back(takeSnapshot(shown));
-      return true;
-    };
-    Replay(7, show, [](double) {}).play(*openRecording(InputBytes(demoBytes())), widget);
-  }
-  ReplayedWidget widget;
-  const auto recording = openRecording(InputBytes(demoBytes()));
-  Player player(*recording, widget);
-  const double start = player.now();
-  std::vector<std::string> played;
-  while (!player.ended()) {
-    // On the way, at instants at which nothing happens.
-    player.advanceTo(start + 7.0 * static_cast<double>(played.size()) + 3.14159);
-    player.advanceTo(start + 7.0 * static_cast<double>(played.size() + 1));
-    played.push_back(takeSnapshot(widget));
-  }
-  // The demo lasts 180 times 7 seconds and 0.4 more, of which a replay shows the end.
-  ASSERT_EQ(replayed.size(), played.size());
-  for (std::size_t i = 0; i < played.size(); ++i) ASSERT_EQ(played[i], replayed[i]) << i;
-}
 
 class Playing : public testing::Test {
  protected:

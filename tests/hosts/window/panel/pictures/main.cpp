@@ -5,8 +5,8 @@
 
 #include "ShownPanel.h"
 #include "hosts/replay/Demo.h"
+#include "hosts/replay/Player.h"
 #include "hosts/replay/Recording.h"
-#include "hosts/scene/Player.h"
 
 namespace {
 

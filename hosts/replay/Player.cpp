@@ -1,4 +1,4 @@
-#include "hosts/scene/Player.h"
+#include "hosts/replay/Player.h"
 
 #include <algorithm>
 
@@ -6,8 +6,8 @@
 
 namespace wayfell {
 
-Player::Player(Recording& recording, ReplayedWidget& widget)
-    : recording_(recording), widget_(widget), next_(recording.next()) {
+Player::Player(Recording& recording, ReplayedWidget& widget, std::function<void()> show)
+    : onShow(std::move(show)), recording_(recording), widget_(widget), next_(recording.next()) {
   if (next_) {
     start_ = next_->t;
     widget_.host().loop.startAt({start_});

@@ -1,5 +1,5 @@
-// Plays a recording to the widget piece by piece, for someone who looks on and may step in. At any
-// instant the widget stands as a Replay would have it then, so long as nobody steps in.
+// Plays a recording to the widget piece by piece, for someone who looks on and may step in. Timers
+// that are due at or before an event fire before it.
 #pragma once
 
 #include <functional>
@@ -15,7 +15,7 @@ class Player {
  public:
   /// Starts the clock at the first event and lets happen what happens at that instant. Throws
   /// InputError when not even the first event can be read.
-  Player(Recording& recording, ReplayedWidget& widget);
+  Player(Recording& recording, ReplayedWidget& widget, std::function<void()> show = {});
 
   /// Goes on to an instant, in seconds since the reference date, but not past the last event. Time
   /// never goes back.
@@ -29,6 +29,8 @@ class Player {
   double now() const;
   /// Seconds since the first event.
   double elapsed() const { return now() - start_; }
+  /// The next event, if the playing has not ended.
+  const Event& next() const { return *next_; }
   /// When something happens next; none after the last event, when time stands still.
   std::optional<double> nextDue() const;
   bool ended() const { return !next_; }
