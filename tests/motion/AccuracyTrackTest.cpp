@@ -6,10 +6,7 @@ namespace wayfell {
 namespace {
 
 CLLocation fix(double horizontalAccuracy, double verticalAccuracy) {
-  CLLocation location;
-  location.horizontalAccuracy = horizontalAccuracy;
-  location.verticalAccuracy = verticalAccuracy;
-  return location;
+  return {{}, 0, horizontalAccuracy, verticalAccuracy, -1, -1, {}};
 }
 
 TEST(AccuracyTrack, AveragesWhateverItIsGivenOverThirty) {

@@ -27,13 +27,7 @@ struct Step {
 
 // Along the equator a degree of longitude is a circle's, of the semi-major axis: 6378137 pi / 180.
 CLLocation fix(Step step, double speed = -1, double altitude = 0) {
-  CLLocation location;
-  location.coordinate.longitude = step.east / 111319.49079327358;
-  location.timestamp = {step.time};
-  location.horizontalAccuracy = 5;
-  location.speed = speed;
-  location.altitude = altitude;
-  return location;
+  return {{0, step.east / 111319.49079327358}, altitude, 5, -1, speed, -1, {step.time}};
 }
 
 class Listener : public VelocityManagerDelegate {

@@ -23,7 +23,7 @@ TEST(Intake, FixesAreScreenedByTheirAccuracy) {
       {{47, 5, true}, {50.1, 5, false}},                               // mean 48.55
       {{48.2, 5, true}, {50.1, 5, true}},                              // mean 49.15
       {{5, 5, true}, {50.1, 5, false}},                                // mean 27.55
-      {{150, 5, true}, {150, 5, true}},                                // alone, it is its own mean
+      {{150, 5, true}},                                                // alone, it is its own mean
       {{5, 5, true}, {150, 5, false}, {78, 5, true}, {90, 5, false}},  // means 77.5, 77.67, 80.75
       {{250, 5, false}},                  // not learnt, the mean is still 0
       {{5, -1, true}, {5, 70.1, false}},  // vertical mean (-1 + 70.1) / 2

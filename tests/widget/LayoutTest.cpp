@@ -90,8 +90,7 @@ TEST(Lifecycle, RunsWithoutAnyView) {
   const auto controller = std::make_shared<TodayViewController>();
   controller->viewDidLoad();
   controller->viewWillAppear(false);
-  CLLocation fix;
-  fix.horizontalAccuracy = 5;
+  const CLLocation fix = {{}, 0, 5, -1, -1, -1, {}};
   host.location.deliver({fix});
   host.location.deliver(CLHeading{90, 90, 5});
   for (int units = -1; units < 6; ++units) controller->updateCurrentLocationDisplayWithUnits(units);

@@ -20,14 +20,13 @@ struct Widget {
   /// Delivers one fix, now.
   void fix(double latitude, double longitude, double altitude = 0, double horizontalAccuracy = 5,
            double verticalAccuracy = 5, double course = -1) {
-    CLLocation location;
-    location.coordinate = {latitude, longitude};
-    location.altitude = altitude;
-    location.horizontalAccuracy = horizontalAccuracy;
-    location.verticalAccuracy = verticalAccuracy;
-    location.course = course;
-    location.timestamp = NSDate::date();
-    host.location.deliver({location});
+    host.location.deliver({CLLocation{{latitude, longitude},
+                                      altitude,
+                                      horizontalAccuracy,
+                                      verticalAccuracy,
+                                      -1,
+                                      course,
+                                      NSDate::date()}});
   }
 
   template <class View>

@@ -32,9 +32,6 @@ TEST(Spoken, SaysWhatHasPrintedALabel) {
   EXPECT_EQ(
       panel.say(&PanelViews::timeLabel, PanelRow::trackTime, formattedText("%02d:%02d", 5, 0)),
       "track time 5 minutes 0 seconds");
-  EXPECT_EQ(panel.say(&PanelViews::distanceLabel, PanelRow::trackDistance,
-                      localizedText("%0.1f ft", 984.3)),
-            "track distance 984.3 feet");
   EXPECT_EQ(panel.say(&PanelViews::addressLabel, PanelRow::address, "007 Main St, 9 m"),
             "address 007 Main St, 9 m");
   EXPECT_EQ(panel.say(&PanelViews::altitudeLabel, PanelRow::altitude, std::nullopt),

@@ -37,7 +37,9 @@ class Display:
         assert number, "Xvfb does not start"
         kept = {name: os.environ[name] for name in ("PATH", "LSAN_OPTIONS") if name in os.environ}
         self.environment = {**kept, "DISPLAY": f":{number}", "LC_ALL": "C.UTF-8",
-                            "XDG_RUNTIME_DIR": self.folder.name, **self.homes()}
+                            "XDG_RUNTIME_DIR": self.folder.name, "HOME": self.folder.name,
+                            "XDG_CONFIG_HOME": str(self.path("config")),
+                            "XDG_DATA_HOME": str(self.path("data"))}
         return self
 
     def __exit__(self, *exception):
@@ -45,25 +47,19 @@ class Display:
         self.server.wait()
         self.folder.cleanup()
 
-    def homes(self):
-        home = pathlib.Path(self.folder.name)
-        return {"HOME": str(home), "XDG_CONFIG_HOME": str(home / "config"),
-                "XDG_DATA_HOME": str(home / "data")}
-
     def path(self, name):
         return pathlib.Path(self.folder.name) / name
 
-    def run(self, *command):
-        return subprocess.run(command, env=self.environment, capture_output=True, text=True,
-                              check=True).stdout
+    def run(self, *command, check=True):
+        return subprocess.run(list(map(str, command)), env=self.environment, capture_output=True,
+                              text=True, check=check).stdout
 
     def xdotool(self, *arguments):
-        return self.run("xdotool", *map(str, arguments))
+        return self.run("xdotool", *arguments)
 
     def clipboard(self):
         """Empty while there is none."""
-        return subprocess.run(["xclip", "-selection", "clipboard", "-out"], env=self.environment,
-                              capture_output=True, text=True, check=False).stdout
+        return self.run("xclip", "-selection", "clipboard", "-out", check=False)
 
 
 class Window:
@@ -86,9 +82,8 @@ class Window:
 
     def find(self):
         assert self.process.poll() is None, self.process.stderr.read()
-        found = subprocess.run(
-            ["xdotool", "search", "--onlyvisible", "--pid", str(self.process.pid), "--name", "Wayfell"],
-            env=self.display.environment, capture_output=True, text=True, check=False).stdout.split()
+        found = self.display.run("xdotool", "search", "--onlyvisible", "--pid", self.process.pid,
+                                 "--name", "Wayfell", check=False).split()
         return found[0] if found else None
 
     def geometry(self):

@@ -32,13 +32,6 @@ TEST(CornerView, IsBlackAtHalfOpacityWithTwoRoundedCorners) {
   }
 }
 
-CLHeading heading(double degrees) {
-  CLHeading heading;
-  heading.trueHeading = degrees;
-  heading.headingAccuracy = 5;
-  return heading;
-}
-
 // The middle of the letters on the tape that are no further than 15 points from the frame's middle,
 // in points from it. Dots are dimmer than letters, and the next label is 37.5 points on.
 double lettersOffMark(ShownPanel& panel) {
@@ -95,7 +88,7 @@ TEST(CompassTape, HasTheHeadingUnderTheMark) {
     for (std::size_t i = 0; i < labels.size(); ++i) {
       for (const double scale : {1.0, 2.0}) {
         panel.style().setFontScale(scale);
-        widget.apply(event::Turn{heading(45.0 * static_cast<double>(i))});
+        widget.apply(event::Turn{{45.0 * static_cast<double>(i), 0, 5}});
         EXPECT_NEAR(lettersOffMark(panel), 0, 2 * 300.0 / 360) << labels[i].toStdString();
         EXPECT_EQ(labelUnderMark(panel), labels[i]);
       }

@@ -22,7 +22,6 @@ const Language kLanguages[] = {
      false,
      {{"Latitude\nLongitude", "Breitengrad\nLängengrad"},
       {"Altitude", "Höhe über Meer"},
-      {"Speed", "Geschwindigkeit"},
       {"Pace", "Lauftempo"},
       {"Distance", "Entfernung"},
       {"Time", "Dauer der Spur"},
@@ -34,22 +33,11 @@ const Language kLanguages[] = {
      true,
      {{"Latitude\nLongitude", "خط العرض\nخط الطول"},
       {"Altitude", "الارتفاع"},
-      {"Speed", "السرعة"},
       {"Pace", "الوتيرة"},
       {"Distance", "المسافة"},
-      {"Time", "الوقت"},
       {"ETA", "الوصول"},
       {"Open", "فتح"}}},
 };
-
-CLLocation fixAt(double latitude, double longitude, double altitude) {
-  CLLocation fix;
-  fix.coordinate = {latitude, longitude};
-  fix.altitude = altitude;
-  fix.horizontalAccuracy = 5;
-  fix.verticalAccuracy = 5;
-  return fix;
-}
 
 // A widget that shows the longest texts there are: slow, far away, on a long track.
 void fill(ReplayedWidget& widget, const Language& language) {
@@ -66,11 +54,8 @@ void fill(ReplayedWidget& widget, const Language& language) {
                                   {"distance", PropertyValue(12345678.9)},
                                   {"time", PropertyValue(3599999.0)}}});
   widget.start();
-  widget.apply(event::Locate{{fixAt(-46.98274, -127.94186, 12345)}});
-  CLHeading heading;
-  heading.trueHeading = 355;
-  heading.headingAccuracy = 1;
-  widget.apply(event::Turn{heading});
+  widget.apply(event::Locate{{CLLocation{{-46.98274, -127.94186}, 12345, 5, 5, -1, -1, {}}}});
+  widget.apply(event::Turn{{355, 0, 1}});
 }
 
 std::vector<QQuickItem*> visibleTexts(const ShownPanel& panel) {

@@ -45,20 +45,11 @@ class Use : public testing::Test {
     widget_.host().geocoder.answer =
         CLPlacemark{CNPostalAddress{"Am Hangried", "Oberlinden", "Alrun"}};
     widget_.start();
-    CLLocation fix;
-    fix.coordinate = {46.98, 7.93998};
-    fix.altitude = 905;
-    fix.horizontalAccuracy = fix.verticalAccuracy = 5;
-    widget_.apply(event::Locate{{fix}});
+    widget_.apply(event::Locate{{CLLocation{{46.98, 7.93998}, 905, 5, 5, -1, -1, {}}}});
     turnTo(90);
   }
 
-  void turnTo(double degrees) {
-    CLHeading heading;
-    heading.trueHeading = degrees;
-    heading.headingAccuracy = 5;
-    widget_.apply(event::Turn{heading});
-  }
+  void turnTo(double degrees) { widget_.apply(event::Turn{{degrees, 0, 5}}); }
 
   void press(ShownPanel& panel, int key) {
     QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier);
