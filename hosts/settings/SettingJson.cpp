@@ -108,25 +108,21 @@ struct WriteJson {
   }
 };
 
+// None for lists, objects and null.
+std::optional<PropertyValue> simpleValueOf(JsonLine::Value json) {
+  if (json.kind() == Kind::boolean) return json.boolean();
+  if (json.kind() == Kind::integer) return json.integer();
+  if (json.kind() == Kind::real) return json.real();
+  if (json.kind() == Kind::text) return json.text();
+  return std::nullopt;
+}
+
 // Reads the exact form. The depth counts lists and dictionaries, not the JSON around them.
 struct ReadExact {
   static PropertyValue of(JsonLine::Value json, int depth) {
-    switch (json.kind()) {
-      case Kind::boolean:
-        return json.boolean();
-      case Kind::integer:
-        return json.integer();
-      case Kind::real:
-        return json.real();
-      case Kind::text:
-        return json.text();
-      case Kind::list:
-        return list(json, depth + 1);
-      case Kind::object:
-        return object(json, depth + 1);
-      case Kind::null:
-        break;
-    }
+    if (auto value = simpleValueOf(json)) return *std::move(value);
+    if (json.kind() == Kind::list) return list(json, depth + 1);
+    if (json.kind() == Kind::object) return object(json, depth + 1);
     throw BadValue("its JSON has a null in it");
   }
 
@@ -234,36 +230,23 @@ PropertyValue valueOfExactJson(std::string_view text) {
 }
 
 PropertyValue expectSettingValue(JsonLine::Value value, const FieldPath& path) {
-  switch (value.kind()) {
-    case Kind::boolean:
-      return value.boolean();
-    case Kind::integer:
-      return value.integer();
-    case Kind::real:
-      return value.real();
-    case Kind::text:
-      return value.text();
-    case Kind::list: {
-      List list;
-      for (const JsonLine::Value& element : value) {
-        list.push_back(expectSettingValue(element, FieldPath(path, list.size())));
-      }
-      return list;
+  if (auto simple = simpleValueOf(value)) return *std::move(simple);
+  if (value.kind() == Kind::list) {
+    List list;
+    for (const JsonLine::Value& element : value) {
+      list.push_back(expectSettingValue(element, FieldPath(path, list.size())));
     }
-    case Kind::object: {
-      Dictionary dictionary;
-      for (const JsonLine::Value& member : value) {
-        const FieldPath memberPath(path, member.key());
-        if (!dictionary.emplace(member.key(), expectSettingValue(member, memberPath)).second) {
-          memberPath.fail("given twice");
-        }
-      }
-      return dictionary;
-    }
-    case Kind::null:
-      break;
+    return list;
   }
-  path.fail("expected a value");
+  if (value.kind() == Kind::null) path.fail("expected a value");
+  Dictionary dictionary;
+  for (const JsonLine::Value& member : value) {
+    const FieldPath memberPath(path, member.key());
+    if (!dictionary.emplace(member.key(), expectSettingValue(member, memberPath)).second) {
+      memberPath.fail("given twice");
+    }
+  }
+  return dictionary;
 }
 
 }  // namespace wayfell

@@ -3,37 +3,18 @@
 #include <unictype.h>
 #include <unigbrk.h>
 #include <unilbrk.h>
-#include <uniwidth.h>
 
 #include <algorithm>
-#include <array>
+#include <clocale>
 #include <cstddef>
 #include <cstdint>
+#include <cwchar>
 
 #include "hosts/text/Characters.h"
 #include "hosts/text/Utf8.h"
 
 namespace wayfell {
 namespace {
-
-constexpr const char* kEncoding = "UTF-8";  // in which characters of ambiguous width take one
-
-struct Range {
-  char32_t first;
-  char32_t last;
-  int columns;
-};
-
-// ncurses counts by the C library. Here libunistring 1.0 has other widths than glibc 2.36: the soft
-// hyphen and signs before Arabic, Syriac and Kaithi numbers; vowel signs of Kannada, Zanabazar
-// Square and Bhaiksuki; circled numbers; hexagrams.
-constexpr std::array kAsGlibc = {
-    Range{0x00AD, 0x00AD, 1},   Range{0x0600, 0x0605, 1},   Range{0x06DD, 0x06DD, 1},
-    Range{0x070F, 0x070F, 1},   Range{0x0890, 0x0891, 1},   Range{0x08E2, 0x08E2, 1},
-    Range{0x0CBF, 0x0CBF, 0},   Range{0x0CC6, 0x0CC6, 0},   Range{0x3248, 0x324F, 2},
-    Range{0x4DC0, 0x4DFF, 2},   Range{0x110BD, 0x110BD, 1}, Range{0x110CD, 0x110CD, 1},
-    Range{0x11A07, 0x11A08, 0}, Range{0x11C3F, 0x11C3F, 0},
-};
 
 const std::uint8_t* bytesOf(std::string_view text) {
   return reinterpret_cast<const std::uint8_t*>(text.data());
@@ -61,7 +42,7 @@ class Graphemes {
 std::size_t firstLine(std::string_view text, int columns) {
   const std::size_t most = std::max(cut(text, columns).size(), Graphemes(text).endOf(0));
   std::vector<char> breaks(text.size());
-  u8_possible_linebreaks(bytesOf(text), text.size(), kEncoding, breaks.data());
+  u8_possible_linebreaks(bytesOf(text), text.size(), "UTF-8", breaks.data());
   std::size_t end = std::min(text.find_first_not_of(' ', most), text.size());
   if (end == text.size()) return end;
   while (end > 0 && breaks[end] != UC_BREAK_POSSIBLE) --end;
@@ -72,13 +53,12 @@ std::size_t firstLine(std::string_view text, int columns) {
 
 int columnsOf(char32_t codePoint) {
   if (codePoint < 0xA0) return 1;
-  const auto* const range =
-      std::find_if(kAsGlibc.begin(), kAsGlibc.end(),
-                   [codePoint](const Range& one) { return codePoint <= one.last; });
-  if (range != kAsGlibc.end() && codePoint >= range->first) return range->columns;
-  const int columns = uc_width(codePoint, kEncoding);
-  // What is kept for ideographs to come is wide, but drawn as one replacement character.
-  return columns == 2 && uc_is_general_category(codePoint, UC_UNASSIGNED) ? 1 : columns;
+  // ncurses counts by the C library, which has this locale on every system.
+  static const locale_t kUtf8 = newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr);
+  const locale_t before = uselocale(kUtf8);
+  const int columns = wcwidth(static_cast<wchar_t>(codePoint));
+  uselocale(before);
+  return columns < 0 ? 1 : columns;  // what is unknown is drawn as one replacement character
 }
 
 int columnsOf(std::string_view text) {

@@ -177,9 +177,7 @@ void AddressBook::takeUpFile() {
   }
   try {
     pages_ = std::make_unique<Pages>(file_);
-  } catch (const BookError& error) {
-    putAside(error.what());
-  } catch (const SQLite::Exception& error) {
+  } catch (const std::runtime_error& error) {
     putAside(error.what());
   }
 }

@@ -44,9 +44,7 @@ std::unique_ptr<AttributedGeocoder> makeGeocoder(const AddressChoice& choice, Io
                                                  const Warn& warn) {
   try {
     return serviceOf(choice, loop, warn);
-  } catch (const std::runtime_error& error) {
-    warn(std::string("addresses: ") + error.what() + "; there are none");
-  } catch (const std::invalid_argument& error) {
+  } catch (const std::exception& error) {
     warn(std::string("addresses: ") + error.what() + "; there are none");
   }
   return std::make_unique<NoGeocoder>();

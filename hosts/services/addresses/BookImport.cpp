@@ -42,12 +42,13 @@ void tellingWhere(const std::filesystem::path& book, Action action) {
   }
 }
 
+// The id of a row that the statement adds unless it is there.
 template <class... Values>
-std::int64_t idFound(SQLite::Statement& find, const Values&... parameters) {
-  const StatementRun run(find);
-  SQLite::bind(find, parameters...);
-  find.executeStep();
-  return find.getColumn(0).getInt64();
+std::int64_t idOf(SQLite::Statement& add, const Values&... parameters) {
+  const StatementRun run(add);
+  SQLite::bind(add, parameters...);
+  add.executeStep();
+  return add.getColumn(0).getInt64();
 }
 
 std::int64_t inUnits(double degrees) { return std::llround(degrees * kBookUnitsPerDegree); }
@@ -98,16 +99,16 @@ class BookImport::Lock {
 
 struct BookImport::Statements {
   explicit Statements(const SQLite::Database& database)
-      : addTown(database, "INSERT OR IGNORE INTO town (city, region, country) VALUES (?1, ?2, ?3)"),
-        findTown(database, "SELECT id FROM town WHERE city = ?1 AND region = ?2 AND country = ?3"),
-        addStreet(database, "INSERT OR IGNORE INTO street (name, town) VALUES (?1, ?2)"),
-        findStreet(database, "SELECT id FROM street WHERE name = ?1 AND town = ?2"),
+      : addTown(database,
+                "INSERT INTO town (city, region, country) VALUES (?1, ?2, ?3) "
+                "ON CONFLICT DO UPDATE SET city = city RETURNING id"),
+        addStreet(database,
+                  "INSERT INTO street (name, town) VALUES (?1, ?2) "
+                  "ON CONFLICT DO UPDATE SET name = name RETURNING id"),
         addAddress(database, "INSERT INTO address VALUES (?1, ?2, ?2, ?3, ?3, ?4, ?5)") {}
 
   SQLite::Statement addTown;
-  SQLite::Statement findTown;
   SQLite::Statement addStreet;
-  SQLite::Statement findStreet;
   SQLite::Statement addAddress;
 };
 
@@ -182,15 +183,8 @@ std::int64_t BookImport::streetId(const AddressRow& row) {
   const auto known = streets_.find(key_);
   if (known != streets_.end()) return known->second;
   if (streets_.size() == kStreetsRemembered) streets_.clear();
-  return streets_[key_] = storedStreetId(row);
-}
-
-std::int64_t BookImport::storedStreetId(const AddressRow& row) {
-  Statements& s = *statements_;
-  run(s.addTown, row.city, row.region, country_);
-  const std::int64_t town = idFound(s.findTown, row.city, row.region, country_);
-  run(s.addStreet, row.street, town);
-  return idFound(s.findStreet, row.street, town);
+  const std::int64_t town = idOf(statements_->addTown, row.city, row.region, country_);
+  return streets_[key_] = idOf(statements_->addStreet, row.street, town);
 }
 
 void BookImport::commit() {

@@ -54,7 +54,6 @@ class BookImport {
   void begin(Start start);
   void discard();
   std::int64_t streetId(const AddressRow& row);
-  std::int64_t storedStreetId(const AddressRow& row);
 
   std::filesystem::path book_;
   std::filesystem::path new_;

@@ -53,10 +53,8 @@ void Nominatim::send() {
     if (completion_ && !client_.isBusy()) send();
   });
   client_.get({server_.requestFor(position_), "wayfell/" WAYFELL_VERSION, languages_, timeout_},
-              [this](const HttpClient::Answer& answer) { take(answer); });
+              [this](const HttpClient::Answer& answer) { complete(placesOf(answer)); });
 }
-
-void Nominatim::take(const HttpClient::Answer& answer) { complete(placesOf(answer)); }
 
 Nominatim::Places Nominatim::placesOf(const HttpClient::Answer& answer) {
   if (answer.status == kTooManyRequests || answer.status == kUnavailable) {

@@ -42,7 +42,6 @@ class Nominatim : public AttributedGeocoder {
   using Places = std::optional<std::vector<CLPlacemark>>;
 
   void send();
-  void take(const HttpClient::Answer& answer);
   Places placesOf(const HttpClient::Answer& answer);
   void pause(double seconds);
   void fail(const std::string& why);

@@ -21,15 +21,11 @@ bool isCountryCode(std::string_view text) {
          code.find_first_not_of("ABCDEFGHIJKLMNOPQRSTUVWXYZ") == std::string::npos;
 }
 
-bool numberComesFirst(std::string_view countryCode) {
-  return isCountryCode(countryCode) &&
-         kNumberFirst.find(upperCased(countryCode)) != std::string_view::npos;
-}
-
 std::optional<std::string> streetText(std::string_view number, std::string_view street,
                                       std::string_view countryCode) {
   if (number.empty() && street.empty()) return std::nullopt;
-  const bool numberFirst = numberComesFirst(countryCode);
+  const bool numberFirst =
+      isCountryCode(countryCode) && kNumberFirst.find(upperCased(countryCode)) != kNumberFirst.npos;
   std::string text(numberFirst ? number : street);
   const std::string_view rest = numberFirst ? street : number;
   if (!text.empty() && !rest.empty()) text += ' ';

@@ -7,12 +7,9 @@
 
 namespace wayfell {
 
-/// Whether the number stands before the street: "10 Rue Daru", not "Hauptstr. 10". The code is that
-/// of ISO 3166-1, two letters in either case. Where it is unknown the street comes first, as in
-/// most countries.
-bool numberComesFirst(std::string_view countryCode);
-
-/// Number and street in the order of the country, or the one that is not empty; none for neither.
+/// Number and street, or the one that is not empty; none for neither. Where the number stands first
+/// ("10 Rue Daru", not "Hauptstr. 10") the country says: a code of ISO 3166-1, two letters in
+/// either case. Where it is unknown the street comes first, as in most countries.
 std::optional<std::string> streetText(std::string_view number, std::string_view street,
                                       std::string_view countryCode);
 

@@ -1,13 +1,16 @@
 #include "hosts/services/location/GpsdFix.h"
 
+#include <array>
+
 #include "hosts/services/location/FixAccuracy.h"
 
 namespace wayfell {
 namespace {
 
-void take(std::optional<double>& value, const std::optional<double>& later) {
-  if (later) value = later;
-}
+constexpr std::array kValues = {&GpsdFix::altitude,        &GpsdFix::heightAboveEllipsoid,
+                                &GpsdFix::horizontalError, &GpsdFix::eastError,
+                                &GpsdFix::northError,      &GpsdFix::verticalError,
+                                &GpsdFix::speed,           &GpsdFix::track};
 
 double horizontalAccuracy(const GpsdFix& fix) {
   if (fix.horizontalError) return accuracyOfCircle(*fix.horizontalError);
@@ -30,14 +33,9 @@ void GpsdFix::add(const GpsdFix& later) {
   if (later.time) time = later.time;
   coordinate = later.coordinate;
   threeDimensional = later.threeDimensional;
-  take(altitude, later.altitude);
-  take(heightAboveEllipsoid, later.heightAboveEllipsoid);
-  take(horizontalError, later.horizontalError);
-  take(eastError, later.eastError);
-  take(northError, later.northError);
-  take(verticalError, later.verticalError);
-  take(speed, later.speed);
-  take(track, later.track);
+  for (const auto value : kValues) {
+    if (later.*value) this->*value = later.*value;
+  }
 }
 
 bool GpsdFix::hasAllOf(const GpsdFix& other) const {

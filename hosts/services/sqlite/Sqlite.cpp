@@ -23,18 +23,12 @@ int waitForLock(void* most, int earlierCalls) {
 std::string uriOf(const std::filesystem::path& path) {
   std::string uri = "file:";
   for (const char c : std::filesystem::absolute(path).string()) {
-    switch (c) {
-      case '%':
-        uri += "%25";
-        break;
-      case '?':
-        uri += "%3f";
-        break;
-      case '#':
-        uri += "%23";
-        break;
-      default:
-        uri += c;
+    if (c == '%') {
+      uri += "%25";
+    } else if (c == '?') {
+      uri += "%3f";
+    } else {
+      uri += c == '#' ? "%23" : std::string(1, c);
     }
   }
   return uri;

@@ -59,12 +59,7 @@ CatalogueTexts::CatalogueTexts(Warn warn) : warn_(std::move(warn)) {}
 void CatalogueTexts::add(std::string name, std::string bytes) {
   const Catalogue& catalogue =
       catalogues_.emplace_front(Catalogue{std::move(name), std::move(bytes)});
-  const CompiledCatalogue compiled = readCompiledCatalogue(catalogue.bytes);
-  if (compiled.fault) {
-    warn_(catalogue.name + ": " + compiled.fault + ", so this catalogue is not used");
-    return;
-  }
-  for (const auto& [key, text] : compiled.texts) {
+  for (const auto& [key, text] : readCompiledCatalogue(catalogue.bytes)) {
     if (text.empty() || isDatumName(key)) continue;
     const char* const fault = faultOf(text, key);
     translations_.try_emplace(key, Translation{fault ? "" : text, &catalogue, fault});

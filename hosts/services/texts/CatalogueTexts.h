@@ -1,5 +1,5 @@
 // The texts of compiled catalogues, one language after the other. What a catalogue holds is trusted
-// in nothing: one that is damaged is left alone, and a translation that cannot stand in for its key
+// in nothing: one that is damaged is refused, and a translation that cannot stand in for its key
 // is not handed out.
 #pragma once
 
@@ -19,8 +19,8 @@ class CatalogueTexts : public StringTable {
   CatalogueTexts(CatalogueTexts&&) = default;
   CatalogueTexts& operator=(CatalogueTexts&&) = default;
 
-  /// Adds the texts of a compiled catalogue for keys that none before it translates. One that is
-  /// damaged adds none, and is warned of by its name.
+  /// Adds the texts of a compiled catalogue for keys that none before it translates. Warnings have
+  /// its name. Throws InputError for one that is damaged, which adds none.
   void add(std::string name, std::string bytes);
 
   /// None also for a translation that is not UTF-8, holds control characters, breaks lines

@@ -2,7 +2,8 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <optional>
+
+#include "hosts/text/InputError.h"
 
 namespace wayfell {
 namespace {
@@ -22,56 +23,49 @@ constexpr std::size_t kEntrySize = 2 * kWord;  // a string's length and place
 // The first of the strings that one string holds, with a zero between them.
 std::string_view firstOf(std::string_view strings) { return strings.substr(0, strings.find('\0')); }
 
-const char* faultOfHeader(std::string_view header) {
+void checkHeader(std::string_view header) {
   constexpr std::string_view kCharset = "charset=";
   const std::size_t found = header.find(kCharset);
-  if (found == std::string_view::npos) return "its header names no character set";
+  if (found == std::string_view::npos) throw InputError("its header names no character set");
   header.remove_prefix(found + kCharset.size());
-  return header.substr(0, header.find_first_of(" \t\n")) == "UTF-8" ? nullptr
-                                                                    : "it is not in UTF-8";
+  if (header.substr(0, header.find_first_of(" \t\n")) != "UTF-8") {
+    throw InputError("it is not in UTF-8");
+  }
 }
 
 class Reader {
  public:
-  explicit Reader(std::string_view bytes) : bytes_(bytes), unread_(bytes.size()) {}
+  explicit Reader(std::string_view bytes) : bytes_(bytes), unread_(bytes.size()) {
+    if (bytes_.size() < kFrontSize) throw InputError("it is too short for a catalogue");
+    isBigEndian_ = wordAt(0) != kMagic;
+    if (wordAt(0) != kMagic) throw InputError("it is not a compiled catalogue");
+    if (wordAt(kRevision) != 0) throw InputError("its format has an unknown revision");
+    if (!hasTableAt(wordAt(kKeys))) throw InputError("its table of keys lies outside of it");
+    if (!hasTableAt(wordAt(kTranslations))) {
+      throw InputError("its table of texts lies outside of it");
+    }
+  }
 
-  CompiledCatalogue read() {
-    CompiledCatalogue catalogue;
-    catalogue.fault = faultOfFront();
-    if (!catalogue.fault) catalogue.fault = readInto(catalogue.texts);
-    if (catalogue.fault) catalogue.texts.clear();
-    return catalogue;
+  std::vector<CatalogueText> read() {
+    const std::size_t count = wordAt(kCount);
+    std::vector<CatalogueText> texts;
+    texts.reserve(count);
+    bool hasHeader = false;
+    for (std::size_t i = 0; i < count; ++i) {
+      const std::string_view key = stringAt(wordAt(kKeys) + i * kEntrySize);
+      const std::string_view translation = stringAt(wordAt(kTranslations) + i * kEntrySize);
+      if (firstOf(key).empty()) {
+        checkHeader(translation);
+        hasHeader = true;
+      } else {
+        texts.push_back({firstOf(key), firstOf(translation)});
+      }
+    }
+    if (!hasHeader) throw InputError("it has no header");
+    return texts;
   }
 
  private:
-  const char* faultOfFront() {
-    if (bytes_.size() < kFrontSize) return "it is too short for a catalogue";
-    isBigEndian_ = wordAt(0) != kMagic;
-    if (wordAt(0) != kMagic) return "it is not a compiled catalogue";
-    if (wordAt(kRevision) != 0) return "its format has an unknown revision";
-    if (!hasTableAt(wordAt(kKeys))) return "its table of keys lies outside of it";
-    if (!hasTableAt(wordAt(kTranslations))) return "its table of texts lies outside of it";
-    return nullptr;
-  }
-
-  const char* readInto(std::vector<CatalogueText>& texts) {
-    const std::size_t count = wordAt(kCount);
-    texts.reserve(count);
-    const char* faultOfHeaders = "it has no header";
-    for (std::size_t i = 0; i < count; ++i) {
-      const auto key = stringAt(wordAt(kKeys) + i * kEntrySize);
-      const auto translation = stringAt(wordAt(kTranslations) + i * kEntrySize);
-      if (!key || !translation) return faultOfString_;
-      if (firstOf(*key).empty()) {
-        faultOfHeaders = faultOfHeader(*translation);
-        if (faultOfHeaders) break;
-      } else {
-        texts.push_back({firstOf(*key), firstOf(*translation)});
-      }
-    }
-    return faultOfHeaders;
-  }
-
   std::uint32_t wordAt(std::size_t offset) const {
     std::uint32_t word = 0;
     for (std::size_t i = 0; i < kWord; ++i) {
@@ -85,32 +79,28 @@ class Reader {
     return offset <= bytes_.size() && wordAt(kCount) <= (bytes_.size() - offset) / kEntrySize;
   }
 
-  // None for a string that is at fault. No byte belongs to two strings, so that all of them are
-  // not longer than the file.
-  std::optional<std::string_view> stringAt(std::size_t entry) {
+  // No byte belongs to two strings, so that all of them are not longer than the file.
+  std::string_view stringAt(std::size_t entry) {
     const std::size_t length = wordAt(entry);
     const std::size_t offset = wordAt(entry + kWord);
     if (offset >= bytes_.size() || length >= bytes_.size() - offset) {
-      faultOfString_ = "a string lies outside of it";
-    } else if (bytes_[offset + length] != '\0') {
-      faultOfString_ = "a string does not end where it says";
-    } else if (length >= unread_) {
-      faultOfString_ = "its strings overlap";
-    } else {
-      unread_ -= length + 1;
-      return bytes_.substr(offset, length);
+      throw InputError("a string lies outside of it");
     }
-    return std::nullopt;
+    if (bytes_[offset + length] != '\0') throw InputError("a string does not end where it says");
+    if (length >= unread_) throw InputError("its strings overlap");
+    unread_ -= length + 1;
+    return bytes_.substr(offset, length);
   }
 
   std::string_view bytes_;
   bool isBigEndian_ = false;
   std::size_t unread_;  // bytes that can still be a string's
-  const char* faultOfString_ = nullptr;
 };
 
 }  // namespace
 
-CompiledCatalogue readCompiledCatalogue(std::string_view bytes) { return Reader(bytes).read(); }
+std::vector<CatalogueText> readCompiledCatalogue(std::string_view bytes) {
+  return Reader(bytes).read();
+}
 
 }  // namespace wayfell

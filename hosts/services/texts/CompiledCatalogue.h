@@ -12,15 +12,9 @@ struct CatalogueText {
   std::string_view translation;  ///< of a plural the first form
 };
 
-struct CompiledCatalogue {
-  /// Null, or what is wrong with the bytes, said of "it"; there are no texts then.
-  const char* fault = nullptr;
-  /// In the order of the file. Views of the bytes that it was read from.
-  std::vector<CatalogueText> texts;
-};
-
-/// Reads a catalogue in either byte order. At fault is one in which something lies outside or
-/// overlaps, and one that is not in UTF-8 by its header. The texts themselves are not judged.
-CompiledCatalogue readCompiledCatalogue(std::string_view bytes);
+/// Reads a catalogue in either byte order: its texts in the order of the file, which are views of
+/// the bytes. Throws InputError, said of "it", for one in which something lies outside or overlaps,
+/// and one that is not in UTF-8 by its header. The texts themselves are not judged.
+std::vector<CatalogueText> readCompiledCatalogue(std::string_view bytes);
 
 }  // namespace wayfell

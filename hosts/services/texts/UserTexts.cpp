@@ -1,17 +1,16 @@
 #include "hosts/services/texts/UserTexts.h"
 
 #include <algorithm>
-#include <cerrno>
 #include <cstddef>
-#include <cstdint>
 #include <cstdlib>
-#include <fstream>
 #include <stdexcept>
 #include <system_error>
 #include <utility>
 
 #include "hosts/services/UserLocale.h"
+#include "hosts/text/InputBytes.h"
 #include "hosts/text/InputError.h"
+#include "hosts/text/InputFile.h"
 
 namespace wayfell {
 namespace {
@@ -42,17 +41,10 @@ std::vector<std::filesystem::path> catalogueFiles(const std::filesystem::path& f
   return files;
 }
 
-// Throws std::runtime_error with the reason.
 std::string bytesOf(const std::filesystem::path& file) {
   if (!std::filesystem::is_regular_file(file)) throw InputError("it is not a file");
-  const std::uintmax_t size = std::filesystem::file_size(file);
-  if (size > kLargestFile) throw InputError("it is larger than 4 MiB");
-  std::ifstream stream(file, std::ios::binary);
-  if (!stream) throw InputError("it cannot be read: " + std::generic_category().message(errno));
-  std::string bytes(static_cast<std::size_t>(size), '\0');
-  stream.read(bytes.data(), static_cast<std::streamsize>(size));
-  bytes.resize(static_cast<std::size_t>(stream.gcount()));
-  return bytes;
+  const InputFile input(file.string());
+  return InputBytes(bytesOfFile(input.descriptor())).readAll(kLargestFile);
 }
 
 }  // namespace
