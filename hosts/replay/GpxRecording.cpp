@@ -4,7 +4,7 @@
 #include <string_view>
 
 #include "hosts/replay/GpxElements.h"
-#include "hosts/services/location/FixAccuracy.h"
+#include "hosts/services/location/FixQuality.h"
 #include "hosts/text/InputError.h"
 #include "hosts/text/IsoTime.h"
 #include "platform/NSString.h"

@@ -3,6 +3,7 @@
 #include <limits>
 
 #include "hosts/replay/SettingChanges.h"
+#include "hosts/services/location/FixQuality.h"
 #include "hosts/text/InputError.h"
 #include "hosts/text/JsonFields.h"
 #include "platform/NSString.h"
@@ -10,9 +11,7 @@
 namespace wayfell {
 namespace {
 
-constexpr double kUsualAccuracy = 5;         // metres
-constexpr double kUsualHeadingAccuracy = 5;  // degrees
-constexpr int kLastFormat = 4;               // of the coordinate formats
+constexpr int kLastFormat = 4;  // the last coordinate format's number
 constexpr int kLastAuthorization = 4;
 
 CLLocation readFix(JsonLine::Value value, const FieldPath& path, double t) {

@@ -1,14 +1,10 @@
 #include "hosts/scene/Playback.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 
 namespace wayfell {
 namespace {
-
-constexpr std::array kRates = {0.1,  0.2,  0.5,   1.0,   2.0,   5.0,   10.0,
-                               20.0, 50.0, 100.0, 200.0, 500.0, 1000.0};
 
 constexpr std::chrono::seconds kLongestDelay{1};
 // At high rates: more pictures in a second than this help nobody.

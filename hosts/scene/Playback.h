@@ -1,6 +1,7 @@
 // The pace of a playing: how recorded time follows real time, paused or at some rate.
 #pragma once
 
+#include <array>
 #include <chrono>
 #include <optional>
 
@@ -13,8 +14,10 @@ class Playback {
   using Clock = std::chrono::steady_clock;
   using Milliseconds = std::chrono::milliseconds;
 
-  static constexpr double kSlowest = 0.1;
-  static constexpr double kFastest = 1000;
+  static constexpr std::array kRates = {0.1,  0.2,  0.5,   1.0,   2.0,   5.0,   10.0,
+                                        20.0, 50.0, 100.0, 200.0, 500.0, 1000.0};
+  static constexpr double kSlowest = kRates.front();
+  static constexpr double kFastest = kRates.back();
 
   /// Recorded seconds to a real one, from kSlowest to kFastest; 0 is a pause at rate 1.
   Playback(Player& player, double rate, Clock::time_point now);
@@ -30,7 +33,7 @@ class Playback {
   double rate() const { return rate_; }
   bool paused() const { return paused_; }
   void togglePause() { paused_ = !paused_; }
-  /// To the next rate of 0.1, 0.2, 0.5, 1, 2, 5 ... 1000.
+  /// To the next of kRates.
   void faster();
   void slower();
   /// One recorded second on.

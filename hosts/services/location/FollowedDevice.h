@@ -8,6 +8,9 @@
 
 namespace wayfell {
 
+/// A receiver that has said nothing for more ticks than these is silent.
+inline constexpr int kSilentTicks = 2;
+
 class FollowedDevice {
  public:
   /// Whether what this receiver says is to be taken. One whose report names none is "".
@@ -21,7 +24,7 @@ class FollowedDevice {
   bool isFollowing() const { return path_.has_value(); }
   void giveUp() { path_.reset(); }
   void tick() {
-    if (++silentTicks_ > 2) giveUp();
+    if (++silentTicks_ > kSilentTicks) giveUp();
   }
 
  private:

@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "hosts/services/location/FixAccuracy.h"
+#include "hosts/services/location/FixQuality.h"
 
 namespace wayfell {
 namespace {
@@ -21,10 +21,6 @@ double horizontalAccuracy(const GpsdFix& fix) {
 double verticalAccuracy(const GpsdFix& fix) {
   if (!fix.threeDimensional || !fix.altitude) return -1;
   return fix.verticalError ? accuracyOfLine(*fix.verticalError) : kUsualAccuracy;
-}
-
-double course(const GpsdFix& fix) {
-  return fix.speed.value_or(kStandstill) < kStandstill ? -1 : fix.track.value_or(-1);
 }
 
 }  // namespace
@@ -54,7 +50,7 @@ CLLocation GpsdFix::location(NSDate instant) const {
   location.horizontalAccuracy = horizontalAccuracy(*this);
   location.verticalAccuracy = verticalAccuracy(*this);
   location.speed = speed.value_or(-1);
-  location.course = course(*this);
+  location.course = courseAt(location.speed, track.value_or(-1));
   location.timestamp = instant;
   return location;
 }

@@ -13,7 +13,7 @@
 //   course              is track, or else -1; also -1 below 0.25 m/s, where it is noise.
 //   timestamp           is time.
 //
-// FixAccuracy.h says why these factors.
+// FixQuality.h says why these factors.
 #pragma once
 
 #include <optional>

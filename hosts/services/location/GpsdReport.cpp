@@ -6,7 +6,7 @@
 #include <cstddef>
 #include <string_view>
 
-#include "hosts/services/location/FixAccuracy.h"
+#include "hosts/services/location/FixQuality.h"
 #include "hosts/services/location/GpsdNotice.h"
 
 namespace wayfell {

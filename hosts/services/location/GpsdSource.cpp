@@ -7,7 +7,6 @@
 namespace wayfell {
 namespace {
 
-constexpr int kSilentTicks = 2;
 constexpr std::size_t kMostDevices = 64;  // more than a gpsd has, unless it is faulty
 
 bool isOpen(const GpsdDevice& device) { return !device.closed; }

@@ -41,12 +41,15 @@ class SqliteStore : public KeyValueStore {
     readOnly,   ///< nothing is created; a missing file is one without settings until it is there
   };
 
-  /// How long an open store waits for another program's lock, unless stated otherwise, and how long
-  /// opening waits. Whoever writes holds it for milliseconds.
-  static constexpr std::chrono::milliseconds kPatience{2000};
+  /// How long opening waits for another program's lock, and an open store for a command. Whoever
+  /// writes holds it for milliseconds.
+  static constexpr std::chrono::milliseconds kCommandPatience{2000};
+  /// Short, since a panel waits with its store: what is put off is tried again with the next
+  /// change.
+  static constexpr std::chrono::milliseconds kPanelPatience{200};
 
   SqliteStore(std::filesystem::path file, Access access, Turn turn, Warn warn,
-              std::chrono::milliseconds patience = kPatience);
+              std::chrono::milliseconds patience = kCommandPatience);
   ~SqliteStore() override;
   SqliteStore(const SqliteStore&) = delete;
   SqliteStore& operator=(const SqliteStore&) = delete;

@@ -98,7 +98,7 @@ FileKind SqliteStore::Implementation::startReading() {
 
 FileKind SqliteStore::Implementation::startReading(DatabaseAccess access) {
   SQLite::Database database = openDatabase(file_, access);
-  waitForLocks(database, kPatience);
+  waitForLocks(database, kCommandPatience);
   const FileKind found = kindOf(database);
   if (found.kind == FileKind::settings || found.kind == FileKind::newer) {
     table_.emplace(std::move(database));
@@ -109,10 +109,10 @@ FileKind SqliteStore::Implementation::startReading(DatabaseAccess access) {
 void SqliteStore::Implementation::startWriting(FileKind::Kind kind) {
   try {
     SQLite::Database database = openDatabase(file_, DatabaseAccess::readWrite);
-    waitForLocks(database, kPatience);
+    waitForLocks(database, kCommandPatience);
     if (!isWritable(database)) throw SQLite::Exception("it is read-only", SQLITE_READONLY);
     if (kind == FileKind::empty) makeSettings(database);
-    writeAhead(database, kPatience);
+    writeAhead(database, kCommandPatience);
     table_.emplace(std::move(database));
     table_->waitForLocks(patience_);
     state_ = State::writable;

@@ -13,9 +13,6 @@ namespace {
 constexpr std::string_view kLocal = "/local";
 constexpr std::string_view kCloud = "/cloud";
 
-// Short, since a panel waits with it: what is put off is tried again with the next change.
-constexpr std::chrono::milliseconds kPatience{200};
-
 }  // namespace
 
 Stores::Stores(Turn turn, Warn warn) : turn_(std::move(turn)), warn_(std::move(warn)) {}
@@ -41,7 +38,8 @@ SqliteStore* Stores::opened(std::string_view name, SqliteStore::Access access,
   // One that has no place is known as null, so that it is warned about once.
   std::unique_ptr<SqliteStore>& store = stores_[std::string(name)];
   try {
-    store = std::make_unique<SqliteStore>(file(), access, turn_, warn_, kPatience);
+    store =
+        std::make_unique<SqliteStore>(file(), access, turn_, warn_, SqliteStore::kPanelPatience);
   } catch (const std::exception& error) {
     warn_("settings: " + std::string(error.what()) + "; they are not kept");
   }

@@ -3,7 +3,7 @@
 #include <QTcpSocket>
 #include <utility>
 
-#include "hosts/services/location/FixAccuracy.h"
+#include "hosts/services/location/FixQuality.h"
 #include "hosts/window/positions/DeviceFile.h"
 
 namespace wayfell {

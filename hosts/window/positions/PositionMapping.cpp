@@ -4,7 +4,7 @@
 #include <QGeoCoordinate>
 #include <cmath>
 
-#include "hosts/services/location/FixAccuracy.h"
+#include "hosts/services/location/FixQuality.h"
 
 namespace wayfell {
 namespace {
@@ -36,8 +36,7 @@ std::optional<CLLocation> locationOf(const QGeoPositionInfo& info, NSDate now) {
   location.verticalAccuracy =
       hasAltitude ? attribute(info, QGeoPositionInfo::VerticalAccuracy, kUsualAccuracy) : -1;
   location.speed = attribute(info, QGeoPositionInfo::GroundSpeed, -1);
-  const bool stands = location.speed >= 0 && location.speed < kStandstill;
-  location.course = stands ? -1 : attribute(info, QGeoPositionInfo::Direction, -1);
+  location.course = courseAt(location.speed, attribute(info, QGeoPositionInfo::Direction, -1));
   location.timestamp = timeOf(info, now);
   return location;
 }

@@ -10,7 +10,7 @@
 //                       too, as it is noise.
 //   timestamp           is its own, or else now.
 // Accuracies come as the source means them: GeoClue's as they are; those of NMEA are 5 m times the
-// dilution of precision, as for recorded tracks (NmeaFeed, FixAccuracy).
+// dilution of precision, as for recorded tracks (NmeaFeed, FixQuality).
 //
 // In the heading of a QCompassReading
 //   magneticHeading     is its azimuth.

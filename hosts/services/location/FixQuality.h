@@ -1,6 +1,7 @@
-// What accuracies are made of where a receiver does not give them as the platform has them: as the
-// radius that holds about 68 % of all errors, which is also what the system's screen of 50 m and
-// 70 m is made for.
+// How good a fix is: what accuracies are made of where a receiver does not give them as the
+// platform has them, which is as the radius that holds about 68 % of all errors (the system's
+// screen of 50 m and 70 m is made for that, too); and from which speed on its course means
+// something.
 #pragma once
 
 #include <cmath>
@@ -11,8 +12,12 @@ namespace wayfell {
 inline constexpr double kUsualAccuracy = 5;         // metres
 inline constexpr double kUsualHeadingAccuracy = 5;  // degrees
 
-/// Slower than this a receiver's course turns at random, and is none.
-inline constexpr double kStandstill = 0.25;  // metres per second
+/// A receiver's course, or -1 at a standstill, where it turns at random. What is negative is
+/// unknown.
+inline double courseAt(double speed, double course) {
+  constexpr double kStandstill = 0.25;  // metres per second
+  return speed >= 0 && speed < kStandstill ? -1 : course;
+}
 
 /// GPX and NMEA have dilutions of precision: the accuracy is 5 m times the dilution.
 inline constexpr double kMetresPerDilution = 5;
