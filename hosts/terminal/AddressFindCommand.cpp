@@ -1,5 +1,5 @@
-#include "hosts/terminal/AddressFindCommand.h"
-
+// `wayfell addresses find`: the address of a position.
+#include <memory>
 #include <optional>
 #include <stdexcept>
 
@@ -10,6 +10,7 @@
 #include "hosts/services/addresses/BookFile.h"
 #include "hosts/services/stores/SqliteStore.h"
 #include "hosts/services/stores/StorePaths.h"
+#include "hosts/terminal/Commands.h"
 #include "hosts/terminal/Output.h"
 #include "hosts/text/JsonWriter.h"
 #include "hosts/text/TextWidth.h"
@@ -17,6 +18,16 @@
 
 namespace wayfell {
 namespace {
+
+// What the command line asks for.
+struct AddressFindCommand {
+  std::vector<std::string> input;  // a latitude and a longitude
+  bool online = false;             // asks the server that the user has chosen, not the book
+  bool json = false;
+};
+
+// How near to the position an address of the book must be.
+std::string radiusText() { return "within " + fixedText(AddressBook::kRadius, 0) + " m"; }
 
 // The address as members of an object.
 void write(JsonWriter& json, const CNPostalAddress& address) {
@@ -101,11 +112,7 @@ int findOnline(const CLLocationCoordinate2D& position, bool asJson) {
   return output.finish(kDone);
 }
 
-}  // namespace
-
-std::string radiusText() { return "within " + fixedText(AddressBook::kRadius, 0) + " m"; }
-
-int runAddressFind(const AddressFindCommand& command) {
+int find(const AddressFindCommand& command) {
   CLLocationCoordinate2D position;
   try {
     position = positionOfWords(command.input);
@@ -114,6 +121,27 @@ int runAddressFind(const AddressFindCommand& command) {
     return kBadInput;
   }
   return command.online ? findOnline(position, command.json) : findInBook(position, command.json);
+}
+
+}  // namespace
+
+Command addressFindCommand() {
+  const auto command = std::make_shared<AddressFindCommand>();
+  return {.name = "find",
+          .help = "Finds the address of a position, " + radiusText(),
+          .more =
+              "Examples:\n"
+              "  wayfell addresses find 38.8670 -76.9792\n"
+              "  wayfell addresses find --json 48.2082N 16.3738E\n"
+              "Exit status: 0 found, 1 no address, 2 the command line is wrong.",
+          .options = {{.name = "LAT LON",
+                       .help = "Decimal degrees on WGS 84",
+                       .target = &command->input,
+                       .isRequired = true},
+                      {"--online", "Ask the server that was agreed to, instead of the book",
+                       &command->online},
+                      {"--json", "Print a JSON object", &command->json}},
+          .run = [command] { return find(*command); }};
 }
 
 }  // namespace wayfell

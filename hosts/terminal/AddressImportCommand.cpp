@@ -1,5 +1,5 @@
-#include "hosts/terminal/AddressImportCommand.h"
-
+// `wayfell addresses import`: makes the address book out of files of addresses. The old book stays
+// as it was unless the new one is complete.
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -11,11 +11,13 @@
 #include <cstdint>
 #include <cstring>
 #include <filesystem>
+#include <memory>
 #include <stdexcept>
 
 #include "hosts/services/addresses/AddressFile.h"
 #include "hosts/services/addresses/BookImport.h"
 #include "hosts/services/addresses/StreetText.h"
+#include "hosts/terminal/Commands.h"
 #include "hosts/terminal/Output.h"
 #include "hosts/terminal/Progress.h"
 #include "hosts/text/InputError.h"
@@ -24,6 +26,26 @@
 
 namespace wayfell {
 namespace {
+
+constexpr const char* kImportMore =
+    "FILE is CSV with the columns LON and LAT and any of NUMBER, STREET, CITY, DISTRICT,\n"
+    "REGION, or GeoJSON with a Feature a line; - is standard input. The new book takes\n"
+    "the place of the old one when it is complete; whatever goes wrong before, the old\n"
+    "one is as it was. Rows that cannot be read are told of and left out.\n"
+    "\n"
+    "Examples:\n"
+    "  wayfell addresses import us/dc/statewide.csv us/md/statewide.csv\n"
+    "  wayfell addresses import --add --country AT wien.geojson\n"
+    "  zcat berlin.csv.gz | wayfell addresses import --country DE -\n"
+    "Exit status: 0 done, 1 a row is left out or nothing imported, 2 the command line\n"
+    "is wrong.";
+
+// What the command line asks for.
+struct AddressImportCommand {
+  std::vector<std::string> files;      // "-" is standard input
+  std::optional<std::string> country;  // where all files are from; unset: after the path of each
+  bool add = false;                    // keeps what the old book holds
+};
 
 constexpr std::size_t kComplaints = 5;
 constexpr std::array<int, 3> kEndingSignals = {SIGINT, SIGTERM, SIGHUP};
@@ -246,9 +268,7 @@ int import(const AddressImportCommand& command) {
   }
 }
 
-}  // namespace
-
-int runAddressImport(const AddressImportCommand& command) {
+int importAll(const AddressImportCommand& command) {
   if (command.country && !isCountryCode(*command.country)) {
     complain(inQuotes(*command.country) + " is no country: two letters of ISO 3166, such as US");
     return kBadUsage;
@@ -257,6 +277,25 @@ int runAddressImport(const AddressImportCommand& command) {
   const int status = import(command);
   if (endingSignal != 0) std::raise(endingSignal);  // ends the program as it would have at once
   return status;
+}
+
+}  // namespace
+
+Command addressImportCommand() {
+  const auto command = std::make_shared<AddressImportCommand>();
+  return {.name = "import",
+          .help = "Makes the address book out of files of OpenAddresses",
+          .more = kImportMore,
+          .options = {{.name = "FILE",
+                       .help = "What to import",
+                       .target = &command->files,
+                       .listed = Listed::files,
+                       .isRequired = true},
+                      {"--country",
+                       "Two letters: where it is; if not said, after a path like us/ca/...",
+                       &command->country, "CC"},
+                      {"--add", "Keep what is in the book", &command->add}},
+          .run = [command] { return importAll(*command); }};
 }
 
 }  // namespace wayfell

@@ -1,21 +1,24 @@
-// The commands of wayfell, as its command line has them. Each brings what it runs.
+// The commands of wayfell: what the command line has of each, and what it runs.
 #pragma once
 
 #include "hosts/commandline/CommandLine.h"
 
 namespace wayfell {
 
-Command todayOptions();
-Command replayOptions();
-Command settingsOptions();
-Command waypointOptions();
-Command trackOptions();
-Command convertOptions();
-Command distanceOptions();
-Command datumsOptions();
-Command addressesOptions();
+Command todayCommand();
+Command replayCommand();
+Command settingsCommand();
+Command waypointCommand();
+Command trackCommand();
+Command convertCommand();
+Command distanceCommand();
+Command datumsCommand();
+Command addressesCommand();
+// Those of addresses.
+Command addressImportCommand();
+Command addressFindCommand();
 
 /// For commands whose results are lines of JSON.
-Option jsonOption(bool& json);
+inline Option jsonOption(bool& json) { return {"--json", "Print one JSON object a line", &json}; }
 
 }  // namespace wayfell

@@ -1,13 +1,15 @@
-#include "hosts/terminal/ConvertCommand.h"
-
+// `wayfell convert`: positions into the texts of all formats, and references back into positions.
 #include <poll.h>
 #include <unistd.h>
 
 #include <cstddef>
+#include <memory>
 #include <stdexcept>
 
+#include "datums/Catalogue.h"
 #include "hosts/places/PositionText.h"
 #include "hosts/places/ReferenceText.h"
+#include "hosts/terminal/Commands.h"
 #include "hosts/terminal/DatumChoice.h"
 #include "hosts/terminal/Output.h"
 #include "hosts/terminal/Progress.h"
@@ -21,6 +23,36 @@
 
 namespace wayfell {
 namespace {
+
+constexpr const char* kConvertMore =
+    "Positions are decimal degrees on WGS 84, latitude first. They come from the\n"
+    "arguments or, without any, from standard input: one a line, with blanks or a\n"
+    "comma between; # begins a comment. A line that cannot be read is complained\n"
+    "about, and the rest goes on.\n"
+    "\n"
+    "In UTM texts a zone is followed by its hemisphere, N or S, or by the letter of a\n"
+    "latitude band; with --utm-type 1, N and S are bands as well.\n"
+    "\n"
+    "Examples:\n"
+    "  wayfell convert 48.2082 16.3738\n"
+    "  wayfell convert --to mgrs -33.9 18.4\n"
+    "  wayfell convert --to utm --datum 'Adindan---Sudan' 15.6N 32.5E\n"
+    "  wayfell convert --from mgrs 33U XP 02065 40354\n"
+    "  wayfell convert --from utm --to dms 33 N 602065.2mE 5340353.7mN\n"
+    "  wayfell convert --to mgrs --json < positions.txt\n"
+    "Exit status: 0 done, 1 some of the input is bad, 2 the command line is.";
+
+// What the command line asks for.
+struct ConvertCommand {
+  std::vector<std::string> input;  // none: standard input
+  // A name from kPositionFormats, or "all". Unset is all of a position, and of a reference its
+  // decimal degrees in the form that is read.
+  std::optional<std::string> to;
+  std::optional<std::string> from;  // "utm" or "mgrs"; unset is decimal degrees
+  std::optional<std::string> datum;
+  int utmType = 0;  // 1: letters of UTM texts are latitude bands
+  bool json = false;
+};
 
 // Formats by number; none means plain decimal degrees.
 std::vector<std::size_t> formatsAskedFor(const ConvertCommand& command) {
@@ -177,9 +209,7 @@ int convertLines(Converter& converter) {
   return status;
 }
 
-}  // namespace
-
-int runConvert(const ConvertCommand& command) {
+int convert(const ConvertCommand& command) {
   SimulatedHost host;
   host.local.set("utmType", PropertyValue(command.utmType));
   if (command.datum) {
@@ -191,6 +221,44 @@ int runConvert(const ConvertCommand& command) {
   const int status =
       command.input.empty() ? convertLines(converter) : convertArguments(command, converter);
   return converter.output().finish(status);
+}
+
+}  // namespace
+
+Command convertCommand() {
+  const auto command = std::make_shared<ConvertCommand>();
+  Words formats = wordsOf(kPositionFormats);
+  formats.push_back({"all"});
+  return {.name = "convert",
+          .help = "Shows positions in other formats, reads references back",
+          .more = kConvertMore,
+          .options = {{"LAT LON", "Positions, or references with --from", &command->input},
+                      {"--to", "Format: dec, dm, dms, mgrs, utm or all (if none)", &command->to,
+                       "FORMAT", formats},
+                      {"--from",
+                       "Read references instead: utm or mgrs",
+                       &command->from,
+                       "FORMAT",
+                       {{"utm"}, {"mgrs"}}},
+                      {.name = "--datum",
+                       .help = "Datum of texts and references; WGS 84 if none",
+                       .target = &command->datum,
+                       .value = "NAME",
+                       .offered =
+                           [](const auto& /*before*/) {
+                             Words names;
+                             for (const CatalogueDatum& each : kDatums) {
+                               names.push_back({std::string(each.name)});
+                             }
+                             return names;
+                           }},
+                      {"--utm-type",
+                       "Letters: 0 hemispheres (if none), 1 bands",
+                       &command->utmType,
+                       "TYPE",
+                       {{"0", "hemispheres"}, {"1", "latitude bands"}}},
+                      jsonOption(command->json)},
+          .run = [command] { return convert(*command); }};
 }
 
 }  // namespace wayfell

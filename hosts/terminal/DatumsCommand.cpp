@@ -1,13 +1,14 @@
-#include "hosts/terminal/DatumsCommand.h"
-
+// `wayfell datums`: the catalogue of datums, and what a conversion to each really does.
 #include <algorithm>
 #include <cstdlib>
+#include <memory>
 #include <optional>
 #include <string_view>
 
 #include "datums/Catalogue.h"
 #include "datums/DatumManager.h"
 #include "hosts/places/DatumSearch.h"
+#include "hosts/terminal/Commands.h"
 #include "hosts/terminal/Output.h"
 #include "hosts/text/JsonWriter.h"
 #include "hosts/text/TextScanner.h"
@@ -17,6 +18,25 @@
 
 namespace wayfell {
 namespace {
+
+constexpr const char* kDatumsMore =
+    "Shows the ellipsoid and the shift to WGS 84 of each datum, and what conversions\n"
+    "apply of it. With WORDS: of those that have them all in their names, whatever the\n"
+    "case, blanks, hyphens and diacritics.\n"
+    "\n"
+    "Examples:\n"
+    "  wayfell datums\n"
+    "  wayfell datums tokyo japan\n"
+    "  wayfell datums near 16on\n"
+    "  wayfell datums --names krassovsky\n"
+    "Exit status: 0 done, 1 nothing is found, 2 the command line is wrong.";
+
+// What the command line asks for.
+struct DatumsCommand {
+  std::vector<std::string> words;  // all of them are looked for; none lists everything
+  bool names = false;              // names alone, one a line
+  bool json = false;
+};
 
 constexpr char kTie = '~';
 
@@ -162,9 +182,7 @@ void complainOfNothing(const DatumSearch& search, const std::string& text) {
   }
 }
 
-}  // namespace
-
-int runDatums(const DatumsCommand& command) {
+int list(const DatumsCommand& command) {
   if (command.names && command.json) {
     complain("--names and --json do not go together");
     return kBadUsage;
@@ -190,6 +208,20 @@ int runDatums(const DatumsCommand& command) {
     }
   }
   return printer.output().finish(kDone);
+}
+
+}  // namespace
+
+Command datumsCommand() {
+  const auto command = std::make_shared<DatumsCommand>();
+  return {
+      .name = "datums",
+      .help = "Lists and searches the datums that positions can be shown on",
+      .more = kDatumsMore,
+      .options = {{"WORDS", "What to look for", &command->words},
+                  {"--names", "Print names only, one a line (not with --json)", &command->names},
+                  jsonOption(command->json)},
+      .run = [command] { return list(*command); }};
 }
 
 }  // namespace wayfell

@@ -1,9 +1,14 @@
-#include "hosts/terminal/DistanceCommand.h"
-
+// `wayfell distance`: distance and bearing between two positions, or where a bearing and a distance
+// lead from one, on the system's sphere.
+#include <algorithm>
+#include <array>
+#include <iterator>
+#include <memory>
 #include <stdexcept>
 
 #include "coordinates/CoordinateDistance.h"
 #include "hosts/places/PositionText.h"
+#include "hosts/terminal/Commands.h"
 #include "hosts/terminal/Output.h"
 #include "hosts/text/JsonWriter.h"
 #include "hosts/text/TextScanner.h"
@@ -11,6 +16,28 @@
 
 namespace wayfell {
 namespace {
+
+constexpr const char* kDistanceMore =
+    "The distance and the first bearing are those of a great circle of a sphere. With\n"
+    "--bearing and --distance: where they lead from one position, in decimal degrees.\n"
+    "\n"
+    "Examples:\n"
+    "  wayfell distance 48.2082 16.3738 -33.9 18.4\n"
+    "  wayfell distance --units nautical --mils 48.2082 16.3738 47.8 13.04\n"
+    "  wayfell distance --bearing 270 --distance 1500 48.2082 16.3738\n"
+    "Exit status: 0 done, 1 a position is bad, 2 the command line is.";
+
+constexpr std::array kUnits = {"imperial", "metric", "nautical"};
+
+// What the command line asks for.
+struct DistanceCommand {
+  std::vector<std::string> input;  // two positions; one with a bearing and a distance
+  std::optional<double> bearing;   // degrees
+  std::optional<double> distance;  // metres; with a bearing only
+  int units = 1;                   // in kUnits
+  bool mils = false;               // of bearings that are shown
+  bool json = false;
+};
 
 std::vector<CLLocationCoordinate2D> positionsOf(const std::vector<std::string>& words) {
   std::string text;
@@ -53,9 +80,7 @@ void printDistance(const CLLocationCoordinate2D& from, const CLLocationCoordinat
   }
 }
 
-}  // namespace
-
-int runDistance(const DistanceCommand& command) {
+int distance(const DistanceCommand& command) {
   if (command.bearing.has_value() != command.distance.has_value()) {
     complain("--bearing and --distance go together");
     return kBadUsage;
@@ -82,6 +107,27 @@ int runDistance(const DistanceCommand& command) {
     return kBadInput;
   }
   return output.finish(kDone);
+}
+
+}  // namespace
+
+Command distanceCommand() {
+  const auto command = std::make_shared<DistanceCommand>();
+  const auto takeUnits = [command](const std::string& name) {
+    const auto* const found = std::find(kUnits.begin(), kUnits.end(), name);
+    command->units = static_cast<int>(std::distance(kUnits.begin(), found));
+  };
+  return {.name = "distance",
+          .help = "Measures from a position to another, or finds a destination",
+          .more = kDistanceMore,
+          .options = {{"LAT LON", "Two positions, or one to start from", &command->input},
+                      {"--bearing", "Degrees clockwise from north", &command->bearing, "DEGREES"},
+                      {"--distance", "How far to go", &command->distance, "METRES"},
+                      {"--units", "imperial, metric (if none) or nautical", takeUnits, "UNITS",
+                       wordsOf(kUnits)},
+                      {"--mils", "Show the bearing in mils, 6400 to the circle", &command->mils},
+                      jsonOption(command->json)},
+          .run = [command] { return distance(*command); }};
 }
 
 }  // namespace wayfell

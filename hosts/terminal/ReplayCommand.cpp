@@ -1,18 +1,42 @@
-#include "hosts/terminal/ReplayCommand.h"
+// `wayfell replay`: plays a recording and prints what the widget shows. docs/replay.md is its
+// manual.
+#include <cmath>
+#include <memory>
 
-#include <exception>
-
+#include "hosts/live/SourceOptions.h"
 #include "hosts/replay/Recording.h"
 #include "hosts/replay/Replay.h"
 #include "hosts/replay/Snapshot.h"
+#include "hosts/terminal/Commands.h"
 #include "hosts/terminal/Output.h"
 #include "hosts/terminal/PrintedPanel.h"
 #include "hosts/terminal/Progress.h"
 #include "hosts/text/ElapsedText.h"
 #include "hosts/text/InputError.h"
+#include "platform/NSString.h"
 
 namespace wayfell {
 namespace {
+
+constexpr const char* kReplayHelp =
+    "Replays a recording on the whole widget and prints what it shows, as one line of JSON for\n"
+    "each snapshot. FILE is a GPX track, reports of gpsd (gpspipe -w) or a scenario (JSON Lines).";
+
+constexpr const char* kReplayExamples =
+    "Examples:\n"
+    "  wayfell replay --demo --text --every 120\n"
+    "  wayfell replay hike.gpx --suite units=1 --suite coordinateUnits=3 --text\n"
+    "  gpspipe -w -n 500 | wayfell replay - --every 10\n"
+    "  wayfell replay fault.jsonl --local selectedDatum='Adindan---Sudan' | tail -n 1\n"
+    "Exit status: 0 done, 1 the input is bad, 2 the command line is.";
+
+// What the command line asks for.
+struct ReplayCommand {
+  RecordingChoice recording;
+  FirstSettings settings;
+  std::optional<double> every;  // seconds
+  bool text = false;
+};
 
 void printPanel(const ReplayedWidget& widget, double seconds, Output& output) {
   for (const std::string& line : printedPanel(widget.interface(), elapsedText(seconds))) {
@@ -49,8 +73,6 @@ void play(const ReplayCommand& command, const std::string& name, Recording& reco
   });
 }
 
-}  // namespace
-
 int runReplay(const ReplayCommand& command) {
   ReplayedWidget widget;
   command.settings.writeTo(widget);
@@ -66,6 +88,41 @@ int runReplay(const ReplayCommand& command) {
     status = kBadInput;
   }
   return output.finish(status);
+}
+
+}  // namespace
+
+Command replayCommand() {
+  const auto command = std::make_shared<ReplayCommand>();
+  const auto isSpan = [](double seconds) {
+    return std::isfinite(seconds) && seconds >= kShortestSpan;
+  };
+  Command replaying = {
+      .name = "replay",
+      .help = kReplayHelp,
+      .more = kReplayExamples,
+      .options = {{.name = "FILE",
+                   .help = "What to replay; - is standard input",
+                   .target = &command->recording.file,
+                   .value = "TEXT",
+                   .listed = Listed::files,
+                   .excludes = {"--demo"}},
+                  {"--demo", "Replay the recording that is built in", &command->recording.demo}},
+      .missing = [command] { return command->recording.isChosen() ? "" : "FILE or --demo"; },
+      .run = [command] { return runReplay(*command); },
+      .optionColumns = 30};
+  for (Option& option : firstSettingsOptions(command->settings))
+    replaying.options.push_back(option);
+  replaying.options.push_back(
+      {.name = "--every",
+       .help = "Also show the widget every so many seconds",
+       .target = &command->every,
+       .value = "SECONDS",
+       .check = numberThat(
+           isSpan, "expected a number of seconds, at least " + shortestText(kShortestSpan))});
+  replaying.options.push_back(
+      {"--text", "Draw the panel instead of printing JSON", &command->text});
+  return replaying;
 }
 
 }  // namespace wayfell

@@ -1,12 +1,14 @@
-#include "hosts/terminal/SettingsCommand.h"
-
+// `wayfell settings`: reads and writes the settings on disk, as the containing app does.
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <memory>
 #include <vector>
 
 #include "hosts/settings/KnownSettings.h"
 #include "hosts/settings/SettingJson.h"
+#include "hosts/terminal/ChosenStore.h"
+#include "hosts/terminal/Commands.h"
 #include "hosts/terminal/Output.h"
 #include "hosts/text/IsoTime.h"
 #include "hosts/text/TextScanner.h"
@@ -16,9 +18,44 @@
 namespace wayfell {
 namespace {
 
+constexpr const char* kSettingsMore =
+    "Without an option these are the settings that the app shares with the widget. A\n"
+    "running panel shows \"distance\" and \"time\" within half a second, all others when\n"
+    "it next appears.\n"
+    "\n"
+    "Examples:\n"
+    "  wayfell settings list\n"
+    "  wayfell settings set units 1\n"
+    "  wayfell settings get units\n"
+    "  wayfell settings --local set selectedDatum 'Adindan---Sudan'\n"
+    "  wayfell settings unset widgetAddressString\n"
+    "Exit status: 0 done, 1 there is no such key, the value is bad or was not saved,\n"
+    "2 the command line is wrong.";
+
+constexpr const char* kSetMore =
+    "Without --type a JSON number, true or false keeps its type, all else is text; a\n"
+    "type that the widget can make nothing of is refused.\n"
+    "A boolean is true, yes, 1, false, no or 0; a date is in ISO 8601, or in seconds\n"
+    "since 2001-01-01 00:00 UTC; data are in base64, lists and dictionaries in JSON.\n"
+    "\n"
+    "Examples:\n"
+    "  wayfell settings set coordinateUnits 3\n"
+    "  wayfell settings set --type boolean useMils yes\n"
+    "  wayfell settings set --type text note 12";
+
 using Access = SqliteStore::Access;
 using State = SqliteStore::State;
 using Read = KnownSetting::Read;
+
+// What the command line asks for.
+struct SettingsCommand {
+  StoreChoice store = StoreChoice::suite;
+  std::string key;
+  std::string value;
+  // As the stores name it. Unset: a JSON number, true or false keeps its type, all else is text.
+  std::optional<std::string> type;
+  bool json = false;
+};
 
 std::string jsonLine(const std::string& key, const PropertyValue& value) {
   JsonWriter line;
@@ -49,6 +86,11 @@ std::string noteOn(StoreChoice store, const std::string& key, const PropertyValu
   return setting != nullptr ? meaningOf(*setting, value) : "";
 }
 
+// What could not be read has been complained about.
+bool isLost(const SqliteStore& store) {
+  return store.values().empty() && store.state() == State::unreadable;
+}
+
 // Key, type, value, and what the value means to the widget.
 using Row = std::array<std::string, 4>;
 
@@ -72,7 +114,9 @@ void printTable(const std::vector<Row>& rows, Output& output) {
   }
 }
 
-int list(const SettingsCommand& command, const SqliteStore& store) {
+int list(const SettingsCommand& command) {
+  const SqliteStore store = openStore(command.store, Access::readOnly);
+  if (isLost(store)) return kBadInput;
   Output output;
   std::vector<Row> rows;
   for (const auto& [key, value] : store.values()) {
@@ -96,7 +140,9 @@ void complainOfMissing(const SettingsCommand& command, const SqliteStore& store)
            store.file().string() + ')');
 }
 
-int get(const SettingsCommand& command, const SqliteStore& store) {
+int get(const SettingsCommand& command) {
+  const SqliteStore store = openStore(command.store, Access::readOnly);
+  if (isLost(store)) return kBadInput;
   const PropertyValue* const value = store.find(command.key);
   if (value == nullptr) {
     complainOfMissing(command, store);
@@ -147,7 +193,14 @@ bool isOfWrongType(const SettingsCommand& command, const PropertyValue& value) {
   return true;
 }
 
+bool isOnlyRead(StoreChoice store) {
+  if (store != StoreChoice::cloud) return false;
+  complain("the cloud's settings are only read: whoever fetches them writes them");
+  return true;
+}
+
 int set(const SettingsCommand& command) {
+  if (isOnlyRead(command.store)) return kBadUsage;
   if (command.key.empty()) {
     complain("a key cannot be empty");
     return kBadInput;
@@ -170,6 +223,7 @@ int set(const SettingsCommand& command) {
 }
 
 int unset(const SettingsCommand& command) {
+  if (isOnlyRead(command.store)) return kBadUsage;
   SqliteStore store = openStore(command.store, Access::readWrite);
   if (store.state() == State::unreadable) return kBadInput;
   if (store.find(command.key) == nullptr) {
@@ -181,30 +235,68 @@ int unset(const SettingsCommand& command) {
   return status;
 }
 
-template <class Answer>
-int read(const SettingsCommand& command, Answer answer) {
-  const SqliteStore store = openStore(command.store, Access::readOnly);
-  const bool nothing = store.values().empty() && store.state() == State::unreadable;
-  return nothing ? kBadInput : answer(command, store);
+Words keysAfter(const std::vector<std::string>& before) {
+  const bool isLocal = std::count(before.begin(), before.end(), "--local") > 0;
+  Words keys;
+  for (const KnownSetting& setting : knownSettings()) {
+    if (isLocal || setting.read != Read::own) {
+      keys.push_back({std::string(setting.key), aboutOf(setting)});
+    }
+  }
+  return keys;
+}
+
+// What the key makes sense of, which stands just before.
+Words valuesAfter(const std::vector<std::string>& before) {
+  Words values;
+  const KnownSetting* const setting = before.empty() ? nullptr : knownSetting(before.back());
+  if (setting == nullptr) return values;
+  for (const auto& [value, meaning] : choicesOf(*setting)) values.push_back({value, meaning});
+  return values;
 }
 
 }  // namespace
 
-int runSettings(const SettingsCommand& command) {
-  switch (command.action) {
-    case SettingsCommand::Action::list:
-      return read(command, list);
-    case SettingsCommand::Action::get:
-      return read(command, get);
-    case SettingsCommand::Action::set:
-    case SettingsCommand::Action::unset:
-      break;
-  }
-  if (command.store == StoreChoice::cloud) {
-    complain("the cloud's settings are only read: whoever fetches them writes them");
-    return kBadUsage;
-  }
-  return command.action == SettingsCommand::Action::set ? set(command) : unset(command);
+Command settingsCommand() {
+  const auto command = std::make_shared<SettingsCommand>();
+  const auto store = [&command](const char* name, const char* help, StoreChoice choice) {
+    return Option{
+        .name = name, .help = help, .target = [command, choice] { command->store = choice; }};
+  };
+  const auto action = [&command](const char* name, const char* help, auto run,
+                                 std::vector<Option> options) {
+    return Command{
+        .name = name, .help = help, .options = std::move(options), .run = [command, run] {
+          return run(*command);
+        }};
+  };
+  const Option key = {
+      .name = "KEY", .help = "", .target = &command->key, .offered = keysAfter, .isRequired = true};
+  const Option value = {.name = "VALUE",
+                        .help = "",
+                        .target = &command->value,
+                        .offered = valuesAfter,
+                        .isRequired = true};
+  const Option type = {"--type", "boolean, integer, real, text, date, data, list or dictionary",
+                       &command->type, "TYPE",
+                       wordsOf(std::array{"boolean", "integer", "real", "text", "date", "data",
+                                          "list", "dictionary"})};
+  const Option json = jsonOption(command->json);
+  Command writing = action("set", "Write one", set, {key, value, type});
+  writing.more = kSetMore;
+  return {
+      .name = "settings",
+      .help = "Reads and writes the settings that are kept on disk",
+      .more = kSettingsMore,
+      .options = {store("--suite", "Those that the app shares with the widget (if none)",
+                        StoreChoice::suite),
+                  store("--local", "The widget's own", StoreChoice::local),
+                  store("--cloud", "Those of the cloud, which are only read", StoreChoice::cloud)},
+      .commands = {action("list", "Print all of them: key, type and value", list, {json}),
+                   action("get", "Print the value of one", get, {key, json}), writing,
+                   action("unset", "Remove one", unset, {key})},
+      .sharesOptions = true,
+      .alternatives = {"--suite", "--local", "--cloud"}};
 }
 
 }  // namespace wayfell

@@ -1,14 +1,17 @@
-#include "hosts/terminal/TodayCommand.h"
-
+// `wayfell today`: the panel in a terminal, live or on a recording.
 #include <unistd.h>
 
 #include <csignal>
+#include <memory>
 #include <optional>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include "hosts/live/SourceOptions.h"
 #include "hosts/loop/uv/EventLoop.h"
+#include "hosts/panel/PanelKeys.h"
+#include "hosts/terminal/Commands.h"
 #include "hosts/terminal/LivePanel.h"
 #include "hosts/terminal/Output.h"
 #include "hosts/terminal/PrintedPanel.h"
@@ -18,6 +21,26 @@
 
 namespace wayfell {
 namespace {
+
+constexpr const char* kTodayHelp =
+    "Shows the panel in the terminal: on the receiver of the gpsd here, where there is none on "
+    "the\n"
+    "built-in demo; or on what the options choose. FILE is a GPX track, reports of gpsd (gpspipe "
+    "-w)\n"
+    "or a scenario (JSON Lines). Without a terminal it prints the panel once, as it stands at the\n"
+    "first fix.";
+
+constexpr const char* kTodayMore =
+    "A click on a format, on [Open] or on the mark beside it does what their keys do.\n";
+
+constexpr const char* kTodayExamples =
+    "Examples:\n"
+    "  wayfell today\n"
+    "  wayfell today --source gpsd=truck.local\n"
+    "  wayfell today --replay hike.gpx --rate 10 --suite units=1\n"
+    "  zcat log.gz | wayfell today --replay -     all of it is read first\n"
+    "  wayfell today --demo --rate 0              paused from the start\n"
+    "Exit status: 0 done, 1 the input is bad or no fix came, 2 the command line is bad.";
 
 constexpr int kLongestWait = 30;  // seconds, for the first fix where the panel is printed once
 constexpr double kPatience = 1;   // before someone who waits is told what for
@@ -134,8 +157,8 @@ int show(const Sources& sources, const SourceWishes& wishes, std::optional<int>&
   return status;
 }
 
-}  // namespace
-
+// Shows the panel until the user quits or a signal ends it, which then ends the process. Where
+// there is no terminal to show it on, prints it once, as it stands at the first fix.
 int runToday(const Sources& sources, const SourceWishes& wishes) {
   const bool readsInput = wishes.source.isRecording() && wishes.source.where == "-";
   if (readsInput && Terminal::isThere() && isatty(STDIN_FILENO) != 0) {
@@ -146,6 +169,22 @@ int runToday(const Sources& sources, const SourceWishes& wishes) {
   const int status = show(sources, wishes, endedBy);
   if (endedBy) std::raise(*endedBy);
   return status;
+}
+
+}  // namespace
+
+Command todayCommand() {
+  static const Sources sources;
+  const auto wishes = std::make_shared<SourceWishes>();
+  Command today = {.name = "today",
+                   .help = kTodayHelp,
+                   .more = kTodayMore +
+                           keysHelp(std::array{PanelAction::tellKeys, PanelAction::quit}) +
+                           kTodayExamples,
+                   .run = [wishes] { return runToday(sources, *wishes); },
+                   .optionColumns = 30};
+  addSourceOptions(today, sources, *wishes);
+  return today;
 }
 
 }  // namespace wayfell

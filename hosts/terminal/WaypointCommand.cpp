@@ -1,19 +1,106 @@
-#include "hosts/terminal/WaypointCommand.h"
-
+// `wayfell waypoint`: sets, shows and clears the waypoint that the containing app shares with the
+// widget.
+#include <algorithm>
+#include <cstddef>
+#include <iterator>
+#include <memory>
 #include <stdexcept>
 
 #include "hosts/places/PositionText.h"
+#include "hosts/replay/GpxRecording.h"
+#include "hosts/replay/GpxWaypoints.h"
 #include "hosts/terminal/ChosenStore.h"
+#include "hosts/terminal/Commands.h"
 #include "hosts/terminal/Output.h"
-#include "hosts/terminal/WaypointChoice.h"
+#include "hosts/text/FoldedText.h"
+#include "hosts/text/InputBytes.h"
+#include "hosts/text/InputError.h"
+#include "hosts/text/InputFile.h"
+#include "hosts/text/TextScanner.h"
 #include "platform/SimulatedHost.h"
 
 namespace wayfell {
 namespace {
 
+constexpr const char* kWaypointMore =
+    "A running panel shows the change when it next appears.\n"
+    "\n"
+    "Examples:\n"
+    "  wayfell waypoint set 46.9781N 8.2549E\n"
+    "  wayfell waypoint set --gpx huts.gpx --name 'Upper hut'\n"
+    "  wayfell waypoint show\n"
+    "  wayfell waypoint clear\n"
+    "Exit status: 0 done, 1 there is no such waypoint, the position is bad or was not\n"
+    "saved, 2 the command line is wrong.";
+
 constexpr const char* kLatitude = "waypointLatitude";
 constexpr const char* kLongitude = "waypointLongitude";
 constexpr const char* kHasWaypoint = "hasWaypoint";
+
+using Waypoints = std::vector<GpxWaypoint>;
+
+Waypoints waypointsIn(const std::string& file) {
+  const InputFile open(file);
+  Waypoints waypoints = waypointsOfGpx(
+      InputBytes(bytesOfFile(open.descriptor())).readAll(GpxRecording::kLongestFile));
+  if (waypoints.empty()) throw InputError("no waypoints in the GPX file");
+  return waypoints;
+}
+
+Waypoints called(const Waypoints& waypoints, const std::string& name) {
+  Waypoints found;
+  std::copy_if(waypoints.begin(), waypoints.end(), std::back_inserter(found),
+               [&name](const GpxWaypoint& waypoint) { return waypoint.name == name; });
+  return found;
+}
+
+// Those whose names have the text in them, whatever the case and diacritics; all if none has.
+Waypoints near(const Waypoints& waypoints, const std::string& name) {
+  const std::string folded = foldedText(name);
+  Waypoints found;
+  std::copy_if(waypoints.begin(), waypoints.end(), std::back_inserter(found),
+               [&folded](const GpxWaypoint& waypoint) {
+                 return foldedText(waypoint.name).find(folded) != std::string::npos;
+               });
+  return found.empty() ? waypoints : found;
+}
+
+void listThem(const Waypoints& waypoints) {
+  constexpr std::size_t kMost = 10;
+  for (std::size_t i = 0; i < waypoints.size() && i < kMost; ++i) {
+    const GpxWaypoint& waypoint = waypoints[i];
+    complainMore("waypoint " + std::to_string(waypoint.number) + "  " +
+                 plainPosition(waypoint.position) + "  " +
+                 (waypoint.name.empty() ? "without a name" : inQuotes(waypoint.name)));
+  }
+  if (waypoints.size() > kMost) {
+    complainMore("and " + std::to_string(waypoints.size() - kMost) + " more");
+  }
+}
+
+// The one of this name or, without a name, the only one; "-" is standard input. None, and a
+// complaint that lists what there is to choose from, when the file has no such waypoint or several.
+std::optional<GpxWaypoint> chosenWaypoint(const std::string& file,
+                                          const std::optional<std::string>& name) {
+  const std::string place = (file == "-" ? "standard input" : file) + ": ";
+  try {
+    const Waypoints waypoints = waypointsIn(file);
+    const Waypoints found = name ? called(waypoints, *name) : waypoints;
+    if (found.size() == 1) return found.front();
+    if (!name) {
+      complain(place + "say with --name which of these waypoints it is, or give its position");
+    } else if (found.empty()) {
+      complain(place + "no waypoint has the name " + inQuotes(*name) + "; there are");
+    } else {
+      complain(place + "several waypoints have the name " + inQuotes(*name) +
+               "; give the position of one instead");
+    }
+    listThem(found.empty() ? near(waypoints, *name) : found);
+  } catch (const InputError& error) {
+    complain(place + error.what());
+  }
+  return std::nullopt;
+}
 
 // What positions are shown with: the widget's own choices, and the format that the app shares.
 struct Shown {
@@ -51,18 +138,25 @@ std::optional<CLLocationCoordinate2D> typedPosition(const std::vector<std::strin
   }
 }
 
-std::optional<CLLocationCoordinate2D> chosenPosition(const WaypointCommand& command) {
-  if (!command.gpx) return typedPosition(command.position);
-  const auto waypoint = chosenWaypoint(*command.gpx, command.name);
+// What the command line asks to set.
+struct WaypointWish {
+  std::vector<std::string> position;  // decimal degrees, latitude first; or else
+  std::optional<std::string> gpx;     // a file with the waypoint; "-" is standard input
+  std::optional<std::string> name;    // of the one in the file; unset: it has only one
+};
+
+std::optional<CLLocationCoordinate2D> chosenPosition(const WaypointWish& wish) {
+  if (!wish.gpx) return typedPosition(wish.position);
+  const auto waypoint = chosenWaypoint(*wish.gpx, wish.name);
   return waypoint ? std::optional(waypoint->position) : std::nullopt;
 }
 
-int set(const WaypointCommand& command) {
-  if (command.position.empty() && !command.gpx) {
+int set(const WaypointWish& wish) {
+  if (wish.position.empty() && !wish.gpx) {
     complain("a position or --gpx FILE is missing");
     return kBadUsage;
   }
-  const auto position = chosenPosition(command);
+  const auto position = chosenPosition(wish);
   if (!position) return kBadInput;
   const int status = saveInSuite({{kLatitude, PropertyValue(position->latitude)},
                                   {kLongitude, PropertyValue(position->longitude)},
@@ -82,7 +176,7 @@ int clear() {
   return status;
 }
 
-int show(const WaypointCommand& command) {
+int show(bool asJson) {
   const SqliteStore suite = openStore(StoreChoice::suite, SqliteStore::Access::readOnly);
   const PropertyValue* const has = suite.find(kHasWaypoint);
   if (has == nullptr || !has->boolValue()) {
@@ -91,7 +185,7 @@ int show(const WaypointCommand& command) {
   }
   const CLLocationCoordinate2D position = {number(suite, kLatitude), number(suite, kLongitude)};
   Output output;
-  if (command.json) {
+  if (asJson) {
     output.line(positionJson(position));
   } else {
     output.line(Shown(suite).text(position));
@@ -101,16 +195,33 @@ int show(const WaypointCommand& command) {
 
 }  // namespace
 
-int runWaypoint(const WaypointCommand& command) {
-  switch (command.action) {
-    case WaypointCommand::Action::set:
-      return set(command);
-    case WaypointCommand::Action::clear:
-      return clear();
-    case WaypointCommand::Action::show:
-      break;
-  }
-  return show(command);
+Command waypointCommand() {
+  const auto wish = std::make_shared<WaypointWish>();
+  const auto asJson = std::make_shared<bool>(false);
+  return {.name = "waypoint",
+          .help = "Sets, shows and clears the waypoint",
+          .more = kWaypointMore,
+          .commands = {
+              {.name = "set",
+               .help = "Set it to a position, or to a waypoint of a file",
+               .options = {{"LAT LON", "Decimal degrees on WGS 84", &wish->position},
+                           {.name = "--gpx",
+                            .help = "A file with it; - is standard input",
+                            .target = &wish->gpx,
+                            .value = "FILE",
+                            .listed = Listed::files,
+                            .excludes = {"LAT LON"}},
+                           {.name = "--name",
+                            .help = "Which one of the file; not needed for the only one",
+                            .target = &wish->name,
+                            .value = "NAME",
+                            .needs = {"--gpx"}}},
+               .run = [wish] { return set(*wish); }},
+              {.name = "show",
+               .help = "Print its position, in the format of the panel",
+               .options = {{"--json", "Print a JSON object with numbers instead", asJson.get()}},
+               .run = [asJson] { return show(*asJson); }},
+              {.name = "clear", .help = "Have none any more", .run = clear}}};
 }
 
 }  // namespace wayfell

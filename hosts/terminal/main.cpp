@@ -7,9 +7,9 @@ int main(int argc, char** argv) {
   Command program = {
       .name = "wayfell",
       .help = "A widget for people outdoors: position, speed, heading, waypoint and track.",
-      .commands = {todayOptions(), replayOptions(), settingsOptions(), waypointOptions(),
-                   trackOptions(), convertOptions(), distanceOptions(), datumsOptions(),
-                   addressesOptions()},
+      .commands = {todayCommand(), replayCommand(), settingsCommand(), waypointCommand(),
+                   trackCommand(), convertCommand(), distanceCommand(), datumsCommand(),
+                   addressesCommand()},
       .optionColumns = 30};
   program.commands.push_back(completionsOptions(program));
   return runProgram(program, "wayfell " WAYFELL_VERSION, argc, argv);

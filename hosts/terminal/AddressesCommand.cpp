@@ -1,10 +1,10 @@
-#include "hosts/terminal/AddressServiceCommand.h"
-
+// `wayfell addresses`: where addresses come from.
 #include <unistd.h>
 
 #include <cstddef>
 #include <filesystem>
 #include <iostream>
+#include <memory>
 #include <stdexcept>
 
 #include "hosts/services/addresses/AddressBook.h"
@@ -13,13 +13,40 @@
 #include "hosts/services/addresses/Nominatim.h"
 #include "hosts/services/stores/SqliteStore.h"
 #include "hosts/services/stores/StorePaths.h"
+#include "hosts/terminal/Commands.h"
 #include "hosts/terminal/Output.h"
 #include "platform/NSString.h"
 
 namespace wayfell {
 namespace {
 
-constexpr const char* kAgree = "yes";
+constexpr const char* kAddressesMore =
+    "Examples:\n"
+    "  wayfell addresses import us/dc/statewide.csv\n"
+    "  wayfell addresses find 38.8670 -76.9792\n"
+    "  wayfell addresses info\n"
+    "Exit status: 0 done, 1 something is bad or not found, 2 the command line is wrong.";
+
+constexpr const char* kUseMore =
+    "SERVICE is book (addresses that were imported; nothing leaves this computer),\n"
+    "nominatim (a server is asked over the network) or none. Panels take it up when they\n"
+    "start.\n"
+    "\n"
+    "With nominatim each lookup, at most one a minute, sends the position to the server.\n"
+    "The command says to which, and wants a yes.\n"
+    "\n"
+    "Examples:\n"
+    "  wayfell addresses use book\n"
+    "  wayfell addresses use nominatim\n"
+    "  wayfell addresses use nominatim --url http://localhost:8080 --yes\n"
+    "Exit status: 0 done, 1 not agreed to or not saved, 2 the command line is wrong.";
+
+// What the command line asks for.
+struct AddressUseCommand {
+  std::string service;  // "book", "nominatim" or "none"
+  std::optional<std::string> url;
+  bool agreed = false;  // to the position being sent
+};
 
 // Says what it means on standard error, where it is seen whatever becomes of the output.
 void explain(const ServerUrl& server) {
@@ -34,7 +61,7 @@ bool agrees() {
   complainMore("Type yes to agree:");
   std::string answer;
   std::getline(std::cin, answer);
-  return answer == kAgree;
+  return answer == "yes";
 }
 
 // kDone when the user agrees to the server.
@@ -90,9 +117,7 @@ void printBook(Output& output, const std::filesystem::path& path) {
       cornerText(summary.south, summary.west) + " to " + cornerText(summary.north, summary.east));
 }
 
-}  // namespace
-
-int runAddressUse(const AddressUseCommand& command) {
+int use(const AddressUseCommand& command) {
   if (command.service != "nominatim") {
     if (!command.url && !command.agreed) return store(command);
     complain("--url and --yes go with nominatim only");
@@ -107,7 +132,7 @@ int runAddressUse(const AddressUseCommand& command) {
   }
 }
 
-int runAddressInfo() {
+int info() {
   const SqliteStore settings(localStoreFile(), SqliteStore::Access::readOnly, turnOfEachRead(),
                              complain);
   const std::filesystem::path path = addressBookPath();
@@ -126,6 +151,38 @@ int runAddressInfo() {
     return kBadInput;
   }
   return output.finish(kDone);
+}
+
+Command useCommand() {
+  const auto command = std::make_shared<AddressUseCommand>();
+  return {.name = "use",
+          .help = "Chooses where addresses come from",
+          .more = kUseMore,
+          .options = {{.name = "SERVICE",
+                       .help = "book, nominatim or none",
+                       .target = &command->service,
+                       .words = {{"book", "addresses that were imported"},
+                                 {"nominatim", "a server over the network"},
+                                 {"none", "no addresses"}},
+                       .isRequired = true},
+                      {"--url", "Another server than the public one", &command->url, "URL"},
+                      {"--yes", "Agree that positions are sent to the server", &command->agreed}},
+          .run = [command] { return use(*command); }};
+}
+
+}  // namespace
+
+Command addressesCommand() {
+  return {.name = "addresses",
+          .help = "Says where street addresses come from, and finds them",
+          .more = kAddressesMore,
+          .commands = {addressImportCommand(),
+                       addressFindCommand(),
+                       {.name = "info",
+                        .help = "Shows the service in use and what the address book holds",
+                        .more = "Exit status: 0 done, 1 the book cannot be read.",
+                        .run = info},
+                       useCommand()}};
 }
 
 }  // namespace wayfell
