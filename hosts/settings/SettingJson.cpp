@@ -39,6 +39,7 @@ bool needsPairs(const Dictionary& dictionary) {
 struct WriteJson {
   JsonWriter& json;
   bool exact;
+  int depth = 0;  // of lists and dictionaries around it
 
   void of(const PropertyValue& value) const { std::visit(*this, value.storage()); }
 
@@ -70,25 +71,31 @@ struct WriteJson {
   }
   void operator()(const Data& data) const { writeMarked(kDataMark, base64Of(data)); }
   void operator()(const List& list) const {
+    const WriteJson inner = within();
     json.beginList();
-    for (const PropertyValue& element : list) of(element);
+    for (const PropertyValue& element : list) inner.of(element);
     json.endList();
   }
   void operator()(const Dictionary& dictionary) const {
+    const WriteJson inner = within();
     json.beginObject();
     if (exact && needsPairs(dictionary)) {
       json.key(kDictionaryMark);
-      writePairs(dictionary);
+      inner.writePairs(dictionary);
     } else {
       for (const auto& [key, value] : dictionary) {
         json.key(key);
-        of(value);
+        inner.of(value);
       }
     }
     json.endObject();
   }
 
  private:
+  WriteJson within() const {
+    if (depth == kDeepestSetting) throw BadValue("it nests too deeply");
+    return {json, exact, depth + 1};
+  }
   void writeMarked(const char* mark, std::string_view text) const {
     if (exact) {
       json.beginObject().member(mark, text).endObject();

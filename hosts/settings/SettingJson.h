@@ -17,6 +17,8 @@ namespace wayfell {
 /// Lists and dictionaries of stored values may stand within one another this many times.
 inline constexpr int kDeepestSetting = 200;
 
+// Both throw BadValue for what nests deeper than kDeepestSetting.
+
 /// A date is {"$date": seconds}, data {"$data": base64}, and so on.
 void writeExactJson(JsonWriter& writer, const PropertyValue& value);
 /// A date is its seconds since 2001-01-01T00:00:00Z, data are base64, and numbers that are not

@@ -102,13 +102,6 @@ TEST_P(LocationSources, OutliveTheirManagers) {
   EXPECT_THAT(received->headings, testing::IsEmpty());
 }
 
-TEST_P(LocationSources, AreAuthorizedOrNotWithoutBeingAsked) {
-  EXPECT_EQ(manager->authorizationStatus(), CLAuthorizationStatus::authorizedWhenInUse);
-  manager->requestWhenInUseAuthorization();
-  EXPECT_EQ(manager->authorizationStatus(), CLAuthorizationStatus::authorizedWhenInUse);
-  EXPECT_TRUE(CLLocationManager::headingAvailable());
-}
-
 template <class One>
 std::unique_ptr<Setting> makeSetting() {
   return std::make_unique<One>();

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <limits>
+#include <cstdint>
 #include <utility>
 #include <vector>
 
@@ -93,31 +93,29 @@ class AddressBook::Pages {
 
  private:
   struct Candidate {
-    std::int64_t id = std::numeric_limits<std::int64_t>::max();
+    double distance;
+    std::int64_t id;  // of two at one distance the first is taken
     CLLocationCoordinate2D position;
-    double distance = 0;
+
+    bool operator<(const Candidate& other) const {
+      return std::pair(distance, id) < std::pair(other.distance, other.id);
+    }
   };
 
   std::optional<Candidate> nearestWithin(const CLLocationCoordinate2D& position, double distance) {
-    Candidate best;
-    best.distance = distance;
-    bool any = false;
+    std::optional<Candidate> best;
     for (const Box& box : boxesAround(position, distance)) {
       const StatementRun run(within_);
       SQLite::bind(within_, box.west, box.east, box.south, box.north);
       while (within_.executeStep()) {
-        Candidate next;
-        next.id = within_.getColumn(0).getInt64();
-        next.position = {within_.getColumn(2).getDouble() / kBookUnitsPerDegree,
-                         within_.getColumn(1).getDouble() / kBookUnitsPerDegree};
-        next.distance = greatCircle(position, next.position);
-        if (next.distance > best.distance) continue;
-        if (next.distance == best.distance && next.id > best.id) continue;
-        best = next;
-        any = true;
+        const CLLocationCoordinate2D there = {
+            within_.getColumn(2).getDouble() / kBookUnitsPerDegree,
+            within_.getColumn(1).getDouble() / kBookUnitsPerDegree};
+        const Candidate next{greatCircle(position, there), within_.getColumn(0).getInt64(), there};
+        if (next.distance <= distance && (!best || next < *best)) best = next;
       }
     }
-    return any ? std::optional(best) : std::nullopt;
+    return best;
   }
 
   Found read(const Candidate& candidate) {

@@ -23,10 +23,6 @@ constexpr const char* kSchema = R"(
                                                +number TEXT, +street INTEGER);
 )";
 
-void setPragma(SQLite::Database& database, const char* name, std::int64_t value) {
-  database.exec("PRAGMA " + std::string(name) + " = " + std::to_string(value));
-}
-
 void checkKind(SQLite::Database& database) {
   if (database.execAndGet("PRAGMA application_id").getInt64() != kApplication) {
     throw BookError("not an address book");
@@ -41,8 +37,8 @@ void checkKind(SQLite::Database& database) {
 std::filesystem::path addressBookPath() { return dataFolder() / "addresses.db"; }
 
 void createBook(SQLite::Database& database) {
-  setPragma(database, "application_id", kApplication);
-  setPragma(database, "user_version", kVersion);
+  database.exec("PRAGMA application_id = " + std::to_string(kApplication) +
+                "; PRAGMA user_version = " + std::to_string(kVersion));
   database.exec(kSchema);
 }
 

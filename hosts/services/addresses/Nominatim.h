@@ -8,6 +8,7 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "hosts/loop/IoRunLoop.h"
 #include "hosts/services/Warn.h"
@@ -16,6 +17,22 @@
 #include "hosts/services/addresses/ServerUrl.h"
 
 namespace wayfell {
+
+/// What a server answers, in its format jsonv2.
+struct NominatimAnswer {
+  /// None when the server knows no address there.
+  std::optional<CLPlacemark> placemark;
+  /// Whose data it is, as the server says; empty when it does not.
+  std::string licence;
+};
+
+/// Throws InputError for what is no such answer.
+///
+/// The street is the number and the first there is of: road, pedestrian, footway, path, cycleway,
+/// bridleway, street, place; in the order of the country. The city is the first of city, town,
+/// village, municipality, hamlet, suburb, city_district; the state the first of state, province,
+/// region, state_district, county.
+NominatimAnswer readNominatimAnswer(std::string_view json);
 
 class Nominatim : public AttributedGeocoder {
  public:

@@ -1,21 +1,17 @@
 #include "hosts/services/stores/StoredValue.h"
 
-#include <algorithm>
 #include <bit>
 #include <cmath>
 #include <limits>
 #include <optional>
 #include <utility>
 
-#include "hosts/settings/SettingJson.h"
 #include "hosts/text/Utf8.h"
 
 namespace wayfell {
 namespace {
 
 using Data = PropertyValue::Data;
-using List = PropertyValue::List;
-using Dictionary = PropertyValue::Dictionary;
 
 Column columnOfReal(double real) {
   // SQLite has no NaN: it keeps one as null.
@@ -79,19 +75,6 @@ std::optional<PropertyValue> fitting(std::string_view type, Column column) {
   return std::nullopt;
 }
 
-bool nestsDeeper(const PropertyValue& value, int depth) {
-  const auto deeper = [depth](const PropertyValue& inner) { return nestsDeeper(inner, depth - 1); };
-  if (const auto* list = std::get_if<List>(&value.storage())) {
-    return depth == 0 || std::any_of(list->begin(), list->end(), deeper);
-  }
-  if (const auto* dictionary = std::get_if<Dictionary>(&value.storage())) {
-    return depth == 0 ||
-           std::any_of(dictionary->begin(), dictionary->end(),
-                       [&deeper](const auto& member) { return deeper(member.second); });
-  }
-  return false;
-}
-
 }  // namespace
 
 bool operator==(const StoredValue& a, const StoredValue& b) {
@@ -109,7 +92,6 @@ bool isPlainText(std::string_view text) {
 }
 
 StoredValue encode(const PropertyValue& value) {
-  if (nestsDeeper(value, kDeepestSetting)) throw BadValue("it nests too deeply");
   return {typeName(value), std::visit(ToColumn(), value.storage())};
 }
 

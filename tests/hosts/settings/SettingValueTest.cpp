@@ -41,6 +41,7 @@ TEST(SettingValue, IsWrittenAsDocumentedAndReadBack) {
       {"\"\n\xc3\xa9\xff", "text", "\"\n\xc3\xa9\xff", "\"\\\"\\n\xc3\xa9\xef\xbf\xbd\""},
       {NSDate{812345678.5}, "date", "812345678.5", "812345678.5"},
       {Data{0xfb, 0xff}, "data", "+/8=", R"("+/8=")"},
+      {Data{'f', 'o', 'o', 'b', 'a', 'r'}, "data", "Zm9vYmFy", R"("Zm9vYmFy")"},  // RFC 4648
       {List{1, 1.0, true, "a"}, "list", R"([1,1.0,true,"a"])", R"([1,1.0,true,"a"])"},
       {Dictionary{{"a", Data{0}}, {"b", NSDate{5}}}, "dictionary",
        R"({"a":{"$data":"AA=="},"b":{"$date":5.0}})", R"({"a":"AA==","b":5.0})"},
@@ -93,6 +94,7 @@ TEST(SettingValue, SaysWhatIsNoValue) {
       {"real", "infinity", "it is no number"},
       {"date", "yesterday", "it is no date in ISO 8601, nor seconds"},
       {"data", "A A=", "it is not base64"},
+      {"data", "Zg==Zg==", "it is not base64"},
       {"list", "[1,]", "it is not JSON"},
       {"list", "[\"\xff\"]", "it is not JSON"},
       {"list", "{}", "its JSON is no list"},

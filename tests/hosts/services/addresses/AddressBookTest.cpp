@@ -117,32 +117,6 @@ TEST(AddressBookTest, AgreesWithLookingAtEveryAddress) {
   EXPECT_GT(found, 200);  // else nothing is proven
 }
 
-TEST(AddressBookTest, ShowsWhatARowHas) {
-  struct Case {
-    AddressRow row;
-    std::string country;
-    CNPostalAddress address;
-  };
-  const auto none = std::nullopt;
-  const Case cases[] = {
-      {{1, 1, "10", "Rue Daru", "Paris", "IDF"}, "FR", {"10 Rue Daru", "Paris", "IDF"}},
-      {{1, 1, "10", "Hauptstr.", "Ulm", "BW"}, "DE", {"Hauptstr. 10", "Ulm", "BW"}},
-      {{1, 1, "10", "Hauptstr.", "Ulm", ""}, "", {"Hauptstr. 10", "Ulm", none}},
-      {{1, 1, "", "Rue Daru", "", "IDF"}, "FR", {"Rue Daru", none, "IDF"}},
-      {{1, 1, "10", "", "Oko", ""}, "CZ", {"10", "Oko", none}},
-      {{1, 1, "", "", "Oko", ""}, "CZ", {none, "Oko", none}},
-  };
-  for (const Case& c : cases) {
-    const Folder folder;
-    BookImport import(folder / "book", BookImport::Start::empty);
-    import.setCountry(c.country);
-    import.add(c.row);
-    import.commit();
-    WatchedBook watched(folder / "book");
-    EXPECT_EQ(watched.book.nearest({1, 1})->placemark.postalAddress, c.address);
-  }
-}
-
 TEST(AddressBookTest, TakesUpANewBook) {
   const Folder folder;
   WatchedBook watched(folder / "book");

@@ -12,7 +12,6 @@
 #include "HttpServer.h"
 #include "hosts/loop/uv/EventLoop.h"
 #include "hosts/services/UserLocale.h"
-#include "hosts/services/addresses/NominatimAnswer.h"
 #include "hosts/services/addresses/StreetText.h"
 #include "hosts/text/InputError.h"
 

@@ -5,20 +5,6 @@
 namespace wayfell {
 namespace {
 
-class SimulatedSetting : public Setting {
- public:
-  LocationSource& source() override { return source_; }
-  void reportFixes(const std::vector<double>& latitudes) override {
-    std::vector<CLLocation> fixes;
-    for (const double latitude : latitudes) fixes.push_back({{latitude, 0}, 0, 5, 5, -1, -1, {}});
-    source_.deliver(fixes);
-  }
-  void reportHeading(double degrees) override { source_.deliver(CLHeading{degrees, degrees, 5}); }
-
- private:
-  SimulatedLocationSource source_;
-};
-
 class GpsdSetting : public Setting {
  public:
   LocationSource& source() override { return source_; }
@@ -63,9 +49,7 @@ class GpsdSetting : public Setting {
   int marks_ = 0;
 };
 
-INSTANTIATE_TEST_SUITE_P(All, LocationSources,
-                         testing::Values(makeSetting<SimulatedSetting>, makeSetting<GpsdSetting>),
-                         [](const auto& each) { return each.index == 0 ? "Simulated" : "Gpsd"; });
+INSTANTIATE_TEST_SUITE_P(Gpsd, LocationSources, testing::Values(makeSetting<GpsdSetting>));
 
 }  // namespace
 }  // namespace wayfell

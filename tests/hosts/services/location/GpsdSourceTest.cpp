@@ -248,19 +248,6 @@ TEST_F(Gpsd, GivesOneFixForTheParts) {
   EXPECT_THAT(received->latitudes(), ElementsAre(1, 2));
 }
 
-TEST_F(Gpsd, MayEndWhileANameIsLookedUp) {
-  for (int i = 0; i < 20; ++i) {
-    GpsdSource another(loop, host.loop, {"localhost", std::to_string(server.port())}, kQuick);
-    CLLocationManager user;
-    another.startUpdatingLocation(user);
-  }
-  EventLoop brief;
-  GpsdSource last(brief, host.loop, {"localhost", "1"}, kQuick);
-  CLLocationManager user;
-  last.startUpdatingLocation(user);
-  last.stopUpdatingLocation(user);
-}
-
 // "localhost" may be ::1 first, where nobody listens.
 TEST_F(Gpsd, LooksUpNamesAndTriesAllAddresses) {
   GpsdSource named(loop, host.loop, {"localhost", std::to_string(server.port())}, kQuick);
