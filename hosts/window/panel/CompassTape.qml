@@ -25,7 +25,7 @@ Rectangle {
             id: tape
             objectName: "tape"
             x: frame.panel.tapeOffset - parent.x
-            y: top - parent.y
+            y: -rise - parent.y
             text: frame.panel.tape
             pixelSize: 11 * frame.look.fontScale
             labelColor: frame.look.value

@@ -1,12 +1,16 @@
 // The item of the panel's corner, which its view draws.
 #pragma once
 
+#include <QColor>
+#include <QQuickPaintedItem>
 #include <QtQmlIntegration>
 
 #include "hosts/window/panel/PanelAdapter.h"
-#include "hosts/window/panel/Repaint.h"
+#include "platform/UICanvas.h"
 
 namespace wayfell {
+
+QColor colorOf(const UIColor& color);
 
 class CornerItem : public QQuickPaintedItem {
   Q_OBJECT
@@ -24,6 +28,8 @@ class CornerItem : public QQuickPaintedItem {
   void geometryChange(const QRectF& newGeometry, const QRectF& oldGeometry) override;
 
  private:
+  void takeSize();
+
   PanelAdapter* panel_ = nullptr;
 };
 

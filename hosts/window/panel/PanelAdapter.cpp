@@ -8,7 +8,7 @@
 #include <utility>
 
 #include "hosts/panel/Spoken.h"
-#include "hosts/window/panel/CanvasPainter.h"
+#include "hosts/window/panel/CornerItem.h"
 
 // Qt makes it of the types that are declared for interface files.
 // NOLINTNEXTLINE(readability-identifier-naming)

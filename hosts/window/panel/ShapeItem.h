@@ -2,20 +2,19 @@
 #pragma once
 
 #include <QColor>
-
+#include <QQuickPaintedItem>
 #include <QtQmlIntegration>
-
-#include "hosts/window/panel/Repaint.h"
 
 namespace wayfell {
 
 class ShapeItem : public QQuickPaintedItem {
   Q_OBJECT
   QML_NAMED_ELEMENT(Shape)
-  Q_PROPERTY(Shape shape MEMBER shape_ WRITE setShape)
-  Q_PROPERTY(double turn MEMBER turn_ WRITE setTurn)
-  Q_PROPERTY(QColor color MEMBER color_ WRITE setColor)
-  Q_PROPERTY(QColor secondColor MEMBER secondColor_ WRITE setSecondColor)
+  Q_PROPERTY(Shape shape MEMBER shape_ NOTIFY changed)
+  /// Degrees, clockwise around the middle. Painted so, the edges stay smooth.
+  Q_PROPERTY(double turn MEMBER turn_ NOTIFY changed)
+  Q_PROPERTY(QColor color MEMBER color_ NOTIFY changed)
+  Q_PROPERTY(QColor secondColor MEMBER secondColor_ NOTIFY changed)
 
  public:
   // Interface files see enumerators with a capital only.
@@ -30,15 +29,14 @@ class ShapeItem : public QQuickPaintedItem {
   // NOLINTEND(readability-identifier-naming)
   Q_ENUM(Shape)
 
-  explicit ShapeItem(QQuickItem* parent = nullptr) : QQuickPaintedItem(parent) {}
-
-  void setShape(Shape shape) { changeAndRepaint(*this, shape_, shape); }
-  /// Degrees, clockwise around the middle. Painted so, the edges stay smooth.
-  void setTurn(double degrees) { changeAndRepaint(*this, turn_, degrees); }
-  void setColor(const QColor& color) { changeAndRepaint(*this, color_, color); }
-  void setSecondColor(const QColor& color) { changeAndRepaint(*this, secondColor_, color); }
+  explicit ShapeItem(QQuickItem* parent = nullptr) : QQuickPaintedItem(parent) {
+    connect(this, &ShapeItem::changed, this, [this] { update(); });
+  }
 
   void paint(QPainter* painter) override;
+
+ signals:
+  void changed();
 
  private:
   Shape shape_ = Mark;

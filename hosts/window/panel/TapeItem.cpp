@@ -3,49 +3,66 @@
 #include <QFontMetricsF>
 #include <QPainter>
 #include <algorithm>
-#include <cmath>
 
 namespace wayfell {
 namespace {
 
-constexpr double kWidestLabel = 26;  // points, of the 37.5 from label to label
-constexpr double kMiddle = 16;       // points, of the letters, below the tip of the mark
+// Points.
+constexpr double kNorth = 65;
+constexpr double kLabelDistance = kTapePointsPerTurn / kTapeLabelsPerTurn;
+constexpr double kWidestLabel = 26;
+constexpr double kMiddle = 16;  // of the letters, below the tip of the mark
 
 }  // namespace
 
 TapeItem::TapeItem(QQuickItem* parent) : QQuickPaintedItem(parent) {
   setSize({kTapeSize.width, kTapeSize.height});
+  connect(this, &TapeItem::changed, this, [this] { update(); });
 }
+
+double TapeItem::north() { return kNorth; }
 
 QFont TapeItem::fittingFont(const TapeReading& tape) const {
   QFont font;
   font.setPixelSize(std::max(1, static_cast<int>(pixelSize_)));
   font.setBold(true);
-  const double widest = widestTapeLabel(tape, QFontMetricsF(font));
+  const QFontMetricsF metrics(font);
+  double widest = 0;
+  for (const TapeReading::Label& label : tape.labels) {
+    widest = std::max(widest, metrics.horizontalAdvance(QString::fromStdString(label.text)));
+  }
   if (widest > kWidestLabel) {
     font.setPixelSize(std::max(1, static_cast<int>(font.pixelSize() * kWidestLabel / widest)));
   }
   return font;
 }
 
+// What follows the last label may lie beyond the right edge, where the frame never shows it.
 void TapeItem::paint(QPainter* painter) {
   const TapeReading tape = readTape(text_.toStdString());
   const QFont font = fittingFont(tape);
   const QFontMetricsF metrics(font);
   painter->setFont(font);
+  painter->setBrush(dotColor_);
   painter->setRenderHint(QPainter::Antialiasing);
-  const double baseline = kMiddle + metrics.capHeight() / 2;
-  for (const TapeGlyphs& glyphs : layOutTape(tape, metrics)) {
-    if (glyphs.text == QStringLiteral(".")) {
-      painter->setPen(Qt::NoPen);
-      painter->setBrush(dotColor_);
-      painter->drawEllipse(QPointF(glyphs.middle, kMiddle), 0.7, 0.7);
-      continue;
+  const auto drawDots = [&](int dots, double from, double to) {
+    painter->setPen(Qt::NoPen);
+    for (int i = 1; i <= dots; ++i) {
+      painter->drawEllipse(QPointF(from + (to - from) * i / (dots + 1), kMiddle), 0.7, 0.7);
     }
+  };
+  double end = 0;  // of the label before
+  double middle = kNorth - kTapeNorthLabel * kLabelDistance;
+  for (const TapeReading::Label& label : tape.labels) {
+    const QString text = QString::fromStdString(label.text);
+    const double half = metrics.horizontalAdvance(text) / 2;
+    drawDots(label.dotsBefore, end, middle - half);
     painter->setPen(labelColor_);
-    painter->drawText(QPointF(glyphs.middle - metrics.horizontalAdvance(glyphs.text) / 2, baseline),
-                      glyphs.text);
+    painter->drawText(QPointF(middle - half, kMiddle + metrics.capHeight() / 2), text);
+    end = middle + half;
+    middle += kLabelDistance;
   }
+  drawDots(tape.dotsAtEnd, end, end + metrics.horizontalAdvance('.') * (tape.dotsAtEnd + 1));
 }
 
 }  // namespace wayfell
