@@ -7,7 +7,6 @@
 #include "coordinates/ConvertCoordinates.h"
 #include "coordinates/CoordinateLookup.h"
 #include "datums/DatumManager.h"
-#include "hosts/places/PositionRange.h"
 #include "hosts/text/JsonWriter.h"
 #include "platform/NSString.h"
 #include "settings/UserDefaults.h"
@@ -64,6 +63,17 @@ bool showsPosition(const CLLocationCoordinate2D& position, std::size_t format) {
 }
 
 }  // namespace
+
+bool isPosition(const CLLocationCoordinate2D& position) {
+  return std::abs(position.latitude) <= kGreatestLatitude &&
+         std::abs(position.longitude) <= kGreatestLongitude;
+}
+
+void checkDegrees(double degrees, double greatest, std::string_view name) {
+  if (std::abs(degrees) <= greatest) return;
+  throw std::invalid_argument(std::string(name) + ' ' + shortestText(degrees) + " is beyond " +
+                              shortestText(std::copysign(greatest, degrees)));
+}
 
 CLLocationCoordinate2D takePosition(TextScanner& scanner) {
   CLLocationCoordinate2D position;

@@ -7,7 +7,7 @@
 
 #include "coordinates/ConvertCoordinates.h"
 #include "coordinates/CoordinateLookup.h"
-#include "hosts/places/PositionRange.h"
+#include "hosts/places/PositionText.h"
 #include "platform/NSString.h"
 
 namespace wayfell {

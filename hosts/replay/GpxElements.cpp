@@ -5,7 +5,7 @@
 #include <cmath>
 #include <cstddef>
 
-#include "hosts/places/PositionRange.h"
+#include "hosts/places/PositionText.h"
 #include "hosts/text/InputError.h"
 #include "hosts/text/Utf8.h"
 #include "platform/NSString.h"

@@ -38,7 +38,7 @@ bool needsPairs(const Dictionary& dictionary) {
 // A visitor with an operator for each type of value.
 struct WriteJson {
   JsonWriter& json;
-  bool exact;
+  bool exact = true;
   int depth = 0;  // of lists and dictionaries around it
 
   void of(const PropertyValue& value) const { std::visit(*this, value.storage()); }
@@ -199,19 +199,15 @@ struct ReadExact {
 
   static Dictionary pairs(JsonLine::Value json, int depth) {
     Dictionary dictionary;
-    if (json.kind() != Kind::list) failOnPairs();
+    bool arePairs = json.kind() == Kind::list;
     for (const JsonLine::Value& pair : json) {
-      if (pair.kind() != Kind::list) failOnPairs();
-      List parts = list(pair, depth);
+      List parts = pair.kind() == Kind::list ? list(pair, depth) : List();
       const auto* const key =
           parts.size() == 2 ? std::get_if<std::string>(&parts.front().storage()) : nullptr;
-      if (key == nullptr) failOnPairs();
-      dictionary.insert_or_assign(*key, std::move(parts.back()));
+      arePairs = arePairs && key != nullptr;
+      if (arePairs) dictionary.insert_or_assign(*key, std::move(parts.back()));
     }
-    return dictionary;
-  }
-
-  [[noreturn]] static void failOnPairs() {
+    if (arePairs) return dictionary;
     throw BadValue("its JSON has a \"$dictionary\" that is no list of pairs of key and value");
   }
 };

@@ -71,12 +71,6 @@ PropertyValue::Data dataOf(std::string_view text) {
   return *std::move(data);
 }
 
-PropertyValue structureOf(std::string_view type, std::string_view text) {
-  PropertyValue value = valueOfExactJson(text);
-  if (typeName(value) != type) throw BadValue("its JSON is no " + std::string(type));
-  return value;
-}
-
 }  // namespace
 
 std::string_view typeName(const PropertyValue& value) {
@@ -106,7 +100,9 @@ PropertyValue valueOf(std::string_view type, std::string_view text) {
   if (type == "date") return dateOf(text);
   if (type == "data") return dataOf(text);
   if (type == "text") return text;
-  return structureOf(type, text);
+  PropertyValue value = valueOfExactJson(text);
+  if (typeName(value) != type) throw BadValue("its JSON is no " + std::string(type));
+  return value;
 }
 
 PropertyValue valueOfUntyped(std::string_view text) {

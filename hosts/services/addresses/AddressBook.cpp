@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "hosts/places/PositionRange.h"
+#include "hosts/places/PositionText.h"
 #include "hosts/services/addresses/BookFile.h"
 #include "hosts/services/addresses/StreetText.h"
 #include "hosts/services/sqlite/Sqlite.h"

@@ -2,7 +2,7 @@
 
 #include <stdexcept>
 
-#include "hosts/places/PositionRange.h"
+#include "hosts/places/PositionText.h"
 #include "hosts/text/Utf8.h"
 
 namespace wayfell {

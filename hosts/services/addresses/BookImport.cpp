@@ -9,6 +9,7 @@
 #include <cerrno>
 #include <cmath>
 #include <cstring>
+#include <optional>
 #include <system_error>
 #include <utility>
 
@@ -26,10 +27,8 @@ constexpr std::size_t kStreetsRemembered = 100000;
 }
 
 void syncFolder(const std::filesystem::path& folder) {
-  const int descriptor = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-  if (descriptor < 0) return;
-  fsync(descriptor);
-  close(descriptor);
+  const Descriptor opened(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  if (opened.number >= 0) fsync(opened.number);
 }
 
 // What SQLite says is wrong gets the book's path.
@@ -59,15 +58,14 @@ std::int64_t inUnits(double degrees) { return std::llround(degrees * kBookUnitsP
 class BookImport::Lock {
  public:
   explicit Lock(std::filesystem::path path) : path_(std::move(path)) {
-    while (!acquire()) close(descriptor_);
-    if (fchmod(descriptor_, S_IRUSR | S_IWUSR) != 0 || ftruncate(descriptor_, 0) != 0) fail();
+    while (!acquire()) continue;
+    if (fchmod(file_->number, S_IRUSR | S_IWUSR) != 0 || ftruncate(file_->number, 0) != 0) {
+      failWith(path_, errno);
+    }
   }
-  ~Lock() { close(descriptor_); }
-  Lock(const Lock&) = delete;
-  Lock& operator=(const Lock&) = delete;
 
   void sync() const {
-    if (fsync(descriptor_) != 0) failWith(path_, errno);
+    if (fsync(file_->number) != 0) failWith(path_, errno);
   }
 
  private:
@@ -75,26 +73,20 @@ class BookImport::Lock {
   // file another.
   bool acquire() {
     createPrivateFile(path_);
-    descriptor_ = open(path_.c_str(), O_RDWR | O_CLOEXEC | O_NOFOLLOW);
-    if (descriptor_ < 0) failWith(path_, errno);
-    if (flock(descriptor_, LOCK_EX | LOCK_NB) != 0) {
-      if (errno != EWOULDBLOCK) fail();
-      close(descriptor_);
-      throw BookError("another import is at work");
+    file_.emplace(open(path_.c_str(), O_RDWR | O_CLOEXEC | O_NOFOLLOW));
+    if (file_->number < 0) failWith(path_, errno);
+    if (flock(file_->number, LOCK_EX | LOCK_NB) != 0) {
+      if (errno == EWOULDBLOCK) throw BookError("another import is at work");
+      failWith(path_, errno);
     }
     struct stat locked = {};
     struct stat named = {};
-    return fstat(descriptor_, &locked) == 0 && stat(path_.c_str(), &named) == 0 &&
+    return fstat(file_->number, &locked) == 0 && stat(path_.c_str(), &named) == 0 &&
            locked.st_ino == named.st_ino;
-  }
-  [[noreturn]] void fail() const {
-    const int error = errno;
-    close(descriptor_);
-    failWith(path_, error);
   }
 
   std::filesystem::path path_;
-  int descriptor_ = -1;
+  std::optional<Descriptor> file_;
 };
 
 struct BookImport::Statements {

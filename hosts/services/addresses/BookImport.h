@@ -35,8 +35,6 @@ class BookImport {
   BookImport(std::filesystem::path book, Start start);
   /// Throws the new book away if it was not committed.
   ~BookImport();
-  BookImport(const BookImport&) = delete;
-  BookImport& operator=(const BookImport&) = delete;
 
   /// Where the rows that follow are: an ISO 3166-1 code in capitals, or empty.
   void setCountry(const std::string& code);

@@ -43,8 +43,6 @@ class HttpClient::Transfers {
     for (const auto& [socket, watch] : watches_) loop_.unwatch(watch);
     if (timer_) loop_.cancelTimer(*timer_);
   }
-  Transfers(const Transfers&) = delete;
-  Transfers& operator=(const Transfers&) = delete;
 
   void get(const Request& request, Completion completion) {
     cancel();

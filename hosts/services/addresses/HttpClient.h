@@ -36,8 +36,6 @@ class HttpClient {
   explicit HttpClient(IoRunLoop& loop);
   /// What was asked for and has not come is never answered.
   ~HttpClient();
-  HttpClient(const HttpClient&) = delete;
-  HttpClient& operator=(const HttpClient&) = delete;
 
   /// Answers later, once; the completion may destroy the client. One request at a time: another
   /// one is dropped first.

@@ -5,7 +5,7 @@
 #include <stdexcept>
 #include <utility>
 
-#include "hosts/places/PositionRange.h"
+#include "hosts/places/PositionText.h"
 #include "hosts/services/addresses/AddressRow.h"
 #include "hosts/services/addresses/StreetText.h"
 #include "hosts/text/InputError.h"

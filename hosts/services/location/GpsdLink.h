@@ -47,8 +47,6 @@ class GpsdLink {
 
   GpsdLink(IoRunLoop& loop, GpsdAddress address, const GpsdIntervals& intervals, Handlers handlers);
   ~GpsdLink() { close(); }
-  GpsdLink(const GpsdLink&) = delete;
-  GpsdLink& operator=(const GpsdLink&) = delete;
 
   void open();
   /// Leaves no descriptor watched and no timer running, and calls no handler.

@@ -41,8 +41,6 @@ class GpsdDecoder {
  public:
   GpsdDecoder();
   ~GpsdDecoder();
-  GpsdDecoder(const GpsdDecoder&) = delete;
-  GpsdDecoder& operator=(const GpsdDecoder&) = delete;
 
   GpsdReport decode(std::string line);
 

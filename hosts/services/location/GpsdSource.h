@@ -56,8 +56,6 @@ class GpsdSource : public LocationSource {
   GpsdSource(IoRunLoop& loop, const Clock& clock, const GpsdAddress& address,
              const GpsdIntervals& intervals = {});
   ~GpsdSource() override;
-  GpsdSource(const GpsdSource&) = delete;
-  GpsdSource& operator=(const GpsdSource&) = delete;
 
   /// Called after each change of the state.
   std::function<void()> onChange;

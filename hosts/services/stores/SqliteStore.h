@@ -51,8 +51,6 @@ class SqliteStore : public KeyValueStore {
   SqliteStore(std::filesystem::path file, Access access, Turn turn, Warn warn,
               std::chrono::milliseconds patience = kCommandPatience);
   ~SqliteStore() override;
-  SqliteStore(const SqliteStore&) = delete;
-  SqliteStore& operator=(const SqliteStore&) = delete;
 
   const PropertyValue* find(std::string_view key) const override;
   /// Writes nothing when the value, of the same type, is there already.

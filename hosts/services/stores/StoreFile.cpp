@@ -3,7 +3,6 @@
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
 #include <array>
 #include <cerrno>
@@ -20,17 +19,6 @@ namespace fs = std::filesystem;
 
 constexpr mode_t kUserOnlyFile = 0600;
 constexpr mode_t kUserOnlyFolder = 0700;
-
-struct Descriptor {
-  explicit Descriptor(int opened) : number(opened) {}
-  ~Descriptor() {
-    if (number >= 0) close(number);
-  }
-  Descriptor(const Descriptor&) = delete;
-  Descriptor& operator=(const Descriptor&) = delete;
-
-  const int number;  // negative when it could not be opened
-};
 
 [[noreturn]] void fail() { throw std::system_error(errno, std::generic_category()); }
 

@@ -3,12 +3,25 @@
 #pragma once
 
 #include <sys/types.h>
+#include <unistd.h>
 
 #include <cstdint>
 #include <filesystem>
 #include <optional>
 
 namespace wayfell {
+
+/// An open file, closed with its owner.
+struct Descriptor {
+  explicit Descriptor(int opened) : number(opened) {}
+  ~Descriptor() {
+    if (number >= 0) close(number);
+  }
+  Descriptor(const Descriptor&) = delete;
+  Descriptor& operator=(const Descriptor&) = delete;
+
+  const int number;  // negative when it could not be opened
+};
 
 /// Which file it is that stands at a path, and what its contents are likely to be.
 struct FileMark {

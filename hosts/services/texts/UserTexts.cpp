@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdlib>
+#include <set>
 #include <stdexcept>
 #include <system_error>
 #include <utility>
@@ -25,20 +26,6 @@ std::vector<std::string> namesOf(const std::string& language) {
   const std::string modifier = language.substr(at);
   const std::string bare = place.substr(0, place.find('_'));
   return {language, bare + modifier, place, bare};
-}
-
-std::vector<std::filesystem::path> catalogueFiles(const std::filesystem::path& folder,
-                                                  const std::vector<std::string>& languages) {
-  std::vector<std::filesystem::path> files;
-  for (const std::string& language : languages) {
-    for (const std::string& name : namesOf(language)) {
-      const auto file = folder / name / "LC_MESSAGES" / "wayfell.mo";
-      std::error_code error;
-      const bool isNew = std::find(files.begin(), files.end(), file) == files.end();
-      if (isNew && std::filesystem::exists(file, error)) files.push_back(file);
-    }
-  }
-  return files;
 }
 
 std::string bytesOf(const std::filesystem::path& file) {
@@ -82,11 +69,17 @@ std::filesystem::path catalogueFolder() {
 CatalogueTexts textsIn(const std::filesystem::path& folder,
                        const std::vector<std::string>& languages, const Warn& warn) {
   CatalogueTexts texts(warn);
-  for (const std::filesystem::path& file : catalogueFiles(folder, languages)) {
-    try {
-      texts.add(file.string(), bytesOf(file));
-    } catch (const std::runtime_error& error) {
-      warn(file.string() + ": " + error.what() + ", so this catalogue is not used");
+  std::set<std::filesystem::path> seen;
+  for (const std::string& language : languages) {
+    for (const std::string& name : namesOf(language)) {
+      const auto file = folder / name / "LC_MESSAGES" / "wayfell.mo";
+      std::error_code error;
+      if (!seen.insert(file).second || !std::filesystem::exists(file, error)) continue;
+      try {
+        texts.add(file.string(), bytesOf(file));
+      } catch (const std::runtime_error& fault) {
+        warn(file.string() + ": " + fault.what() + ", so this catalogue is not used");
+      }
     }
   }
   return texts;
