@@ -63,10 +63,6 @@ std::vector<Box> boxesAround(const CLLocationCoordinate2D& position, double dist
   return {{west, east, south, north}};
 }
 
-std::optional<std::string> orNone(std::string_view text) {
-  return text.empty() ? std::nullopt : std::optional<std::string>(text);
-}
-
 }  // namespace
 
 // An open book.
@@ -124,8 +120,8 @@ class AddressBook::Pages {
     read_.bind(1, candidate.id);
     if (read_.executeStep()) {
       const auto text = [this](int column) { return read_.getColumn(column).getString(); };
-      found.placemark.postalAddress =
-          CNPostalAddress{streetText(text(0), text(1), text(4)), orNone(text(2)), orNone(text(3))};
+      found.placemark.postalAddress = CNPostalAddress{streetText(text(0), text(1), text(4)),
+                                                      textOrNone(text(2)), textOrNone(text(3))};
     }
     return found;
   }

@@ -35,20 +35,16 @@ std::string firstText(Value object, std::initializer_list<std::string_view> keys
   return text;
 }
 
-std::optional<std::string> orNone(std::string text) {
-  return text.empty() ? std::nullopt : std::optional(std::move(text));
-}
-
 std::optional<CLPlacemark> placemarkOf(Value address) {
   const std::string number = firstText(address, {"house_number"});
   const std::string road = firstText(address, {"road", "pedestrian", "footway", "path", "cycleway",
                                                "bridleway", "street", "place"});
   CNPostalAddress postal;
   postal.street = streetText(number, road, firstText(address, {"country_code"}));
-  postal.city = orNone(firstText(
+  postal.city = textOrNone(firstText(
       address, {"city", "town", "village", "municipality", "hamlet", "suburb", "city_district"}));
   postal.state =
-      orNone(firstText(address, {"state", "province", "region", "state_district", "county"}));
+      textOrNone(firstText(address, {"state", "province", "region", "state_district", "county"}));
   if (postal == CNPostalAddress()) return std::nullopt;
   return CLPlacemark{postal};
 }

@@ -12,17 +12,14 @@
 namespace wayfell {
 namespace {
 
-struct Cleanup {
-  void operator()(CURLU* url) const { curl_url_cleanup(url); }
-};
-using Url = std::unique_ptr<CURLU, Cleanup>;
+using Url = std::unique_ptr<CURLU, decltype(&curl_url_cleanup)>;
 
 [[noreturn]] void refuse(const std::string& text, const std::string& why) {
   throw std::invalid_argument(inQuotes(text) + " is no server's URL: " + why);
 }
 
 Url parsed(const std::string& text) {
-  Url url(curl_url());
+  Url url(curl_url(), curl_url_cleanup);
   if (url == nullptr) throw std::bad_alloc();
   const CURLUcode result = curl_url_set(url.get(), CURLUPART_URL, text.c_str(), 0);
   if (result != CURLUE_OK) refuse(text, curl_url_strerror(result));

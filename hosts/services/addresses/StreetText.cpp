@@ -32,4 +32,8 @@ std::optional<std::string> streetText(std::string_view number, std::string_view 
   return text += rest;
 }
 
+std::optional<std::string> textOrNone(std::string_view text) {
+  return text.empty() ? std::nullopt : std::optional<std::string>(text);
+}
+
 }  // namespace wayfell

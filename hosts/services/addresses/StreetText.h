@@ -1,4 +1,5 @@
-// How countries write a street address on one line.
+// The parts of an address for people: how countries write a street on one line, and what is
+// missing.
 #pragma once
 
 #include <optional>
@@ -12,6 +13,9 @@ namespace wayfell {
 /// either case. Where it is unknown the street comes first, as in most countries.
 std::optional<std::string> streetText(std::string_view number, std::string_view street,
                                       std::string_view countryCode);
+
+/// None for an empty text.
+std::optional<std::string> textOrNone(std::string_view text);
 
 /// Whether it is two letters A to Z, in either case.
 bool isCountryCode(std::string_view text);
