@@ -2,7 +2,6 @@
 
 #include <utility>
 
-#include "hosts/scene/FixAge.h"
 #include "settings/UserDefaults.h"
 
 namespace wayfell {
@@ -47,7 +46,7 @@ void LiveScene::settle() {
 std::string LiveScene::warning() const {
   if (!onScreen_) return "";
   const std::string trouble = source_.trouble();
-  if (!lastFix_) return trouble.empty() ? std::string(kNoFixYet) : trouble;
+  if (!lastFix_) return trouble.empty() ? kNoFixYet : trouble;
   // The age by when the fix came: the machine's clock may be wrong, or the receiver's.
   const std::string old = fixAgeText(std::chrono::duration<double>(now_() - lastFixCame_).count());
   // The age first, which is never cut off.

@@ -1,10 +1,7 @@
 #include "hosts/replay/Recording.h"
 
-#include "hosts/replay/GpsdRecording.h"
-#include "hosts/replay/GpxRecording.h"
-#include "hosts/replay/Scenario.h"
 #include "hosts/text/InputError.h"
-#include "hosts/text/LineReader.h"
+#include "hosts/text/JsonLine.h"
 
 namespace wayfell {
 namespace {
@@ -58,14 +55,13 @@ std::unique_ptr<Recording> openRecording(InputBytes input) {
   const std::string_view beginning = lines->peekFirstLine(kShown);
   if (beginning.empty()) throw InputError("empty");
   if (beginning.front() == '<') {
-    return std::make_unique<GpxRecording>(lines->readAll(GpxRecording::kLongestFile));
+    return openGpxTrack(lines->readAll(kLongestGpxFile));
   }
   if (beginning.front() != '{') refuse(beginning);
   const auto first = lines->next();
   const bool gpsd = first && isGpsdReport(*first);
   lines->putBack();
-  if (gpsd) return std::make_unique<GpsdRecording>(std::move(lines));
-  return std::make_unique<Scenario>(std::move(lines));
+  return gpsd ? openGpsdReports(std::move(lines)) : openScenario(std::move(lines));
 }
 
 }  // namespace wayfell

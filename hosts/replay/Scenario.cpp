@@ -1,11 +1,14 @@
-#include "hosts/replay/Scenario.h"
-
+// A replay written out event by event: JSON Lines, each an object with its time "t" and one event.
+// docs/replay.md says what events there are. It is read line by line as the replay goes on.
 #include <limits>
 
+#include "hosts/replay/Recording.h"
 #include "hosts/replay/SettingChanges.h"
 #include "hosts/services/location/FixQuality.h"
 #include "hosts/text/InputError.h"
 #include "hosts/text/JsonFields.h"
+#include "hosts/text/JsonLine.h"
+#include "hosts/text/LineReader.h"
 #include "platform/NSString.h"
 
 namespace wayfell {
@@ -166,7 +169,17 @@ Event readEvent(JsonLine::Value line, std::optional<double> lastTime) {
   return {t, readAction(*action, FieldPath(action->key()), t, index)};
 }
 
-}  // namespace
+class Scenario : public Recording {
+ public:
+  explicit Scenario(std::unique_ptr<LineReader> lines) : lines_(std::move(lines)) {}
+  // Errors name the line and the field.
+  std::optional<Event> next() override;
+
+ private:
+  std::unique_ptr<LineReader> lines_;
+  JsonLine line_;
+  std::optional<double> lastTime_;
+};
 
 std::optional<Event> Scenario::next() {
   const auto text = lines_->next();
@@ -179,6 +192,12 @@ std::optional<Event> Scenario::next() {
   } catch (const InputError& error) {
     throw InputError("line " + std::to_string(lines_->number()) + ": " + error.what());
   }
+}
+
+}  // namespace
+
+std::unique_ptr<Recording> openScenario(std::unique_ptr<LineReader> lines) {
+  return std::make_unique<Scenario>(std::move(lines));
 }
 
 }  // namespace wayfell

@@ -3,7 +3,6 @@
 #include <chrono>
 #include <utility>
 
-#include "hosts/scene/FixAge.h"
 #include "hosts/text/ElapsedText.h"
 #include "platform/NSString.h"
 
@@ -50,8 +49,8 @@ Scene::Lines PlayedScene::lines() const {
     if (playback_.rate() != 1) lines.state += "  ×" + shortestText(playback_.rate());
   }
   const auto& fix = player_.widget().controller().currentLocation;
-  lines.warning = fix ? fixAgeText(NSDate{player_.now()}.timeIntervalSinceDate(fix->timestamp))
-                      : std::string(kNoFixYet);
+  lines.warning =
+      fix ? fixAgeText(NSDate{player_.now()}.timeIntervalSinceDate(fix->timestamp)) : kNoFixYet;
   return lines;
 }
 

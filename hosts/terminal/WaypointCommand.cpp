@@ -7,8 +7,8 @@
 #include <stdexcept>
 
 #include "hosts/places/PositionText.h"
-#include "hosts/replay/GpxRecording.h"
 #include "hosts/replay/GpxWaypoints.h"
+#include "hosts/replay/Recording.h"
 #include "hosts/terminal/ChosenStore.h"
 #include "hosts/terminal/Commands.h"
 #include "hosts/terminal/Output.h"
@@ -41,8 +41,8 @@ using Waypoints = std::vector<GpxWaypoint>;
 
 Waypoints waypointsIn(const std::string& file) {
   const InputFile open(file);
-  Waypoints waypoints = waypointsOfGpx(
-      InputBytes(bytesOfFile(open.descriptor())).readAll(GpxRecording::kLongestFile));
+  Waypoints waypoints =
+      waypointsOfGpx(InputBytes(bytesOfFile(open.descriptor())).readAll(kLongestGpxFile));
   if (waypoints.empty()) throw InputError("no waypoints in the GPX file");
   return waypoints;
 }
