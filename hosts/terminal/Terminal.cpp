@@ -70,13 +70,13 @@ screen* openScreen(std::FILE* keyboard) {
 
 }  // namespace
 
-bool Terminal::isThere() { return isatty(STDOUT_FILENO) != 0 && Terminfo().canPlaceText(); }
+bool Terminal::isThere() { return isatty(STDOUT_FILENO) != 0 && readTerminfo().canPlaceText; }
 
 Terminal::Terminal()
     : keyboard_(openKeyboard()),
       unicode_(localeIsUnicode()),
-      rescue_(STDOUT_FILENO, Terminfo().rescueText()),
-      hasMouse_(Terminfo().hasMouse()),
+      rescue_(STDOUT_FILENO, readTerminfo().rescueText),
+      hasMouse_(readTerminfo().hasMouse),
       screen_(openScreen(keyboard_)),
       colors_(wantsColors() && has_colors()) {
   cbreak();

@@ -3,11 +3,10 @@
 #include <termios.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <array>
 #include <csignal>
 #include <cstddef>
-#include <stdexcept>
+#include <utility>
 
 namespace wayfell {
 namespace {
@@ -21,8 +20,7 @@ constexpr std::size_t kStackBytes = std::size_t{64} << 10U;
 struct State {
   int descriptor = -1;
   termios modes = {};
-  std::array<char, TerminalRescue::kLongestText> text = {};
-  std::size_t textSize = 0;
+  std::string text;
   std::array<struct sigaction, kCrashes.size()> actionsBefore = {};
   stack_t stackBefore = {};
 };
@@ -38,7 +36,7 @@ void giveBackSignals() {
 // Calls nothing but what is safe in a signal handler.
 void rescue(int signal, siginfo_t* info, void* /*context*/) {
   const char* text = state.text.data();
-  std::size_t left = state.textSize;
+  std::size_t left = state.text.size();
   while (left > 0) {
     const ssize_t written = write(state.descriptor, text, left);
     if (written <= 0) break;
@@ -54,10 +52,8 @@ void rescue(int signal, siginfo_t* info, void* /*context*/) {
 
 }  // namespace
 
-TerminalRescue::TerminalRescue(int descriptor, std::string_view text) {
-  if (text.size() > state.text.size()) throw std::length_error("TerminalRescue: long text");
-  std::copy(text.begin(), text.end(), state.text.begin());
-  state.textSize = text.size();
+TerminalRescue::TerminalRescue(int descriptor, std::string text) {
+  state.text = std::move(text);
   state.descriptor = descriptor;
   tcgetattr(descriptor, &state.modes);
 

@@ -5,21 +5,17 @@
 // rescue the signal does what it would have done without.
 #pragma once
 
-#include <cstddef>
-#include <string_view>
+#include <string>
 
 namespace wayfell {
 
 class TerminalRescue {
  public:
-  /// Remembers the terminal's modes as they are now, and what to write. Throws std::length_error
-  /// for more than kLongestText.
-  TerminalRescue(int descriptor, std::string_view text);
+  /// Remembers the terminal's modes as they are now, and what to write.
+  TerminalRescue(int descriptor, std::string text);
   ~TerminalRescue();
   TerminalRescue(const TerminalRescue&) = delete;
   TerminalRescue& operator=(const TerminalRescue&) = delete;
-
-  static constexpr std::size_t kLongestText = 512;  // bytes
 };
 
 }  // namespace wayfell

@@ -34,30 +34,19 @@ std::string withoutPadding(std::string_view text) {
   return result;
 }
 
-bool isKnown() {
-  int error = 0;
-  return setupterm(nullptr, STDOUT_FILENO, &error) == OK;
-}
-
 }  // namespace
 
-Terminfo::Terminfo() : known_(isKnown()) {}
-
-Terminfo::~Terminfo() {
-  if (known_) del_curterm(cur_term);
-}
-
-bool Terminfo::canPlaceText() const { return known_ && capability("cup"); }
-
-bool Terminfo::hasMouse() const { return known_ && capability("kmous"); }
-
-std::string Terminfo::rescueText() const {
-  std::string text;
-  if (hasMouse()) text += MouseReport::kOff;
+Terminfo readTerminfo() {
+  int error = 0;
+  if (setupterm(nullptr, STDOUT_FILENO, &error) != OK) return {};
+  Terminfo terminfo{capability("cup").has_value(), capability("kmous").has_value(), ""};
+  if (terminfo.hasMouse) terminfo.rescueText += MouseReport::kOff;
   for (const char* name : {"sgr0", "op", "cnorm", "rmkx"}) {
-    text += withoutPadding(capability(name).value_or(""));
+    terminfo.rescueText += withoutPadding(capability(name).value_or(""));
   }
-  return text + withoutPadding(capability("rmcup").value_or("\r\n"));
+  terminfo.rescueText += withoutPadding(capability("rmcup").value_or("\r\n"));
+  del_curterm(cur_term);
+  return terminfo;
 }
 
 }  // namespace wayfell

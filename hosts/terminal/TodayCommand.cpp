@@ -12,10 +12,10 @@
 #include "hosts/loop/uv/EventLoop.h"
 #include "hosts/panel/PanelKeys.h"
 #include "hosts/terminal/Commands.h"
-#include "hosts/terminal/LivePanel.h"
 #include "hosts/terminal/Output.h"
 #include "hosts/terminal/PrintedPanel.h"
 #include "hosts/terminal/Terminal.h"
+#include "hosts/terminal/TodayScreen.h"
 #include "hosts/text/ElapsedText.h"
 #include "hosts/text/InputError.h"
 
@@ -125,9 +125,9 @@ std::optional<int> showScene(EventLoop& loop, Scene& scene,
     });
   }
   Terminal terminal;
-  LivePanel panel(loop, terminal, scene);
-  if (note) panel.tell(*note);
-  panel.run();
+  TodayScreen screen(loop, terminal, scene);
+  if (note) screen.tell(*note);
+  screen.run();
   return endedBy;
 }
 

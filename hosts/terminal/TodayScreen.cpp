@@ -2,7 +2,10 @@
 
 #include <algorithm>
 #include <array>
+#include <csignal>
 #include <string_view>
+#include <utility>
+#include <variant>
 
 #include "hosts/text/TextWidth.h"
 
@@ -47,14 +50,77 @@ TerminalLook lookOf(TextStyle style) {
 
 }  // namespace
 
+TodayScreen::TodayScreen(EventLoop& loop, Terminal& terminal, Scene& scene)
+    : loop_(loop), terminal_(terminal), scene_(scene), watch_(scene.interface()) {
+  loop_.onInput(
+      terminal_.keyboard(), [this] { takeInput(); }, [this] { loop_.stop(); });
+  loop_.onTurnEnd([this] { showChanges(); });
+  loop_.onSignal(SIGWINCH, [this] {
+    terminal_.resize();
+    draw();
+  });
+  loop_.onSignal(SIGTSTP, [this] { stopForNow(); });
+  loop_.onSignal(SIGCONT, [this] { resume(); });
+}
+
 void TodayScreen::tell(std::string message) {
   message_ = std::move(message);
   if (!message_.empty()) lastMessage_ = message_;
 }
 
-bool TodayScreen::linesHaveChanged() const { return scene_.lines() != shownLines_; }
+void TodayScreen::run() {
+  draw();
+  loop_.run();
+}
+
+void TodayScreen::showChanges() {
+  scene_.settle();
+  const auto news = scene_.takeNews();
+  if (news) tell(*news);
+  if (watch_.takeChanged() || news || scene_.lines() != shownLines_) draw();
+}
+
+void TodayScreen::takeInput() {
+  while (const auto input = terminal_.read()) {
+    tell("");
+    if (const auto* click = std::get_if<Click>(&*input)) {
+      act(requestAt(*click));
+    } else if (showsKeys_) {
+      showsKeys_ = false;
+    } else {
+      act(requestOf(std::get<KeyPress>(*input).key));
+    }
+  }
+  if (const auto news = scene_.takeNews()) tell(*news);
+  draw();
+}
+
+void TodayScreen::act(const std::optional<PanelRequest>& request) {
+  if (!request) return;
+  if (request->action == PanelAction::tellKeys) {
+    showsKeys_ = true;
+  } else if (request->action == PanelAction::quit) {
+    loop_.stop();
+  } else {
+    scene_.act(*request);
+  }
+}
+
+void TodayScreen::stopForNow() {
+  scene_.suspend();
+  terminal_.suspend();
+  loop_.raiseDefault(SIGTSTP);
+  resume();
+  scene_.resume();
+}
+
+void TodayScreen::resume() {
+  terminal_.resume();
+  draw();
+}
 
 void TodayScreen::draw() {
+  watch_.takeChanged();
   shownLines_ = scene_.lines();
   const PanelRoom room{terminal_.columns(), std::max(0, terminal_.rows() - rowsOf(shownLines_)),
                        terminal_.unicode()};

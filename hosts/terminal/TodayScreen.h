@@ -1,11 +1,14 @@
-// What `wayfell today` shows: the panel, and under it the program's own lines. They tell what
-// the scene says of itself, and what did not fit; nothing of that is part of the panel.
+// What `wayfell today` shows, and what the user types and clicks there: the panel, and under it the
+// program's own lines. They tell what the scene says of itself, and what did not fit; nothing of
+// that is part of the panel.
 #pragma once
 
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "hosts/loop/uv/EventLoop.h"
+#include "hosts/panel/ViewWatch.h"
 #include "hosts/scene/Scene.h"
 #include "hosts/terminal/PanelComposer.h"
 #include "hosts/terminal/Terminal.h"
@@ -14,29 +17,33 @@ namespace wayfell {
 
 class TodayScreen {
  public:
-  TodayScreen(Terminal& terminal, const Scene& scene) : terminal_(terminal), scene_(scene) {}
-
-  /// Draws everything; the terminal writes what differs.
-  void draw();
-  /// Whether the program's own lines would differ if they were drawn now.
-  bool linesHaveChanged() const;
-
-  /// What a click there asks for.
-  std::optional<PanelRequest> requestAt(Click click) const;
+  /// What is given must live on.
+  TodayScreen(EventLoop& loop, Terminal& terminal, Scene& scene);
 
   /// Something to tell until the next key.
   void tell(std::string message);
-  void toggleKeys() { showsKeys_ = !showsKeys_; }
-  bool showsKeys() const { return showsKeys_; }
+  /// Until the user quits, the loop is stopped, or the terminal is gone.
+  void run();
 
  private:
+  void takeInput();
+  void act(const std::optional<PanelRequest>& request);
+  std::optional<PanelRequest> requestAt(Click click) const;
+  void showChanges();
+  void stopForNow();
+  void resume();
+
+  /// Draws everything; the terminal writes what differs.
+  void draw();
   std::string message(const ComposedPanel& panel, int columns) const;
   void drawPanel(const ComposedPanel& panel);
   int drawKeys(const ComposedPanel& panel, int mostRows) const;
   void drawLines(int row, const ComposedPanel& panel) const;
 
+  EventLoop& loop_;
   Terminal& terminal_;
-  const Scene& scene_;
+  Scene& scene_;
+  ViewWatch watch_;
   std::string message_;
   std::string lastMessage_;
   bool showsKeys_ = false;
