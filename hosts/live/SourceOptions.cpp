@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "hosts/replay/SettingChanges.h"
+#include "hosts/replay/RecordingChoice.h"
 #include "hosts/scene/Playback.h"
 #include "hosts/text/InputError.h"
 #include "platform/NSString.h"

@@ -5,8 +5,10 @@
 #include <utility>
 
 #include "hosts/replay/Demo.h"
-#include "hosts/replay/SettingChanges.h"
+#include "hosts/settings/SettingJson.h"
+#include "hosts/text/InputError.h"
 #include "hosts/text/TextWidth.h"
+#include "hosts/text/Utf8.h"
 
 namespace wayfell {
 namespace {
@@ -24,6 +26,26 @@ std::string RecordingChoice::title() const {
   if (demo) return "a walk nobody took";
   if (file == "-") return "from standard input";
   return printable(std::filesystem::path(file).filename().string());
+}
+
+event::Settings settingOfText(std::string_view text) {
+  if (!isUtf8(text)) throw InputError("not UTF-8");
+  const std::size_t equals = text.find('=');
+  if (equals == std::string_view::npos || equals == 0) {
+    throw InputError('"' + std::string(text) + "\" is not KEY=VALUE");
+  }
+  event::Settings settings;
+  settings.emplace(text.substr(0, equals), valueOfUntyped(text.substr(equals + 1)));
+  return settings;
+}
+
+void makeAddressDate(event::Settings& settings) {
+  const auto date = settings.find("addressDate");
+  if (date == settings.end() || !date->second) return;
+  const PropertyValue::Storage& stored = date->second->storage();
+  if (std::holds_alternative<double>(stored) || std::holds_alternative<std::int64_t>(stored)) {
+    date->second = PropertyValue(NSDate{date->second->doubleValue()});
+  }
 }
 
 void FirstSettings::writeTo(ReplayedWidget& widget) const {

@@ -4,6 +4,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "hosts/replay/Recording.h"
@@ -22,6 +23,14 @@ struct RecordingChoice {
   /// As the screen calls it, fit for a terminal.
   std::string title() const;
 };
+
+/// "KEY=VALUE", the value without a type (see valueOfUntyped). Throws InputError without a key, and
+/// for what is not UTF-8.
+event::Settings settingOfText(std::string_view text);
+
+/// In the local store a number under "addressDate" is a date in seconds since the reference date,
+/// the way snapshots print it; the widget reads nothing else there.
+void makeAddressDate(event::Settings& settings);
 
 /// Settings that a recording begins with, each "KEY=VALUE" (settingOfText).
 struct FirstSettings {

@@ -3,8 +3,9 @@
 #include <limits>
 
 #include "hosts/replay/Recording.h"
-#include "hosts/replay/SettingChanges.h"
+#include "hosts/replay/RecordingChoice.h"
 #include "hosts/services/location/FixQuality.h"
+#include "hosts/settings/SettingJson.h"
 #include "hosts/text/InputError.h"
 #include "hosts/text/JsonFields.h"
 #include "hosts/text/JsonLine.h"
@@ -79,6 +80,20 @@ std::optional<CLPlacemark> readPlacemark(JsonLine::Value value, const FieldPath&
     if (member.kind() != JsonLine::Kind::null) *part = expectText(member, memberPath);
   }
   return CLPlacemark{address};
+}
+
+// Null removes a key.
+event::Settings expectSettings(JsonLine::Value value, const FieldPath& path) {
+  expectObject(value, path);
+  event::Settings settings;
+  for (const JsonLine::Value& member : value) {
+    const FieldPath memberPath(path, member.key());
+    const auto [entry, isNew] = settings.emplace(member.key(), std::nullopt);
+    if (!isNew) memberPath.fail("given twice");
+    if (member.kind() != JsonLine::Kind::null)
+      entry->second = expectSettingValue(member, memberPath);
+  }
+  return settings;
 }
 
 Action readTap(JsonLine::Value value, const FieldPath& path) {

@@ -251,21 +251,19 @@ class Importer {
   Progress progress_;
 };
 
-int refuse(const std::string& what) {
-  complain(what);
-  complainMore("no address is imported; the address book is as it was");
-  return kBadInput;
-}
-
 int import(const AddressImportCommand& command) {
   const Interruption interruption;
+  std::string trouble;
   try {
     return Importer(command).run();
   } catch (const std::runtime_error& error) {
-    return refuse(error.what());
+    trouble = error.what();
   } catch (const Interrupted&) {
-    return refuse("interrupted");
+    trouble = "interrupted";
   }
+  complain(trouble);
+  complainMore("no address is imported; the address book is as it was");
+  return kBadInput;
 }
 
 int importAll(const AddressImportCommand& command) {

@@ -66,7 +66,7 @@ class Composer {
 
   std::vector<Section> compose(std::string_view caption) {
     begin(Rank::frame);
-    top(printable(caption));
+    edge("╭", "Wayfell", "", spaced(printable(caption)), "╮");
     if (!panel_.compact) compass();
     position();
     begin(Rank::motion);
@@ -96,15 +96,15 @@ class Composer {
 
   // A row between the frame's two sides.
   void content(TextRow row) {
-    row.insert(row.begin(), {0, "│", TextStyle::frame, {}});
-    row.push_back({columns_ - 1, "│", TextStyle::frame, {}});
+    row.insert(row.begin(), {0, "│", TextStyle::frame});
+    row.push_back({columns_ - 1, "│", TextStyle::frame});
     add(std::move(row));
   }
 
   // A line across: after its left end a title and an arrow, before its right end words.
   void edge(std::string_view left, std::string_view title, const std::string& arrow,
             const std::string& words, std::string_view right) {
-    TextRow row = {{0, std::string(left) + "─", TextStyle::frame, {}}};
+    TextRow row = {{0, std::string(left) + "─", TextStyle::frame}};
     append(row, spaced(title), TextStyle::caption);
     if (!arrow.empty()) append(row, arrow + " ", TextStyle::arrow);
     const int line = columns_ - end(row) - columnsOf(words) - 2;
@@ -113,7 +113,6 @@ class Composer {
     append(row, "─" + std::string(right), TextStyle::frame);
     add(std::move(row));
   }
-  void top(const std::string& caption) { edge("╭", "Wayfell", "", spaced(caption), "╮"); }
   void rule(std::string_view title, const std::string& arrow = "") {
     edge("├", title, arrow, "", "┤");
   }
@@ -126,7 +125,7 @@ class Composer {
     if (!text.empty()) row.push_back({end(row), std::move(text), style, request});
   }
   void appendRight(TextRow& row, std::string text, TextStyle style) const {
-    row.push_back({kLeft + inner_ - columnsOf(text), std::move(text), style, {}});
+    row.push_back({kLeft + inner_ - columnsOf(text), std::move(text), style});
   }
 
   void compass() {
@@ -136,7 +135,7 @@ class Composer {
     const int half = (inner_ - (large_ ? kLargeHeadingColumns : kHeadingColumns) - 1) / 2;
 
     TextRow mark;
-    if (panel_.markShown) mark.push_back({kLeft + half, "▼", TextStyle::mark, {}});
+    if (panel_.markShown) mark.push_back({kLeft + half, "▼", TextStyle::mark});
     TextRow window;
     for (std::ptrdiff_t i = marked - half; i <= marked + half; ++i) {
       const std::string glyph(tape.glyph(i));
@@ -146,7 +145,7 @@ class Composer {
       if (!window.empty() && window.back().style == style) {
         window.back().text += glyph;
       } else {
-        window.push_back({kLeft + half + static_cast<int>(i - marked), glyph, style, {}});
+        window.push_back({kLeft + half + static_cast<int>(i - marked), glyph, style});
       }
     }
 
@@ -177,8 +176,8 @@ class Composer {
     for (std::size_t i = 0; i < captions.size(); ++i) {
       const std::string caption = fitted(captions[i], inner_ / 3);
       const int column = std::max(kCaptionColumns, columnsOf(caption) + 1);
-      content({{kLeft, caption, TextStyle::caption, {}},
-               {kLeft + column, fitted(values[i], inner_ - column), TextStyle::value, {}}});
+      content({{kLeft, caption, TextStyle::caption},
+               {kLeft + column, fitted(values[i], inner_ - column), TextStyle::value}});
     }
   }
 
@@ -206,20 +205,20 @@ class Composer {
 
   static void addCell(TextRow& row, const Cell& cell, int column, int columns) {
     const std::string value = fitted(cell.value, columns - columnsOf(cell.caption) - 1);
-    row.push_back({column, cell.caption, TextStyle::caption, {}});
-    row.push_back({column + columns - columnsOf(value), value, TextStyle::value, {}});
+    row.push_back({column, cell.caption, TextStyle::caption});
+    row.push_back({column + columns - columnsOf(value), value, TextStyle::value});
   }
 
   void largeCells(const Cell& left, const Cell& right, int half, const LargeText* atRight) {
     const int second = kLeft + half + kCellGap;
-    content({{kLeft, left.caption, TextStyle::caption, {}},
-             {second, right.caption, TextStyle::caption, {}}});
+    content(
+        {{kLeft, left.caption, TextStyle::caption}, {second, right.caption, TextStyle::caption}});
     const LargeText first = largeOrPlain(left.value, half);
     const LargeText last =
         largeOrPlain(right.value, inner_ - second + kLeft - (atRight ? atRight->columns + 1 : 0));
     for (std::size_t i = 0; i < kLargeRows; ++i) {
-      TextRow row = {{kLeft, first.rows[i], TextStyle::value, {}},
-                     {second, last.rows[i], TextStyle::value, {}}};
+      TextRow row = {{kLeft, first.rows[i], TextStyle::value},
+                     {second, last.rows[i], TextStyle::value}};
       if (atRight) appendRight(row, atRight->rows[i], TextStyle::arrow);
       content(std::move(row));
     }
@@ -264,14 +263,14 @@ class Composer {
     if (!panel_[PanelRow::address].shown) return;
     begin(Rank::address);
     rule("");
-    content({{kLeft, fitted(value(PanelRow::address), inner_), TextStyle::value, {}}});
+    content({{kLeft, fitted(value(PanelRow::address), inner_), TextStyle::value}});
   }
 
   // The formats, the one in use marked, and the buttons.
   void controls() {
     begin(Rank::controls);
     if (panel_.compact) rule("");
-    TextRow row = {{kLeft, "", TextStyle::format, {}}};
+    TextRow row = {{kLeft, "", TextStyle::format}};
     for (int i = 0; i < std::ssize(panel_.formats); ++i) {
       const bool chosen = panel_.format == i;
       const std::string title =

@@ -37,7 +37,7 @@ struct TextSpan {
   int column = 0;
   std::string text;
   TextStyle style = TextStyle::value;
-  std::optional<PanelRequest> request;  ///< what a click on the text asks for
+  std::optional<PanelRequest> request = {};  ///< what a click on the text asks for
 };
 
 /// From left to right, not overlapping; blanks between them.

@@ -86,11 +86,6 @@ std::string noteOn(StoreChoice store, const std::string& key, const PropertyValu
   return setting != nullptr ? meaningOf(*setting, value) : "";
 }
 
-// What could not be read has been complained about.
-bool isLost(const SqliteStore& store) {
-  return store.values().empty() && store.state() == State::unreadable;
-}
-
 // Key, type, value, and what the value means to the widget.
 using Row = std::array<std::string, 4>;
 
@@ -116,7 +111,7 @@ void printTable(const std::vector<Row>& rows, Output& output) {
 
 int list(const SettingsCommand& command) {
   const SqliteStore store = openStore(command.store, Access::readOnly);
-  if (isLost(store)) return kBadInput;
+  if (store.values().empty() && store.state() == State::unreadable) return kBadInput;
   Output output;
   std::vector<Row> rows;
   for (const auto& [key, value] : store.values()) {
@@ -142,7 +137,7 @@ void complainOfMissing(const SettingsCommand& command, const SqliteStore& store)
 
 int get(const SettingsCommand& command) {
   const SqliteStore store = openStore(command.store, Access::readOnly);
-  if (isLost(store)) return kBadInput;
+  if (store.values().empty() && store.state() == State::unreadable) return kBadInput;
   const PropertyValue* const value = store.find(command.key);
   if (value == nullptr) {
     complainOfMissing(command, store);

@@ -6,7 +6,7 @@
 #include <string>
 
 #include "hosts/replay/Recording.h"
-#include "hosts/replay/SettingChanges.h"
+#include "hosts/replay/RecordingChoice.h"
 #include "hosts/text/InputError.h"
 
 namespace wayfell {
