@@ -9,8 +9,8 @@
 #include <map>
 #include <memory>
 
-#include "hosts/commandline/Complaint.h"
 #include "hosts/commandline/ExitStatus.h"
+#include "hosts/commandline/StandardError.h"
 
 namespace wayfell {
 namespace {

@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 #include <spawn.h>
+#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -70,11 +71,11 @@ std::string outcome(const siginfo_t& end) {
 
 }  // namespace
 
-DesktopUrlOpener::DesktopUrlOpener(RunLoop& loop, Warn warn)
+DesktopUrlOpener::DesktopUrlOpener(IoRunLoop& loop, Warn warn)
     : loop_(loop), warn_(std::move(warn)) {}
 
 DesktopUrlOpener::~DesktopUrlOpener() {
-  for (const Opening& opening : openings_) loop_.cancelTimer(opening.timer);
+  for (const Opening& opening : openings_) forget(opening);
 }
 
 bool DesktopUrlOpener::openURL(const std::optional<NSURL>& url) {
@@ -88,26 +89,32 @@ bool DesktopUrlOpener::openURL(const std::optional<NSURL>& url) {
     warn_(sentence);
     return false;
   }
-  follow(openings_.insert(openings_.end(), Opening{process}));
+  follow(process);
   return true;
 }
 
-void DesktopUrlOpener::follow(Openings::iterator opening) {
-  opening->timer =
-      loop_.scheduleTimer(opening->pause.afterFailure(), false, [this, opening] { look(opening); });
+void DesktopUrlOpener::follow(pid_t process) {
+  // The header with the function for it is not for C++ in Debian 12.
+  const int descriptor = static_cast<int>(syscall(SYS_pidfd_open, process, 0));
+  if (descriptor < 0) return;  // how it ends is not told then
+  const auto opening = openings_.insert(openings_.end(), Opening{process, descriptor});
+  opening->watch = loop_.watch(descriptor, {.readable = true},
+                               [this, opening](IoRunLoop::Readiness /*ready*/) { end(opening); });
 }
 
-void DesktopUrlOpener::look(Openings::iterator opening) {
+void DesktopUrlOpener::end(Openings::iterator opening) {
   siginfo_t end = {};
   const int result = waitid(P_PID, static_cast<id_t>(opening->process), &end, WEXITED | WNOHANG);
-  if (result == 0 && end.si_pid == 0) {  // it still runs
-    follow(opening);
-    return;
-  }
+  forget(*opening);
   openings_.erase(opening);
   // Whoever else has reaped it knows how it ended.
   if (result != 0 || (end.si_code == CLD_EXITED && end.si_status == 0)) return;
   warn_(std::string(kOpener) + ": " + outcome(end) + ", so the app did not open");
+}
+
+void DesktopUrlOpener::forget(const Opening& opening) {
+  loop_.unwatch(opening.watch);
+  close(opening.descriptor);
 }
 
 }  // namespace wayfell

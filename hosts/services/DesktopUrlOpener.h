@@ -5,16 +5,15 @@
 
 #include <list>
 
-#include "hosts/services/RetryDelay.h"
+#include "hosts/loop/IoRunLoop.h"
 #include "hosts/services/Warn.h"
-#include "platform/Host.h"
 
 namespace wayfell {
 
 class DesktopUrlOpener : public UrlOpener {
  public:
   /// The loop outlives the opener.
-  DesktopUrlOpener(RunLoop& loop, Warn warn);
+  DesktopUrlOpener(IoRunLoop& loop, Warn warn);
   /// Openings still under way go on by themselves.
   ~DesktopUrlOpener() override;
   DesktopUrlOpener(const DesktopUrlOpener&) = delete;
@@ -26,19 +25,19 @@ class DesktopUrlOpener : public UrlOpener {
   bool openURL(const std::optional<NSURL>& url) override;
 
  private:
-  // One xdg-open that has not ended. It is looked at soon, and then ever more rarely.
+  // One xdg-open that has not ended, and the descriptor of its process, which tells when it does.
   struct Opening {
     pid_t process = 0;
-    RetryDelay pause{{.first = 0.01, .longest = 2}};
-    RunLoop::TimerId timer = 0;
+    int descriptor = -1;
+    IoRunLoop::WatchId watch = 0;
   };
   using Openings = std::list<Opening>;
 
-  void follow(Openings::iterator opening);
-  /// Ends the opening if its process has ended.
-  void look(Openings::iterator opening);
+  void follow(pid_t process);
+  void end(Openings::iterator opening);
+  void forget(const Opening& opening);
 
-  RunLoop& loop_;
+  IoRunLoop& loop_;
   Warn warn_;
   Openings openings_;
 };

@@ -3,8 +3,8 @@
 
 #include <string_view>
 
-#include "hosts/commandline/Complaint.h"
 #include "hosts/commandline/ExitStatus.h"
+#include "hosts/commandline/StandardError.h"
 
 namespace wayfell {
 

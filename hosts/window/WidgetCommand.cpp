@@ -6,8 +6,8 @@
 #include <QLoggingCategory>
 #include <utility>
 
-#include "hosts/commandline/Complaint.h"
 #include "hosts/commandline/ExitStatus.h"
+#include "hosts/commandline/StandardError.h"
 #include "hosts/places/PositionText.h"
 #include "hosts/services/stores/StorePaths.h"
 #include "hosts/services/stores/Stores.h"

@@ -10,7 +10,7 @@ namespace {
 void failOnInterfaceFaults(QtMsgType /*type*/, const QMessageLogContext& context,
                            const QString& message) {
   if (message.contains(".qml") || QString(context.file).contains(".qml")) {
-    ADD_FAILURE() << context.file << ": " << message.toStdString();
+    ADD_FAILURE() << message.toStdString();
   }
 }
 

@@ -1,4 +1,4 @@
-#include "hosts/commandline/Complaint.h"
+#include "hosts/commandline/StandardError.h"
 
 #include <unistd.h>
 
