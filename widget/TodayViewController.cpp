@@ -10,6 +10,7 @@
 #include "platform/NSURL.h"
 #include "platform/UnitFactors.h"
 #include "settings/UserDefaults.h"
+#include "widget/CompassTape.h"
 
 namespace wayfell {
 namespace {
@@ -19,20 +20,7 @@ constexpr double kExpandedHeight = 286;  // points
 constexpr double kQuarterTurn = kPi / 2;
 
 constexpr double kToggleSeconds = 0.2;
-constexpr double kTickSeconds = 0.5;
 constexpr double kCornerRadius = 4.0;
-
-// 300 points of either tape span one turn, from the first N (or 0) to the second. The two halves
-// of the degree tape differ by one dot.
-constexpr std::string_view kMilsTape =
-    "...5600......0.......800....1600....2400...3200...4000...4800....5600......0.......800...."
-    "1600."
-    "...2400...3200...4000.....";
-constexpr std::string_view kDegreeTape = textKey(
-    // Translators: the tape slides under a mark. Change the letters only, one for one; keep these
-    // where the script runs from right to left, which would reorder the numbers.
-    "...315.......N........45........E.......135.......S.......225.......W......315.......N........"
-    "45.......E.......135.....");
 
 // The position of a title is the number that "coordinateUnits" has for the format.
 constexpr std::array<std::string_view, 5> kFormatTitles = {
@@ -160,7 +148,7 @@ void TodayViewController::takeSettingsSnapshot() {
 
 void TodayViewController::showTape() {
   const bool mils = UserDefaults::checkDefaults("useMils");
-  compassLabel.send(&UILabel::setText, std::string(mils ? kMilsTape : localized(kDegreeTape)));
+  compassLabel.send(&UILabel::setText, std::string(compassTape(mils)));
 }
 
 void TodayViewController::showWaypointViews() {

@@ -41,6 +41,11 @@ class TodayViewController : public UIViewController,
  public:
   /// The name of the settings that the containing app shares with the widget.
   static constexpr std::string_view kSharedSuite = "group.org.wayfell.Wayfell";
+  /// How often the rows that change with time are refreshed.
+  static constexpr double kTickSeconds = 0.5;
+  /// How long from one lookup of the address to the next, at least. Users agree to being looked up
+  /// as often as that.
+  static constexpr double kAddressSeconds = 60.0;
 
   // Views of the interface, in the order in which it declares them. All are weak.
 

@@ -8,7 +8,6 @@
 namespace wayfell {
 namespace {
 
-constexpr double kAddressSeconds = 60.0;  // from one lookup to the next, at least
 constexpr std::string_view kMissingPart = "–";
 
 }  // namespace

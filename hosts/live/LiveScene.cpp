@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "hosts/scene/FixAge.h"
 #include "settings/UserDefaults.h"
 
 namespace wayfell {

@@ -1,43 +1,15 @@
 #include "hosts/live/SourceChoice.h"
 
 #include <algorithm>
-#include <chrono>
 #include <utility>
 
+#include "hosts/live/GpsdTrouble.h"
 #include "hosts/live/SystemClock.h"
 #include "hosts/services/location/GpsdLink.h"
 #include "hosts/services/location/GpsdSource.h"
 
 namespace wayfell {
 namespace {
-
-// "no contact, retry in 12 s: Connection refused", where a narrow line cuts off the reason first.
-std::string noContact(const GpsdState& state) {
-  const auto left =
-      std::chrono::ceil<std::chrono::seconds>(state.nextAttempt - std::chrono::steady_clock::now());
-  const bool isTrying = left.count() <= 0;
-  const std::string when = isTrying ? "" : ", retry in " + std::to_string(left.count()) + " s";
-  return "no contact" + when + ": " + state.reason;
-}
-
-std::string troubleOf(const GpsdState& state) {
-  switch (state.kind) {
-    case GpsdState::Kind::connecting:
-      return "connecting";
-    case GpsdState::Kind::waiting:
-      return noContact(state);
-    case GpsdState::Kind::noDevice:
-      return "no receiver";
-    case GpsdState::Kind::silent:
-      return state.device + " is silent";
-    case GpsdState::Kind::noFix:
-      return "no fix from " + state.device;
-    case GpsdState::Kind::stopped:
-    case GpsdState::Kind::fix:
-      break;
-  }
-  return "";
-}
 
 GpsdAddress addressOf(const std::string& where) {
   return where.empty() ? GpsdAddress() : *gpsdAddressOf(where);
@@ -48,7 +20,7 @@ LiveSource openGpsd(HostRunLoop& loop, const std::string& where) {
   auto source = std::make_unique<GpsdSource>(loop, systemClock(), address);
   const GpsdSource& gpsd = *source;
   SourceStatus status = {[name = "gpsd at " + address.text()] { return name; },
-                         [&gpsd] { return troubleOf(gpsd.state()); },
+                         [&gpsd] { return gpsdTrouble(gpsd.state()); },
                          [&gpsd] { return gpsd.deliversHeadings(); }};
   return {std::move(source), std::move(status)};
 }

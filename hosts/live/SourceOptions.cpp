@@ -5,6 +5,7 @@
 
 #include "hosts/replay/RecordingChoice.h"
 #include "hosts/scene/Playback.h"
+#include "hosts/services/location/GpsdAddress.h"
 #include "hosts/text/InputError.h"
 #include "platform/NSString.h"
 
@@ -107,7 +108,8 @@ std::vector<Option> firstSettingsOptions(FirstSettings& settings) {
 void addSourceOptions(Command& command, const Sources& sources, SourceWishes& wishes) {
   const Option gpsd = {
       .name = "--gpsd",
-      .help = "The same as --source gpsd=HOST:PORT; port 2947 if none is given",
+      .help =
+          "The same as --source gpsd=HOST:PORT; port " + GpsdAddress().port + " if none is given",
       .target =
           [&wishes](const std::string& text) {
             wishes.source = {"gpsd", text};

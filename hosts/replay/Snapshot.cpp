@@ -9,8 +9,6 @@
 namespace wayfell {
 namespace {
 
-constexpr double kTickSeconds = 0.5;
-
 struct Number {
   std::string_view name;
   double value;
@@ -111,7 +109,8 @@ std::string snapshotLine(const ReplayedWidget& widget) {
   write(json, {"button", interface.views().toggleViewButton.transform().rotation});
   writeOpenedURLs(json.key("opened"), host.urls);
   json.member("lookups", host.geocoder.requests());
-  json.member("timers", static_cast<int>(host.loop.timersWithInterval(kTickSeconds)));
+  json.member("timers",
+              static_cast<int>(host.loop.timersWithInterval(TodayViewController::kTickSeconds)));
   writeMotion(json.key("motion"), widget);
   writeAccuracy(json.key("accuracy"), widget.controller());
   writePlainJson(json.key("suite"), host.suite.values());

@@ -47,7 +47,7 @@ void Playback::slower() {
   if (next != kRates.begin()) rate_ = *std::prev(next);
 }
 
-void Playback::step() { goOn(1); }
+void Playback::step() { goOn(kStepSeconds); }
 
 void Playback::goOn(double seconds) {
   position_ += seconds;

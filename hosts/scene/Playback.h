@@ -16,6 +16,7 @@ class Playback {
 
   static constexpr std::array kRates = {0.1,  0.2,  0.5,   1.0,   2.0,   5.0,   10.0,
                                         20.0, 50.0, 100.0, 200.0, 500.0, 1000.0};
+  static constexpr double kStepSeconds = 1;  ///< recorded, of a step
   static constexpr double kSlowest = kRates.front();
   static constexpr double kFastest = kRates.back();
 

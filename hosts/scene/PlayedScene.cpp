@@ -3,6 +3,7 @@
 #include <chrono>
 #include <utility>
 
+#include "hosts/scene/FixAge.h"
 #include "hosts/text/ElapsedText.h"
 #include "platform/NSString.h"
 

@@ -1,9 +1,6 @@
 #include "hosts/scene/Scene.h"
 
-#include <cmath>
-
 #include "hosts/panel/PanelReading.h"
-#include "platform/NSString.h"
 
 namespace wayfell {
 
@@ -36,11 +33,6 @@ void Scene::act(const PanelRequest& request) {
     default:
       actItself(request);
   }
-}
-
-std::string Scene::fixAgeText(double seconds) {
-  constexpr double kFresh = 5;  // seconds; a fix that is no older needs no mention
-  return seconds > kFresh ? "fix " + shortestText(std::floor(seconds)) + " s old" : "";
 }
 
 }  // namespace wayfell

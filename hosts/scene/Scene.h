@@ -51,11 +51,6 @@ class Scene {
   virtual void settle() {}
 
  protected:
-  static constexpr const char* kNoFixYet = "no fix yet";
-  /// What to say of the fix that the panel shows, so that nobody takes an old one for fresh: "fix
-  /// 12 s old", or nothing for one that is not older than 5 seconds.
-  static std::string fixAgeText(double seconds);
-
   /// Brings the scene up to now.
   virtual void catchUp() {}
   virtual void letAppear() = 0;

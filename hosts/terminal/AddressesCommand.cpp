@@ -16,6 +16,7 @@
 #include "hosts/terminal/Commands.h"
 #include "hosts/terminal/Output.h"
 #include "platform/NSString.h"
+#include "widget/TodayViewController.h"
 
 namespace wayfell {
 namespace {
@@ -47,6 +48,8 @@ struct AddressUseCommand {
   std::optional<std::string> url;
   bool agreed = false;  // to the position being sent
 };
+
+static_assert(TodayViewController::kAddressSeconds >= 60, "users are told: at most one a minute");
 
 // Says what it means on standard error, where it is seen whatever becomes of the output.
 void explain(const ServerUrl& server) {

@@ -18,11 +18,10 @@
 namespace wayfell {
 namespace {
 
-constexpr int kEdge = 5;             // points, from which the window is made wider
-constexpr int kWidest = 4 * 359;     // points
-constexpr double kRest = 1;          // seconds without a move, after which the place is kept
-constexpr double kConfirmation = 4;  // seconds
-constexpr int kGraspable = 40;       // points of the window that must be on a screen
+constexpr int kEdge = 5;  // points, from which the window is made wider
+constexpr int kWidest = 4 * WidgetWindow::kUsualWidth;  // points
+constexpr double kRest = 1;     // seconds without a move, after which the place is kept
+constexpr int kGraspable = 40;  // points of the window that must be on a screen
 
 // Wayland lets no window know where it is, nor say where it should be.
 bool placeIsKnown() {
@@ -68,7 +67,6 @@ WidgetWindow::WidgetWindow(QtRunLoop& loop, Scene& scene, PanelAdapter& panel, T
     connect(&theme_.style(), &PanelStyle::changed, this, fill);
     fill();
   }
-  connect(&panel_, &PanelAdapter::copied, this, &WidgetWindow::confirmCopy);
   setResizeMode(SizeRootObjectToView);
   loadContents();
   takeKeptPlace();
@@ -76,7 +74,6 @@ WidgetWindow::WidgetWindow(QtRunLoop& loop, Scene& scene, PanelAdapter& panel, T
 }
 
 WidgetWindow::~WidgetWindow() {
-  if (confirming_) loop_.cancelTimer(*confirming_);
   if (!keeping_) return;
   loop_.cancelTimer(*keeping_);
   keep();
@@ -247,15 +244,6 @@ void WidgetWindow::hold(QMouseEvent& move) {
       std::clamp(grip_->geometry.width() + (left ? -way.x() : way.x()), kNarrowest, kWidest);
   const int right = grip_->geometry.x() + grip_->geometry.width();
   setGeometry(left ? right - width : grip_->geometry.x(), y(), width, height());
-}
-
-// What the panel tells of it goes by itself, unless something else is told meanwhile.
-void WidgetWindow::confirmCopy() {
-  if (confirming_) loop_.cancelTimer(*confirming_);
-  confirming_ = loop_.scheduleTimer(kConfirmation, false, [this, told = panel_.message()] {
-    confirming_.reset();
-    if (panel_.message() == told) panel_.tell({});
-  });
 }
 
 void WidgetWindow::moveEvent(QMoveEvent* event) {

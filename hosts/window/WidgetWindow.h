@@ -64,7 +64,6 @@ class WidgetWindow : public QQuickView {
   void grip(const QMouseEvent& press);
   void hold(QMouseEvent& move);
   void showEdge(const QMouseEvent& move);
-  void confirmCopy();
   void keepSoon();
   void keep();
 
@@ -75,7 +74,6 @@ class WidgetWindow : public QQuickView {
   WindowMemory& memory_;
   std::optional<Grip> grip_;
   std::optional<RunLoop::TimerId> keeping_;
-  std::optional<RunLoop::TimerId> confirming_;
   bool wasSeen_ = false;
   bool hiddenWithWindow_ = false;
 };

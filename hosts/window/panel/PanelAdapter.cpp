@@ -4,6 +4,7 @@
 #include <QGuiApplication>
 #include <QQmlEngine>
 #include <algorithm>
+#include <chrono>
 #include <cmath>
 #include <utility>
 
@@ -19,6 +20,7 @@ namespace {
 
 constexpr double kSmallTurn = 15;  // degrees
 constexpr int kTurnMilliseconds = 200;
+constexpr std::chrono::seconds kConfirmation{4};  // of a copy
 
 // The angle, in degrees, that shows the direction and is at most half a turn away from the present
 // one: from 350 to 10 it is 370. What is no direction leaves the present one.
@@ -31,6 +33,10 @@ double turnedByShorterWay(double present, double direction) {
 
 PanelAdapter::PanelAdapter(Scene& scene, QObject* parent)
     : QObject(parent), scene_(scene), watch_(scene.interface()) {
+  confirmation_.setSingleShot(true);
+  connect(&confirmation_, &QTimer::timeout, this, [this] {
+    if (news_ == confirmed_) tell({});
+  });
   refresh();
 }
 
@@ -143,8 +149,9 @@ void PanelAdapter::copyPosition() {
   if (!position || position->empty()) return;
   const QString text = QString::fromStdString(*position);
   QGuiApplication::clipboard()->setText(text);
-  tell(QStringLiteral("Copied: ") + text);
-  emit copied();
+  confirmed_ = QStringLiteral("Copied: ") + text;
+  tell(confirmed_);
+  confirmation_.start(kConfirmation);
 }
 
 void addPanelImports(QQmlEngine& engine) {

@@ -18,6 +18,7 @@
 #include <QObject>
 #include <QString>
 #include <QStringList>
+#include <QTimer>
 #include <QtQmlIntegration>
 #include <array>
 #include <functional>
@@ -97,7 +98,8 @@ class PanelAdapter : public QObject {
   Q_INVOKABLE void pickNext(int step);
   Q_INVOKABLE void switchLayout() { act({PanelAction::switchLayout}); }
   Q_INVOKABLE void openApp() { act({PanelAction::openApp}); }
-  /// Puts the position's text on the clipboard, or what is copied instead of it.
+  /// Puts the position's text on the clipboard, or what is copied instead of it, and tells so for
+  /// a while.
   Q_INVOKABLE void copyPosition();
   /// None while there is no position.
   void setCopiedText(std::function<std::optional<std::string>()> text) {
@@ -171,8 +173,6 @@ class PanelAdapter : public QObject {
   void compassChanged();
   void formatsChanged();
   void linesChanged();
-  /// The position is on the clipboard, and what is told says so.
-  void copied();
 
  private:
   void takePanel();
@@ -182,6 +182,8 @@ class PanelAdapter : public QObject {
   Scene& scene_;
   ViewWatch watch_;
   std::function<std::optional<std::string>()> copiedText_;
+  QTimer confirmation_;  // while it is told what has been copied
+  QString confirmed_;
   std::array<ShownRow, kPanelRows> rows_;
   PanelReading reading_;
 
