@@ -8,7 +8,7 @@
 // timed. What is delivered is what was asked for, one fix an instant (FixEpochs), as GpsdFix and
 // GpsdReport say. The daemon may come and go at any time (GpsdLink).
 //
-// Of several receivers one is followed, for positions and for headings each: another is taken when
+// One of several receivers is followed, for positions and for headings each: another is taken when
 // it loses its fix, is closed, or has been silent for two to three ticks.
 #pragma once
 

@@ -8,8 +8,9 @@
 namespace wayfell {
 namespace {
 
-// Of 100 x 40 points, the top left and the bottom right corner are rounded with 4 points: a point
-// at 1/2, 1/2 is 4.9 from the middle of the arc and so outside, one at 1.5, 1.5 is 3.5 from it.
+// In a view of 100 x 40 points the top left and the bottom right corner are rounded with 4 points:
+// a point at 1/2, 1/2 is 4.9 from the middle of the arc and so outside, one at 1.5, 1.5 is 3.5 from
+// it.
 TEST(CornerView, IsBlackAtHalfOpacityWithTwoRoundedCorners) {
   ReplayedWidget widget;
   widget.start();

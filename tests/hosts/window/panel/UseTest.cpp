@@ -67,7 +67,7 @@ TEST_F(Use, TheDisclosureGoesOnFromWhereItIs) {
   panel.adapter().switchLayout();
   time.pass(100);
   const double midway = turn();
-  // Of an eased end more than half is done in half the time.
+  // An eased turn has done more than half of its way in half the time.
   EXPECT_GT(midway, 5);
   EXPECT_LT(midway, 45);
   panel.adapter().switchLayout();
