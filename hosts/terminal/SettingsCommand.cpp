@@ -259,11 +259,10 @@ Command settingsCommand() {
         .name = name, .help = help, .target = [command, choice] { command->store = choice; }};
   };
   const auto action = [&command](const char* name, const char* help, auto run,
-                                 std::vector<Option> options) {
-    return Command{
-        .name = name, .help = help, .options = std::move(options), .run = [command, run] {
-          return run(*command);
-        }};
+                                 const std::vector<Option>& options) {
+    return Command{.name = name, .help = help, .options = options, .run = [command, run] {
+                     return run(*command);
+                   }};
   };
   const Option key = {
       .name = "KEY", .help = "", .target = &command->key, .offered = keysAfter, .isRequired = true};
