@@ -1,7 +1,5 @@
 #include "hosts/panel/PanelReading.h"
 
-#include <utility>
-
 #include "platform/UnitFactors.h"
 
 namespace wayfell {
@@ -70,10 +68,19 @@ std::string textOf(const UILabel* label) {
   return *label->text();
 }
 
-// Latitude and longitude, which come as one text.
-std::string onTwoLines(std::string position) {
-  const std::size_t comma = position.find(", ");
-  return comma == std::string::npos ? position : position.replace(comma, 2, "\n");
+// Latitude and longitude, which come as one text: up to the end of what the last of the latitude's
+// arguments has printed, and from the longitude's first on.
+std::string onTwoLines(const FormattedText& position) {
+  const std::string_view text = position;
+  const FormattedText::Piece whole = position.whole();
+  const std::size_t longitude = latitudeArguments(whole.key());
+  if (longitude == 0) return std::string(text);
+  const std::string_view last = whole.argument(longitude - 1).text();
+  const std::string_view first = whole.argument(longitude).text();
+  const auto end = static_cast<std::size_t>(last.data() + last.size() - text.data());
+  const auto begin = static_cast<std::size_t>(first.data() - text.data());
+  if (begin < end) return std::string(text);  // a translation has the longitude first
+  return std::string(text.substr(0, end)) + '\n' + std::string(text.substr(begin));
 }
 
 PanelReading::Row readRow(const PanelViews& views, PanelRow row, bool compact) {
@@ -84,11 +91,18 @@ PanelReading::Row readRow(const PanelViews& views, PanelRow row, bool compact) {
     read.bold = labels.value->font().bold;
     read.centered = labels.value->textAlignment() == NSTextAlignment::center;
   }
-  if (row == PanelRow::position) read.value = onTwoLines(std::move(read.value));
+  if (row == PanelRow::position && !read.value.empty()) {
+    read.value = onTwoLines(*labels.value->text());
+  }
   return read;
 }
 
 }  // namespace
+
+std::size_t latitudeArguments(std::string_view key) {
+  if (key == "%@, %@") return 1;
+  return key == "%0.5f°%@, %0.5f°%@" ? 2 : 0;
+}
 
 // By what the layouts hide and show; before either has been applied, the panel is expanded.
 bool isCompact(const WidgetInterface& interface) {

@@ -5,6 +5,7 @@
 #include <array>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "hosts/panel/WidgetInterface.h"
@@ -67,6 +68,10 @@ struct PanelReading {
 
   friend bool operator==(const PanelReading&, const PanelReading&) = default;
 };
+
+/// How many arguments of the format that has printed a position are the latitude's; as many follow
+/// for the longitude. 0 for what is no pair of coordinates.
+std::size_t latitudeArguments(std::string_view key);
 
 /// Whether the panel is in its compact layout.
 bool isCompact(const WidgetInterface& interface);

@@ -92,8 +92,9 @@ std::string positionInWords(const Piece& position) {
     return localizedStringWithFormat("position latitude %@, longitude %@", latitude, longitude);
   };
   const auto argument = [&](std::size_t index) { return inWords(position.argument(index)); };
-  if (position.key() == "%@, %@") return inQuarters(argument(0), argument(1));
-  if (position.key() == "%0.5f°%@, %0.5f°%@") {
+  const std::size_t ofLatitude = latitudeArguments(position.key());
+  if (ofLatitude == 1) return inQuarters(argument(0), argument(1));
+  if (ofLatitude == 2) {
     const auto angle = [](const std::string& degrees, const std::string& quarter) {
       return localizedStringWithFormat("%@ degrees %@", degrees, quarter);
     };
