@@ -5,8 +5,8 @@
 namespace wayfell {
 namespace {
 
-// 300 points of either tape span one turn, from the first N (or 0) to the second. The two halves
-// of the degree tape differ by one dot.
+// From the first N (or 0) to the second is one turn, kTapePointsPerTurn. The degree tape's two
+// halves differ by one dot: the spacing is matched to how the tape slides.
 constexpr std::string_view kMilsTape =
     "...5600......0.......800....1600....2400...3200...4000...4800....5600......0.......800...."
     "1600."

@@ -23,10 +23,9 @@ constexpr int kPace = 1;
 constexpr int kSpeed = 2;
 
 constexpr double kFastestPace = kTenMilesPerHour;
-constexpr double kSlowestPace = 0.3;     // metres per second; below it the user stands still
-constexpr double kShortDistance = 0.25;  // of the main unit
-
-// Of the main unit: below it the distance to the waypoint is given in metres or feet.
+constexpr double kSlowestPace = 0.3;  // metres per second; below it the user stands still
+// In miles, kilometres or nautical miles: shorter distances are given in metres or feet.
+constexpr double kShortDistance = 0.25;
 constexpr double kShortWaypointDistance = 0.24;
 
 int secondsPerUnit(double speed, int units) {

@@ -1,8 +1,8 @@
 // Addresses near a position, out of a file on this computer.
 //
 // The file may be replaced while this is in use: the next lookup takes up the new one. A file that
-// is missing (unless that is fine) or cannot be used is warned about once, and lookups fail for as
-// long as it stays so.
+// is missing (unless that is fine) or cannot be used is warned about once, and lookups fail until
+// it can be used.
 #pragma once
 
 #include <filesystem>
