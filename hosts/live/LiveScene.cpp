@@ -44,12 +44,20 @@ void LiveScene::settle() {
   }
 }
 
+double LiveScene::fixAge() const {
+  return std::chrono::duration<double>(now_() - lastFixCame_).count();
+}
+
+Freshness LiveScene::freshness() const {
+  return {.fix = lastFix_ && isFreshFix(fixAge()),
+          .heading = followsCourse() || source_.deliversHeadings()};
+}
+
 std::string LiveScene::warning() const {
   if (!onScreen_) return "";
   const std::string trouble = source_.trouble();
-  if (!lastFix_) return trouble.empty() ? kNoFixYet : trouble;
-  // The age by when the fix came: the machine's clock may be wrong, or the receiver's.
-  const std::string old = fixAgeText(std::chrono::duration<double>(now_() - lastFixCame_).count());
+  if (!lastFix_) return trouble.empty() ? noFixText() : trouble;
+  const std::string old = fixAgeText(fixAge());
   // The age first, which is never cut off.
   if (trouble.empty() || old.empty()) return old + trouble;
   return old + ", " + trouble;

@@ -35,6 +35,7 @@ class LiveScene : public Scene {
   TodayViewController& controller() const { return *controller_; }
   bool onScreen() const override { return onScreen_; }
   Lines lines() const override;
+  Freshness freshness() const override;
   std::optional<std::string> fault() const override { return std::nullopt; }
   std::optional<std::string> takeNews() override;
   std::span<const PanelAction> actions() const override { return kLiveActions; }
@@ -52,6 +53,9 @@ class LiveScene : public Scene {
   /// Where headings come from: the compass while it delivers, or what the user chose.
   enum class HeadingChoice { whatIsThere, compass, course };
   bool followsCourse() const;
+  /// Seconds since the fix that is shown came; there is one. By that, as the machine's clock may be
+  /// wrong, or the receiver's.
+  double fixAge() const;
   std::string warning() const;
 
   LiveHost& host_;

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "platform/NSBundle.h"
+
 namespace wayfell {
 namespace {
 
@@ -16,34 +18,60 @@ struct Key {
 using enum PanelAction;
 
 constexpr Key kKeys[] = {
-    {U'0', {pickFormat, 0}, {"0 to 4", "format of the position"}, "0-4 format"},
+    {U'0',
+     {pickFormat, 0},
+     {textKey("0 to 4"), textKey("format of the position")},
+     textKey("0-4 format")},
     {U'1', {pickFormat, 1}, {}, {}},
     {U'2', {pickFormat, 2}, {}, {}},
     {U'3', {pickFormat, 3}, {}, {}},
     {U'4', {pickFormat, 4}, {}, {}},
-    {U't', {switchLayout}, {"t, Tab, Enter", "expanded or compact"}, "t layout"},
+    {U't',
+     {switchLayout},
+     {textKey("t, Tab, Enter"), textKey("expanded or compact")},
+     textKey("t layout")},
     {U'\t', {switchLayout}, {}, {}},
     {kEnterKey, {switchLayout}, {}, {}},
-    {U'o', {openApp}, {"o", "open the app"}, "o open"},
-    {U'\x03', {copyPosition}, {"Ctrl-C", "copy the position"}, "^C copy"},
-    {U'h', {showOrHide}, {"h", "hide or show the panel"}, "h hide"},
-    {U'l', {changeLook}, {"l", "the next look"}, "l look"},
+    {U'o', {openApp}, {textKey("o"), textKey("open the app")}, textKey("o open")},
+    {U'\x03',
+     {copyPosition},
+     {textKey("Ctrl-C"), textKey("copy the position")},
+     textKey("^C copy")},
+    {U'h', {showOrHide}, {textKey("h"), textKey("hide or show the panel")}, textKey("h hide")},
+    {U'l', {changeLook}, {textKey("l"), textKey("the next look")}, textKey("l look")},
     {U'c',
      {chooseHeading},
-     {"c", "heading: compass, course or as it comes"},
-     "c compass or course"},
-    {U' ', {pause}, {"space", "pause or go on"}, "space pause"},
-    {U'.', {stepOn}, {". or right", "one second on, in a pause"}, ". one second on"},
+     {textKey("c"), textKey("heading: compass, course or as it comes")},
+     textKey("c compass or course")},
+    {U' ', {pause}, {textKey("space"), textKey("pause or go on")}, textKey("space pause")},
+    {U'.',
+     {stepOn},
+     {textKey(". or right"), textKey("one second on, in a pause")},
+     textKey(". one second on")},
     {kRightKey, {stepOn}, {}, {}},
-    {U'+', {changeRate, 1}, {"+ and -", "faster and slower"}, "+ faster, - slower"},
+    {U'+',
+     {changeRate, 1},
+     {textKey("+ and -"), textKey("faster and slower")},
+     textKey("+ faster, - slower")},
     {U'-', {changeRate, -1}, {}, {}},
-    {U'?', {tellKeys}, {"?", "these keys; any key goes back"}, "? keys"},
-    {U'q', {quit}, {"q", "quit"}, "q quit"},
+    {U'?', {tellKeys}, {textKey("?"), textKey("these keys; any key goes back")}, textKey("? keys")},
+    {U'q', {quit}, {textKey("q"), textKey("quit")}, textKey("q quit")},
 };
 
 const Key& firstKeyOf(PanelAction action) {
   return *std::find_if(std::begin(kKeys), std::end(kKeys),
                        [action](const Key& key) { return key.request.action == action; });
+}
+
+template <class InWords>
+std::string joinedHints(std::span<const PanelAction> actions, std::string_view between,
+                        InWords inWords) {
+  std::string hints;
+  for (const PanelAction action : actions) {
+    if (!hints.empty()) hints += between;
+    hints += inWords(firstKeyOf(action).hint);
+  }
+  return hints;
 }
 
 }  // namespace
@@ -55,22 +83,22 @@ std::optional<PanelRequest> requestOf(char32_t key) {
   return std::nullopt;
 }
 
-ActionHelp helpOf(PanelAction action) { return firstKeyOf(action).help; }
+ActionHelp helpOf(PanelAction action) {
+  const ActionHelp& help = firstKeyOf(action).help;
+  return {localized(help.keys), localized(help.does)};
+}
 
 std::string keyHints(std::span<const PanelAction> actions, std::string_view between) {
-  std::string hints;
-  for (const PanelAction action : actions) {
-    if (!hints.empty()) hints += between;
-    hints += firstKeyOf(action).hint;
-  }
-  return hints;
+  return joinedHints(actions, between, localized);
 }
 
 std::string keysHelp(std::span<const PanelAction> ofHost) {
-  constexpr std::string_view kComma = ", ";
-  return "Keys: " + keyHints(kPanelActions, kComma).append(kComma) + keyHints(ofHost, kComma) +
-         "\n  live: " + keyHints(kLiveActions, kComma) +
-         "\n  on a recording: " + keyHints(kRecordingActions, kComma) + "\n";
+  const auto hints = [](std::span<const PanelAction> actions) {
+    return joinedHints(actions, ", ", [](std::string_view english) { return english; });
+  };
+  return "Keys: " + hints(kPanelActions) + ", " + hints(ofHost) +
+         "\n  live: " + hints(kLiveActions) + "\n  on a recording: " + hints(kRecordingActions) +
+         "\n";
 }
 
 }  // namespace wayfell

@@ -52,10 +52,11 @@ struct ActionHelp {
 };
 ActionHelp helpOf(PanelAction action);
 
-/// The shortest words, "0-4 format", "t layout", with something between them.
+/// The shortest words, "0-4 format", "t layout", with something between them; like help, in the
+/// user's language.
 std::string keyHints(std::span<const PanelAction> actions, std::string_view between);
 
-/// The same of all scenes and of the host, in three lines of a command's help.
+/// The same of all scenes and of the host, in three lines of a command's help, which is English.
 std::string keysHelp(std::span<const PanelAction> ofHost);
 
 }  // namespace wayfell

@@ -1,6 +1,9 @@
 #include "hosts/panel/PanelReading.h"
 
+#include <algorithm>
+
 #include "platform/UnitFactors.h"
+#include "widget/CompassTape.h"
 
 namespace wayfell {
 namespace {
@@ -83,12 +86,48 @@ std::string onTwoLines(const FormattedText& position) {
   return std::string(text.substr(0, end)) + '\n' + std::string(text.substr(begin));
 }
 
+// Degrees; none before the first. A standing receiver's course is no direction: the widget turns
+// the arrow by it all the same, but not the tape.
+std::optional<double> shownHeading(const PanelViews& views) {
+  const auto offset = views.leftConstraint.constant();
+  if (!offset) return std::nullopt;
+  return *offset / -kTapePointsPerTurn * 360;
+}
+
+// A course is as fresh as the fix that it came with.
+bool isHeadingFresh(const PanelViews& views, const Freshness& fresh) {
+  return shownHeading(views) && fresh.heading &&
+         (fresh.fix || !views.compassRotatingView.compassDisplayCourse());
+}
+
+bool isDim(PanelRow row, bool fix, bool heading) {
+  switch (row) {
+    case PanelRow::heading:
+      return !heading;
+    case PanelRow::position:
+    case PanelRow::zone:
+    case PanelRow::altitude:
+    case PanelRow::speed:
+    case PanelRow::waypointDistance:
+    case PanelRow::eta:
+      return !fix;
+    default:
+      return false;
+  }
+}
+
+std::ptrdiff_t lineCount(std::string_view text) {
+  return std::count(text.begin(), text.end(), '\n') + 1;
+}
+
 PanelReading::Row readRow(const PanelViews& views, PanelRow row, bool compact) {
   const Labels labels = labelsOf(views, row, compact);
   PanelReading::Row read = {isShown(views, row, compact), textOf(labels.caption),
-                            textOf(labels.value), false, false};
+                            textOf(labels.value)};
   if (labels.value) {
-    read.bold = labels.value->font().bold;
+    const UIFont& font = labels.value->font();
+    read.bold = font.bold;
+    if (font != UIFont()) read.fontSize = font.pointSize;
     read.centered = labels.value->textAlignment() == NSTextAlignment::center;
   }
   if (row == PanelRow::position && !read.value.empty()) {
@@ -113,24 +152,34 @@ const UILabel* valueLabel(const WidgetInterface& interface, PanelRow row) {
   return labelsOf(interface.views(), row, isCompact(interface)).value;
 }
 
-PanelReading readPanel(const WidgetInterface& interface) {
+std::optional<double> waypointDirection(const WidgetInterface& interface) {
+  const CompassView& compass = interface.views().compassRotatingView;
+  if (!compass.arrow() || compass.compassArrowView()->hidden()) return std::nullopt;
+  return compass.arrow()->bearing - shownHeading(interface.views()).value_or(0);
+}
+
+PanelReading readPanel(const WidgetInterface& interface, const Freshness& fresh) {
   const PanelViews& views = interface.views();
+  const bool headingFresh = isHeadingFresh(views, fresh);
   PanelReading reading;
   reading.compact = isCompact(interface);
   reading.height = interface.preferredContentSize().height;
   for (std::size_t i = 0; i < kPanelRows; ++i) {
-    reading.rows[i] = readRow(views, PanelRow{static_cast<int>(i)}, reading.compact);
+    const PanelRow row{static_cast<int>(i)};
+    reading.rows[i] = readRow(views, row, reading.compact);
+    reading.rows[i].dim = isDim(row, fresh.fix, headingFresh);
   }
+  const PanelReading::Row& position = reading[PanelRow::position];
+  reading.captionNamesLines =
+      position.value.empty() || lineCount(position.value) == lineCount(position.caption);
 
   reading.tape = textOf(&views.compassLabel);
   reading.tapeOffset = views.leftConstraint.constant().value_or(0);
   reading.markShown = !views.compassArrowImageView.hidden();
-  if (const auto& arrow = views.compassRotatingView.arrow()) {
-    reading.north = -arrow->heading;
-    if (!views.compassRotatingView.compassArrowView()->hidden()) {
-      reading.waypoint = arrow->bearing - arrow->heading;
-    }
-  }
+  reading.north = -shownHeading(views).value_or(0);
+  reading.northDim = !headingFresh;
+  reading.waypoint = waypointDirection(interface);
+  reading.waypointDim = !headingFresh || !fresh.fix;
 
   const UISegmentedControl& control = views.coordinateControl;
   for (std::size_t i = 0; i < control.numberOfSegments(); ++i) {

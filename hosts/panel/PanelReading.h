@@ -31,6 +31,13 @@ enum class PanelRow {
 };
 inline constexpr std::size_t kPanelRows = static_cast<std::size_t>(PanelRow::layout) + 1;
 
+/// What of that which the panel shows is fresh. The rest is shown dim, whatever its text says.
+struct Freshness {
+  bool fix = true;
+  bool heading = true;
+  friend bool operator==(const Freshness&, const Freshness&) = default;
+};
+
 struct PanelReading {
   struct Row {
     bool shown = true;
@@ -41,11 +48,17 @@ struct PanelReading {
     std::string value;
     bool bold = false;
     bool centered = false;
+    double fontSize = 0;  ///< points, if the widget has set one; 0 for the host to choose
+    bool dim = false;     ///< old, or not known yet
     friend bool operator==(const Row&, const Row&) = default;
   };
 
   const Row& operator[](PanelRow row) const { return rows[static_cast<std::size_t>(row)]; }
   Row& operator[](PanelRow row) { return rows[static_cast<std::size_t>(row)]; }
+
+  /// Whether each line of the position's caption names the line of the value beside it. A grid
+  /// reference is one line, of parts with a blank between them, and the caption stands apart.
+  bool captionNamesLines = true;
 
   bool compact = false;
   double height = 0;  ///< points: 78 compact, 286 expanded
@@ -57,7 +70,9 @@ struct PanelReading {
   /// Degrees clockwise from up, for someone who looks along the heading. The waypoint's is none
   /// where there is no waypoint or the way to it is not known yet.
   double north = 0;
+  bool northDim = false;
   std::optional<double> waypoint;
+  bool waypointDim = false;
 
   std::vector<std::string> formats;
   int format = UISegmentedControl::kNoSegment;  ///< none for a number that no format has
@@ -79,6 +94,10 @@ bool isCompact(const WidgetInterface& interface);
 /// The label of a row's value in the present layout; null for a row without a text.
 const UILabel* valueLabel(const WidgetInterface& interface, PanelRow row);
 
-PanelReading readPanel(const WidgetInterface& interface);
+/// The way to the waypoint for someone who looks along the heading that the tape shows, in degrees
+/// clockwise from up; none where there is no waypoint or the way to it is not known yet.
+std::optional<double> waypointDirection(const WidgetInterface& interface);
+
+PanelReading readPanel(const WidgetInterface& interface, const Freshness& fresh = {});
 
 }  // namespace wayfell

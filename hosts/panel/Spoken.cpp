@@ -119,11 +119,9 @@ std::string headingInWords(const WidgetInterface& interface, const Piece& value)
 }
 
 std::string compassInWords(const WidgetInterface& interface) {
-  const CompassView& compass = interface.views().compassRotatingView;
-  if (!compass.arrow() || compass.compassArrowView()->hidden()) {
-    return std::string(localized("compass"));
-  }
-  const double turn = std::remainder(compass.arrow()->bearing - compass.arrow()->heading, 360.0);
+  const auto direction = waypointDirection(interface);
+  if (!direction) return std::string(localized("compass"));
+  const double turn = std::remainder(*direction, 360.0);
   return localizedStringWithFormat(turn < 0 ? textKey("waypoint %0.0f degrees to the left")
                                             : textKey("waypoint %0.0f degrees to the right"),
                                    std::abs(turn));

@@ -5,6 +5,7 @@
 
 #include "hosts/scene/FixAge.h"
 #include "hosts/text/ElapsedText.h"
+#include "platform/NSBundle.h"
 #include "platform/NSString.h"
 
 namespace wayfell {
@@ -41,18 +42,29 @@ void PlayedScene::sleep() {
 
 void PlayedScene::resume() { playback_.skipTo(Playback::Clock::now()); }
 
+std::optional<double> PlayedScene::fixAge() const {
+  const auto& fix = player_.widget().controller().currentLocation;
+  if (!fix) return std::nullopt;
+  return NSDate{player_.now()}.timeIntervalSinceDate(fix->timestamp);
+}
+
 Scene::Lines PlayedScene::lines() const {
   Lines lines{badge_, title_, elapsedText(player_.elapsed()), {}, {}};
+  const auto addState = [&lines](std::string_view word) { lines.state.append("  ").append(word); };
   if (player_.ended()) {
-    lines.state += "  ended";
+    addState(localized("ended"));
   } else {
-    if (playback_.paused()) lines.state += "  paused";
-    if (playback_.rate() != 1) lines.state += "  ×" + shortestText(playback_.rate());
+    if (playback_.paused()) addState(localized("paused"));
+    if (playback_.rate() != 1) addState("×" + shortestText(playback_.rate()));
   }
-  const auto& fix = player_.widget().controller().currentLocation;
-  lines.warning =
-      fix ? fixAgeText(NSDate{player_.now()}.timeIntervalSinceDate(fix->timestamp)) : kNoFixYet;
+  const auto age = fixAge();
+  lines.warning = age ? fixAgeText(*age) : noFixText();
   return lines;
+}
+
+Freshness PlayedScene::freshness() const {
+  const auto age = fixAge();
+  return {.fix = age && isFreshFix(*age)};
 }
 
 std::optional<std::string> PlayedScene::takeNews() {
@@ -62,8 +74,9 @@ std::optional<std::string> PlayedScene::takeNews() {
   urls_ += static_cast<int>(requests.size() - told_);
   told_ = requests.size();
   const auto& url = requests.back();
-  std::string news = urls_ == 1 ? "Open: " : stringWithFormat("Open %d: ", urls_);
-  return news.append(url ? url->absoluteString() : "no valid URL");
+  const std::string shown = url ? url->absoluteString() : std::string(localized("no valid URL"));
+  return urls_ == 1 ? localizedStringWithFormat("Open: %@", shown)
+                    : localizedStringWithFormat("Open %d: %@", urls_, shown);
 }
 
 void PlayedScene::actItself(const PanelRequest& request) {

@@ -23,6 +23,7 @@ class PlayedScene : public Scene {
   const WidgetInterface& interface() const override { return player_.widget().interface(); }
   bool onScreen() const override { return player_.onScreen(); }
   Lines lines() const override;
+  Freshness freshness() const override;
   std::optional<std::string> fault() const override { return player_.fault(); }
   /// Which URLs were asked for. A recording opens none.
   std::optional<std::string> takeNews() override;
@@ -38,6 +39,8 @@ class PlayedScene : public Scene {
 
  private:
   void sleep();
+  /// Seconds of the recording, of the fix that is shown; none before the first.
+  std::optional<double> fixAge() const;
 
   IoRunLoop& loop_;
   Player& player_;

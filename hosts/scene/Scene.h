@@ -7,7 +7,7 @@
 #include <string>
 
 #include "hosts/panel/PanelKeys.h"
-#include "hosts/panel/WidgetInterface.h"
+#include "hosts/panel/PanelReading.h"
 
 namespace wayfell {
 
@@ -40,6 +40,7 @@ class Scene {
   virtual void resume() {}
 
   virtual Lines lines() const = 0;
+  virtual Freshness freshness() const = 0;
   /// What keeps the scene from going on.
   virtual std::optional<std::string> fault() const = 0;
   /// What has happened that the user should hear of, once.

@@ -21,6 +21,7 @@ class StillScene : public Scene {
 
   const WidgetInterface& interface() const override { return widget_.interface(); }
   bool onScreen() const override { return shown; }
+  Freshness freshness() const override { return {}; }
   Lines lines() const override { return said; }
   std::optional<std::string> fault() const override { return failed; }
   std::optional<std::string> takeNews() override { return std::exchange(news, std::nullopt); }
