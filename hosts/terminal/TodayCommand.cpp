@@ -31,7 +31,9 @@ constexpr const char* kTodayHelp =
     "first fix.";
 
 constexpr const char* kTodayMore =
-    "A click on a format, on [Open] or on the mark beside it does what their keys do.\n";
+    "A click on a format, on [Open], on the mark beside it or on a line of the keys does what "
+    "their\n"
+    "keys do; one on the line of a hidden panel shows it.\n";
 
 constexpr const char* kTodayExamples =
     "Examples:\n"

@@ -7,25 +7,49 @@
 #include <utility>
 #include <variant>
 
+#include "hosts/terminal/HostLines.h"
+#include "hosts/terminal/KeyPage.h"
 #include "hosts/text/TextWidth.h"
+#include "platform/NSBundle.h"
 
 namespace wayfell {
 namespace {
 
-// Those of the scene, below the panel.
-int rowsOf(const Scene::Lines& lines) { return lines.credit.empty() ? 2 : 3; }
-
-constexpr int kKeyColumns = 15;
 constexpr std::string_view kGap = "  ";  // between hints
 constexpr std::array kLeastActions = {PanelAction::tellKeys, PanelAction::quit};
 
-// The hints that the line below the panel may have room for, the longest first.
-std::array<std::string, 3> hintsOf(const Scene& scene) {
+std::vector<PanelAction> actionsOf(const Scene& scene) {
+  std::vector<PanelAction> actions(std::begin(kPanelActions), std::end(kPanelActions));
+  const auto own = scene.actions();
+  actions.insert(actions.end(), own.begin(), own.end());
+  actions.insert(actions.end(), kLeastActions.begin(), kLeastActions.end());
+  return actions;
+}
+
+std::vector<std::string> hintsOf(const Scene& scene) {
   using enum PanelAction;
+  const std::string least = keyHints(kLeastActions, kGap);
+  if (!scene.onScreen()) {
+    return {std::string(localized("h show")).append(kGap).append(least), least};
+  }
   const PanelAction own = scene.actions().front();
   const std::array all = {pickFormat, switchLayout, showOrHide, own, tellKeys, quit};
   const std::array some = {switchLayout, own, tellKeys, quit};
-  return {keyHints(all, kGap), keyHints(some, kGap), keyHints(kLeastActions, kGap)};
+  return {keyHints(all, kGap), keyHints(some, kGap), least};
+}
+
+// What stands in its place, to be clicked on anywhere.
+std::vector<TextRow> hiddenPanel(int columns, int mostRows) {
+  constexpr int kLeft = 2;
+  std::vector<TextRow> rows;
+  const auto text = localized("Panel hidden: h or a click shows it.");
+  for (const std::string& line : wrapped(text, columns - 2 * kLeft)) {
+    if (std::ssize(rows) == mostRows) break;
+    rows.push_back(
+        {{0, repeated(" ", kLeft) + line + repeated(" ", columns - kLeft - columnsOf(line)),
+          TextStyle::remark, PanelRequest{PanelAction::showOrHide}}});
+  }
+  return rows;
 }
 
 TerminalLook lookOf(TextStyle style) {
@@ -34,6 +58,8 @@ TerminalLook lookOf(TextStyle style) {
     case TextStyle::caption:
     case TextStyle::dots:
     case TextStyle::format:
+    case TextStyle::stale:
+    case TextStyle::remark:
       return {.dim = true};
     case TextStyle::value:
     case TextStyle::button:
@@ -44,6 +70,12 @@ TerminalLook lookOf(TextStyle style) {
       return {.bold = true, .color = TerminalColor::green};
     case TextStyle::chosenFormat:
       return {.color = TerminalColor::blackOnCyan};
+    case TextStyle::badge:
+      return {.bold = true, .reverse = true};
+    case TextStyle::warning:
+      return {.bold = true, .color = TerminalColor::red};
+    case TextStyle::plain:
+      return {};
   }
   return {};
 }
@@ -77,17 +109,19 @@ void TodayScreen::showChanges() {
   scene_.settle();
   const auto news = scene_.takeNews();
   if (news) tell(*news);
-  if (watch_.takeChanged() || news || scene_.lines() != shownLines_) draw();
+  if (watch_.takeChanged() || news || scene_.lines() != shownLines_ ||
+      scene_.freshness() != shownFreshness_) {
+    draw();
+  }
 }
 
 void TodayScreen::takeInput() {
   while (const auto input = terminal_.read()) {
     tell("");
+    const bool showedKeys = std::exchange(showsKeys_, false);
     if (const auto* click = std::get_if<Click>(&*input)) {
       act(requestAt(*click));
-    } else if (showsKeys_) {
-      showsKeys_ = false;
-    } else {
+    } else if (!showedKeys) {
       act(requestOf(std::get<KeyPress>(*input).key));
     }
   }
@@ -122,98 +156,44 @@ void TodayScreen::resume() {
 void TodayScreen::draw() {
   watch_.takeChanged();
   shownLines_ = scene_.lines();
-  const PanelRoom room{terminal_.columns(), std::max(0, terminal_.rows() - rowsOf(shownLines_)),
-                       terminal_.unicode()};
-  const ComposedPanel panel = composePanel(readPanel(scene_.interface()), room, "");
+  shownFreshness_ = scene_.freshness();
+  HostLines host{shownLines_, "", {}};
+  const int rows = std::max(0, terminal_.rows() - leastRowsOf(host));
+  const ComposedPanel panel = composePanel(readPanel(scene_.interface(), shownFreshness_),
+                                           {terminal_.columns(), rows, terminal_.unicode()}, "");
   left_ = std::max(0, (terminal_.columns() - panel.columns) / 2);
-  terminal_.clear();
-  rows_.clear();
-  int height = static_cast<int>(panel.rows.size());
   if (showsKeys_) {
-    height = drawKeys(panel, *room.rows);
-  } else if (scene_.onScreen()) {
-    drawPanel(panel);
+    rows_ = composeKeyPage(actionsOf(scene_), lastMessage_, panel.columns, rows);
   } else {
-    height = std::min(1, *room.rows);
-    terminal_.put(0, left_ + 2, height > 0 ? "The panel is hidden." : "", {.dim = true});
+    rows_ = scene_.onScreen() ? panel.rows : hiddenPanel(panel.columns, rows);
   }
-  drawLines(height, panel);
-  terminal_.show();
-}
+  host.message = message(panel);
+  if (host.message.empty() && !showsKeys_) host.hints = hintsOf(scene_);
+  const int columns = std::min(terminal_.columns(), panel.columns);
+  const int left = terminal_.rows() - static_cast<int>(rows_.size());
+  for (TextRow& row : composeHostLines(host, columns, left)) rows_.push_back(std::move(row));
 
-void TodayScreen::drawPanel(const ComposedPanel& panel) {
-  for (int row = 0; row < std::ssize(panel.rows); ++row) {
-    for (const TextSpan& span : panel.rows[static_cast<std::size_t>(row)]) {
+  terminal_.clear();
+  for (int row = 0; row < std::ssize(rows_); ++row) {
+    for (const TextSpan& span : rows_[static_cast<std::size_t>(row)]) {
       terminal_.put(row, left_ + span.column, span.text, lookOf(span.style));
     }
   }
-  rows_ = panel.rows;
+  terminal_.show();
 }
 
-// And below them what the line below the panel has no room for. Returns how many rows it takes.
-int TodayScreen::drawKeys(const ComposedPanel& panel, int mostRows) const {
-  std::vector<PanelAction> actions(std::begin(kPanelActions), std::end(kPanelActions));
-  const auto own = scene_.actions();
-  actions.insert(actions.end(), own.begin(), own.end());
-  actions.insert(actions.end(), kLeastActions.begin(), kLeastActions.end());
-  int row = 0;
-  for (const PanelAction action : actions) {
-    if (row == mostRows) return row;
-    const auto [keys, does] = helpOf(action);
-    terminal_.put(row, left_ + 2, keys, {.bold = true});
-    terminal_.put(row++, left_ + 2 + kKeyColumns, does);
-  }
-  const int columns = panel.columns - 4;
-  const std::string message = printable(lastMessage_);
-  if (columnsOf(message) <= columns) return row;
-  for (const std::string& line : wrapped(message, columns)) {
-    if (row == mostRows) return row;
-    terminal_.put(row++, left_ + 2, line, {.dim = true});
-  }
-  return row;
-}
-
-std::string TodayScreen::message(const ComposedPanel& panel, int columns) const {
-  if (const auto fault = scene_.fault()) return "Stopped: " + *fault;
+// What is to be told below the panel rather than hints.
+std::string TodayScreen::message(const ComposedPanel& panel) const {
+  if (const auto fault = scene_.fault()) return localizedStringWithFormat("Stopped: %@", *fault);
   if (!message_.empty()) return message_;
-  if (showsKeys_) return "";
-  if (!scene_.onScreen()) return "h show  " + keyHints(kLeastActions, kGap);
+  if (showsKeys_ || !scene_.onScreen()) return "";
   if (terminal_.columns() < kNarrowestPanel) {
-    return "needs " + std::to_string(kNarrowestPanel) + " columns";
+    return localizedStringWithFormat("needs %d columns", kNarrowestPanel);
   }
   if (panel.missingRows > 0) {
-    return std::to_string(panel.missingRows) +
-           (panel.missingRows == 1 ? " row has no room" : " rows have no room");
-  }
-  for (const std::string& hint : hintsOf(scene_)) {
-    if (columnsOf(hint) <= columns) return hint;
+    return localizedStringWithFormat("rows without room: %d", panel.missingRows);
   }
   return "";
-}
-
-void TodayScreen::drawLines(int row, const ComposedPanel& panel) const {
-  const int first = left_ + 1;
-  const int last = left_ + std::min(terminal_.columns(), panel.columns) - 1;  // the column after
-  const auto putRight = [&](int line, const std::string& text, TerminalLook look) {
-    terminal_.put(line, std::max(first, last - columnsOf(text)), text, look);
-  };
-
-  const std::string badge = " " + shownLines_.badge + " ";
-  const int title = first + columnsOf(badge) + 1;
-  terminal_.put(row, first, badge, {.bold = true, .reverse = true});
-  terminal_.put(
-      row, title,
-      fitted(printable(shownLines_.title), last - columnsOf(shownLines_.state) - 2 - title));
-  putRight(row, shownLines_.state, {.bold = true});
-
-  const std::string warning = fitted(printable(shownLines_.warning), last - first - 1);
-  const int warningColumns = warning.empty() ? 0 : columnsOf(warning) + 1;
-  const int columns = last - first - 1 - warningColumns;
-  terminal_.put(row + 1, first + 1, fitted(printable(message(panel, columns)), columns),
-                {.dim = true});
-  putRight(row + 1, warning, {.bold = true, .color = TerminalColor::red});
-  terminal_.put(row + 2, first + 1, fitted(printable(shownLines_.credit), last - first - 1),
-                {.dim = true});
 }
 
 std::optional<PanelRequest> TodayScreen::requestAt(Click click) const {

@@ -35,10 +35,7 @@ class TodayScreen {
 
   /// Draws everything; the terminal writes what differs.
   void draw();
-  std::string message(const ComposedPanel& panel, int columns) const;
-  void drawPanel(const ComposedPanel& panel);
-  int drawKeys(const ComposedPanel& panel, int mostRows) const;
-  void drawLines(int row, const ComposedPanel& panel) const;
+  std::string message(const ComposedPanel& panel) const;
 
   EventLoop& loop_;
   Terminal& terminal_;
@@ -48,8 +45,9 @@ class TodayScreen {
   std::string lastMessage_;
   bool showsKeys_ = false;
   Scene::Lines shownLines_;
+  Freshness shownFreshness_;
   int left_ = 0;               // the panel's first column
-  std::vector<TextRow> rows_;  // what can be clicked on
+  std::vector<TextRow> rows_;  // shown, and what can be clicked on
 };
 
 }  // namespace wayfell

@@ -3,11 +3,14 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <map>
+#include <regex>
 
 #include "hosts/replay/ReplayedWidget.h"
 #include "hosts/terminal/AsciiText.h"
 #include "hosts/text/TextWidth.h"
+#include "platform/SimulatedHost.h"
 
 namespace wayfell {
 namespace {
@@ -59,39 +62,89 @@ TEST(Panel, TheMarkIsOnTheHeading) {
   }
 }
 
-// Every row fills its width and its texts do not overlap, however long the values and, in other
-// languages, the captions are.
-TEST(Panel, RowsFillTheirWidth) {
-  for (const bool translated : {false, true}) {
-    ReplayedWidget widget;
-    if (translated) {
-      for (const char* key : {"Altitude", "Speed", "Pace", "Distance", "ETA", "Time", "Open", "Dm",
-                              "Latitude\nLongitude"}) {
-        widget.host().strings.translations[key] = "a long word in another language";
-      }
-    }
-    widget.apply(event::WriteSuite{{{"widgetAddressString", PropertyValue(std::string(200, 'x'))},
-                                    {"hasWaypoint", PropertyValue(true)},
-                                    {"distance", PropertyValue(1e12)},
-                                    {"time", PropertyValue(1e9)}}});
-    widget.apply(event::Turn{heading(1e30)});
-    CLLocation far;
-    far.coordinate = {-89.123456789, -179.123456789};
-    far.altitude = -12345678;
-    far.horizontalAccuracy = 1;
-    widget.apply(event::Locate{{far}});
-    for (const int columns : {1, 40, 41, 59, 60, 64, 500}) {
-      for (const std::optional<int> rows : {std::optional<int>(), std::optional<int>(22)}) {
-        const ComposedPanel panel = composed(widget, {columns, rows});
-        EXPECT_EQ(panel.columns, std::min(64, std::max(40, columns)));
-        for (const TextRow& row : panel.rows) {
-          int end = 0;
-          for (const TextSpan& span : row) {
-            EXPECT_GE(span.column, end) << span.text << " in " << columns;
-            end = span.column + columnsOf(span.text);
-          }
-          EXPECT_EQ(end, panel.columns) << row.at(1).text;
+// The longest that the formats come to, filled by hand.
+PanelReading longest() {
+  PanelReading panel;
+  const auto set = [&panel](PanelRow row, std::string caption, std::string value) {
+    panel[row].caption = std::move(caption);
+    panel[row].value = std::move(value);
+  };
+  set(PanelRow::heading, "", "6400 mils");
+  set(PanelRow::position, "Latitude\nLongitude", "89° 59' 60.00'' N\n179° 59' 60.00'' W");
+  set(PanelRow::altitude, "Altitude", "-12345 ft");
+  set(PanelRow::speed, "Pace", "99:59:59 /km");
+  set(PanelRow::waypointDistance, "Distance", "20003.93 km");
+  set(PanelRow::eta, "ETA", "596523 hr 14 m");
+  set(PanelRow::trackTime, "Time", "596523:14:07");
+  set(PanelRow::trackDistance, "Distance", "1000000000.00 km");
+  set(PanelRow::address, "", "A rather long street 12345, A town, A state");
+  set(PanelRow::open, "", "Open");
+  panel.formats = {"Dec", "Dm", "DMs", "MGRS", "UTM"};
+  return panel;
+}
+
+// Its rows, each of which fills its width with texts that do not overlap.
+std::string textOf(const ComposedPanel& panel) {
+  std::string text;
+  for (const TextRow& row : panel.rows) {
+    text += textOf(row) + "\n";
+    EXPECT_EQ(columnsOf(textOf(row)), panel.columns) << textOf(row);
+  }
+  return text;
+}
+
+TEST(Panel, WhatDoesNotFitStandsBelow) {
+  SimulatedHost host;
+  PanelReading panel = longest();
+  panel.captionNamesLines = false;
+  panel[PanelRow::position].value = "60 S 999999.9mE 10000000.0mN";
+  panel.waypointDim = true;
+  EXPECT_EQ(textOf(composePanel(panel, {}, "")), R"(╭─ Wayfell ────────────────────────────╮
+│             ▼                        │
+│                            6400 mils │
+│ 60 S 999999.9mE 10000000.0mN         │
+│                   Latitude Longitude │
+│ Altitude -12345 ft Pace 99:59:59 /km │
+├─ Waypoint ? ─────────────────────────┤
+│ Distance                 20003.93 km │
+│ ETA                   596523 hr 14 m │
+├─ Track ──────────────────────────────┤
+│ Time                    596523:14:07 │
+│ Distance            1000000000.00 km │
+├──────────────────────────────────────┤
+│ A rather long street 12345, A town,… │
+│  Dec  Dm  DMs  MGRS  UTM    [Open] ▾ │
+╰──────────────────────────────────────╯
+)");
+}
+
+// At any width, large or not, whatever captions other languages have, and where there are few rows,
+// of which the position keeps the last.
+TEST(Panel, NumbersAreNeverCut) {
+  SimulatedHost host;
+  constexpr std::array kNumbers = {
+      PanelRow::heading, PanelRow::altitude,  PanelRow::speed,        PanelRow::waypointDistance,
+      PanelRow::eta,     PanelRow::trackTime, PanelRow::trackDistance};
+  const std::regex cutNumber("[0-9]…");
+  for (const char* word : {"ETA", "Voraussichtliche Ankunftszeit", "وقت الوصول"}) {
+    host.strings.translations["Waypoint"] = host.strings.translations["Track"] = word;
+    for (const char* heading : {"0°", "1000000000000000019884624838656°"}) {
+      PanelReading panel = longest();
+      panel[PanelRow::heading].value = heading;
+      panel[PanelRow::eta].caption = panel[PanelRow::trackTime].caption = word;
+      panel[PanelRow::open].value = panel.formats[1] = word;
+      for (int columns = 38; columns <= 66; ++columns) {
+        const std::string all = textOf(composePanel(panel, {columns, {}}, ""));
+        for (const PanelRow row : kNumbers) {
+          EXPECT_NE(all.find(" " + panel[row].value + " "), std::string::npos)
+              << panel[row].value << " in\n"
+              << all;
         }
+        EXPECT_FALSE(std::regex_search(all, cutNumber)) << all;
+        const std::string large = textOf(composePanel(panel, {columns, 40}, ""));
+        EXPECT_FALSE(std::regex_search(large, cutNumber)) << large;
+        const std::string low = textOf(composePanel(panel, {columns, 3}, ""));
+        EXPECT_NE(low.find(" 179° 59' 60.00'' W "), std::string::npos) << low;
       }
     }
   }

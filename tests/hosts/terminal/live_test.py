@@ -78,13 +78,15 @@ class LivePanel(unittest.TestCase):
 
             screen.keys("h", ".")  # to a fix, which the hidden panel does not see
             sees("hidden")
-            screen.keys("t", "o", "0", "h")  # nor does it feel taps
+            screen.keys("t", "o", "0")  # nor does it feel taps
+            screen.click(0, 60)  # beyond the text in its place
             sees("shown-again")
             screen.keys(".", ".")  # the recording hides it
             sees("put-away")
             screen.keys("?")
             sees("keys")
-            screen.keys("q", ".")  # which leaves the keys only
+            screen.keys("q", "?")  # which leaves the keys only
+            screen.click_on("one second on, in a pause")
             screen.keys("+", "+")
             screen.wait_for_text("paused  ×5")
             screen.keys("-", "-", "-", "Space")
@@ -120,10 +122,12 @@ class LivePanel(unittest.TestCase):
                 screen.wait_for_lines(expected("ascii"), "ascii")
 
     def test_colors(self):
-        mark_in_red = "\033[31m▼"
         color = re.compile("\033\\[[0-9;]*[34][0-7]m")
         with shown(walk(), term="xterm") as screen:
-            self.assertIn(mark_in_red, re.sub("\033\\[1m", "", "\n".join(screen.lines(colors=True))))
+            self.assertIn("\033[2m▽", "\n".join(screen.lines(colors=True)))  # dim
+            screen.keys(".")
+            screen.wait_for_text("▼")
+            self.assertIn("\033[31m▼", re.sub("\033\\[1m", "", "\n".join(screen.lines(colors=True))))
         for environment in {"NO_COLOR": "1"}, {"term": "vt100"}:
             with self.subTest(environment), shown(walk(), **environment) as screen:
                 self.assertNotRegex("\n".join(screen.lines(colors=True)), color)

@@ -1,0 +1,62 @@
+#include "hosts/terminal/KeyPage.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "hosts/text/TextWidth.h"
+
+namespace wayfell {
+namespace {
+
+constexpr int kLeft = 2;
+constexpr int kGap = 2;
+
+// None for what has a key for each of several numbers, or is done by any click.
+std::optional<PanelRequest> requestFor(PanelAction action) {
+  switch (action) {
+    case PanelAction::pickFormat:
+    case PanelAction::changeRate:
+    case PanelAction::tellKeys:
+      return std::nullopt;
+    default:
+      return PanelRequest{action};
+  }
+}
+
+void addAction(std::vector<TextRow>& rows, PanelAction action, int keyColumns, int columns) {
+  const auto [keys, does] = helpOf(action);
+  const std::vector<std::string> left = wrapped(keys, keyColumns);
+  const std::vector<std::string> right = wrapped(does, columns - keyColumns - kGap);
+  for (std::size_t i = 0; i < std::max(left.size(), right.size()); ++i) {
+    TextRow& row = rows.emplace_back();
+    std::string key = i < left.size() ? left[i] : "";
+    key += repeated(" ", keyColumns + kGap - columnsOf(key));
+    row.push_back({kLeft, std::move(key), TextStyle::button, requestFor(action)});
+    if (i < right.size()) append(row, right[i], TextStyle::plain, requestFor(action));
+  }
+}
+
+}  // namespace
+
+std::vector<TextRow> composeKeyPage(std::span<const PanelAction> actions,
+                                    const std::string& lastMessage, int columns, int mostRows) {
+  const int room = columns - 2 * kLeft;
+  int keyColumns = 0;
+  for (const PanelAction action : actions) {
+    keyColumns = std::max(keyColumns, columnsOf(helpOf(action).keys));
+  }
+  keyColumns = std::min(keyColumns, room / 2);
+
+  std::vector<TextRow> rows;
+  for (const PanelAction action : actions) addAction(rows, action, keyColumns, room);
+  const std::string message = printable(lastMessage);
+  if (columnsOf(message) > room) {
+    for (std::string& line : wrapped(message, room)) {
+      rows.push_back({{kLeft, std::move(line), TextStyle::remark}});
+    }
+  }
+  rows.resize(std::min(rows.size(), static_cast<std::size_t>(std::max(0, mostRows))));
+  return rows;
+}
+
+}  // namespace wayfell

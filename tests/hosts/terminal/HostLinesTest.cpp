@@ -1,0 +1,47 @@
+#include "hosts/terminal/HostLines.h"
+
+#include <gtest/gtest.h>
+
+namespace wayfell {
+namespace {
+
+const char kWarning[] = "no gpsd at localhost:2947: this is the demo, not where you are";
+
+// In the first row there is always " DEMO  a walk".
+TEST(HostLines, WarningsComeBeforeHintsAndAreTheLastToBeCut) {
+  struct Case {
+    std::string message, warning;
+    int columns, rows;
+    std::string expected;
+  };
+  const std::string old = "fix 8 s old";
+  for (const auto& [message, warning, columns, rows, expected] : std::vector<Case>{
+           {"", "", 40, 9, "\n  t layout  ? keys  q quit"},
+           {"", old, 40, 9, "\n  t layout  ? keys  q quit  fix 8 s old"},
+           {"", old, 39, 2, "\n  ? keys  q quit           fix 8 s old"},
+           {"", old, 24, 3, "\n  ? keys  q quit\n  fix 8 s old"},
+           {"", old, 24, 2, "\n            fix 8 s old"},
+           {"", kWarning, 40, 2, "\n  no gpsd at localhost:2947: this is t…"},
+           {"", kWarning, 40, 3,
+            "\n  t layout  ? keys  q quit\n  no gpsd at localhost:2947: this is t…"},
+           {"", kWarning, 40, 9,
+            "\n  t layout  ? keys  q quit"
+            "\n  no gpsd at localhost:2947: this is"
+            "\n  the demo, not where you are"},
+           {"Open: wayfell://openFromWidget", old, 40, 3,
+            "\n  Open: wayfell://openFromWidget\n  fix 8 s old"},
+           {"Open: wayfell://openFromWidget", old, 40, 2,
+            "\n  Open: wayfell://openFro…  fix 8 s old"},
+           {"a long message", "", 12, 3, "\n  a long\n  message"},
+       }) {
+    const HostLines lines = {{"DEMO", "a walk", "", warning, ""},
+                             message,
+                             {"t layout  ? keys  q quit", "? keys  q quit"}};
+    std::string text;
+    for (const TextRow& row : composeHostLines(lines, columns, rows)) text += "\n" + textOf(row);
+    EXPECT_EQ(text.substr(text.find('\n', 1)), expected) << columns << " columns, " << rows;
+  }
+}
+
+}  // namespace
+}  // namespace wayfell
