@@ -34,10 +34,11 @@ void addCell(TextRow& row, const PanelCell& cell, int column, int columns) {
 TextRow besideEachOther(const PanelCell& left, const PanelCell& right, int columns) {
   const int half = (columns - kGap) / 2;
   const int most = columns - kLeastGap;
-  const int width = std::clamp(widthOf(right), half, std::max(half, most - widthOf(left)));
+  const int forRight = std::max(widthOf(right), std::min(half, most - widthOf(left)));
+  const int forLeft = std::min(std::max(half, widthOf(left)), most - forRight);
   TextRow row;
-  addCell(row, left, 0, std::min(std::max(half, widthOf(left)), most - width));
-  addCell(row, right, columns - width, width);
+  addCell(row, left, 0, forLeft);
+  addCell(row, right, columns - forRight, forRight);
   return row;
 }
 

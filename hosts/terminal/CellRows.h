@@ -22,13 +22,14 @@ struct PanelCell {
 /// The texts are printable.
 std::vector<TextRow> cellRows(const PanelCell& left, const PanelCell& right, int columns);
 
-/// The captions, and below them the values three rows high, or plain where large digits have no
-/// room; at the right end a picture, such as an arrow, if there is one. None where a value has no
-/// room even so.
+/// Stands at the right end of large cells.
 struct CellPicture {
   LargeText text;
   TextStyle style = TextStyle::arrow;
 };
+
+/// The captions, and below them the values three rows high, or plain where large digits have no
+/// room. None where a value has no room even so.
 std::optional<std::vector<TextRow>> largeCellRows(const PanelCell& left, const PanelCell& right,
                                                   const std::optional<CellPicture>& picture,
                                                   int columns);

@@ -51,13 +51,13 @@ std::vector<TextRow> compassRows(const PanelReading& panel, int columns, bool la
   }
   rows[1] = windowOn(panel, half);
   if (const LargeText text = largeText(heading); large && text.columns <= kept - kGap) {
-    for (std::size_t i = 0; i < kLargeRows; ++i)
+    for (std::size_t i = 0; i < kLargeRows; ++i) {
       appendBefore(rows[i], columns, text.rows[i], style);
+    }
   } else if (columnsOf(heading) < kept) {
     appendBefore(rows[1], columns, heading, style);
-  } else {  // no direction there is
-    for (std::string& line : wrapped(heading, columns))
-      rows.push_back({{0, std::move(line), style}});
+  } else {  // a number that is no direction
+    for (const std::string& line : wrapped(heading, columns)) rows.push_back({{0, line, style}});
   }
   return rows;
 }

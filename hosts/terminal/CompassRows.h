@@ -5,7 +5,7 @@
 //   ..N........45........E...        45°
 //
 // The mark is over "N" (or "0") at 0 degrees, over "E" (or "1600") at 90, and nowhere more than
-// half a column off. Where it stands for no fresh heading, it is hollow.
+// half a column off. Without a fresh heading it is hollow, or in ASCII a question mark.
 #pragma once
 
 #include <vector>

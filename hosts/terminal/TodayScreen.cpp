@@ -154,6 +154,17 @@ void TodayScreen::resume() {
 }
 
 void TodayScreen::draw() {
+  compose();
+  terminal_.clear();
+  for (int row = 0; row < std::ssize(rows_); ++row) {
+    for (const TextSpan& span : rows_[static_cast<std::size_t>(row)]) {
+      terminal_.put(row, left_ + span.column, span.text, lookOf(span.style));
+    }
+  }
+  terminal_.show();
+}
+
+void TodayScreen::compose() {
   watch_.takeChanged();
   shownLines_ = scene_.lines();
   shownFreshness_ = scene_.freshness();
@@ -172,14 +183,6 @@ void TodayScreen::draw() {
   const int columns = std::min(terminal_.columns(), panel.columns);
   const int left = terminal_.rows() - static_cast<int>(rows_.size());
   for (TextRow& row : composeHostLines(host, columns, left)) rows_.push_back(std::move(row));
-
-  terminal_.clear();
-  for (int row = 0; row < std::ssize(rows_); ++row) {
-    for (const TextSpan& span : rows_[static_cast<std::size_t>(row)]) {
-      terminal_.put(row, left_ + span.column, span.text, lookOf(span.style));
-    }
-  }
-  terminal_.show();
 }
 
 // What is to be told below the panel rather than hints.

@@ -35,6 +35,7 @@ class TodayScreen {
 
   /// Draws everything; the terminal writes what differs.
   void draw();
+  void compose();
   std::string message(const ComposedPanel& panel) const;
 
   EventLoop& loop_;

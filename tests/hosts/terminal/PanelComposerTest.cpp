@@ -3,7 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include <array>
 #include <map>
 #include <regex>
 
@@ -93,6 +92,22 @@ std::string textOf(const ComposedPanel& panel) {
   return text;
 }
 
+// Besides its look it has a sign where it is a direction.
+TEST(Panel, WhatIsOldOrUnknownLooksSo) {
+  SimulatedHost host;
+  PanelReading panel = longest();
+  panel.northDim = panel.waypointDim = panel[PanelRow::altitude].dim = true;
+  panel.waypoint = 90;
+  std::string stale;
+  for (const TextRow& row : composePanel(panel, {}, "").rows) {
+    for (const TextSpan& span : row) {
+      const bool blank = span.text.find_first_not_of(' ') == std::string::npos;
+      if (span.style == TextStyle::stale && !blank) stale += span.text + "|";
+    }
+  }
+  EXPECT_EQ(stale, "▽|-12345 ft| →?|");
+}
+
 TEST(Panel, WhatDoesNotFitStandsBelow) {
   SimulatedHost host;
   PanelReading panel = longest();
@@ -118,34 +133,37 @@ TEST(Panel, WhatDoesNotFitStandsBelow) {
 )");
 }
 
-// At any width, large or not, whatever captions other languages have, and where there are few rows,
-// of which the position keeps the last.
+// Large or not, and where there are few rows, of which the position keeps the last.
+void expectNoNumberIsCut(const PanelReading& panel, int columns) {
+  const std::string all = textOf(composePanel(panel, {columns, {}}, ""));
+  for (const PanelRow row :
+       {PanelRow::heading, PanelRow::altitude, PanelRow::speed, PanelRow::waypointDistance,
+        PanelRow::eta, PanelRow::trackTime, PanelRow::trackDistance}) {
+    EXPECT_NE(all.find(" " + panel[row].value + " "), std::string::npos)
+        << panel[row].value << " in\n"
+        << all;
+  }
+  const std::regex cutNumber("[0-9]…");
+  const std::string large = textOf(composePanel(panel, {columns, 40}, ""));
+  EXPECT_FALSE(std::regex_search(all + large, cutNumber)) << all << large;
+  const std::string low = textOf(composePanel(panel, {columns, 3}, ""));
+  EXPECT_NE(low.find(" 179° 59' 60.00'' W "), std::string::npos) << low;
+}
+
 TEST(Panel, NumbersAreNeverCut) {
   SimulatedHost host;
-  constexpr std::array kNumbers = {
-      PanelRow::heading, PanelRow::altitude,  PanelRow::speed,        PanelRow::waypointDistance,
-      PanelRow::eta,     PanelRow::trackTime, PanelRow::trackDistance};
-  const std::regex cutNumber("[0-9]…");
   for (const char* word : {"ETA", "Voraussichtliche Ankunftszeit", "وقت الوصول"}) {
     host.strings.translations["Waypoint"] = host.strings.translations["Track"] = word;
-    for (const char* heading : {"0°", "1000000000000000019884624838656°"}) {
-      PanelReading panel = longest();
+    PanelReading panel = longest();
+    panel[PanelRow::eta].caption = panel[PanelRow::trackTime].caption = word;
+    panel[PanelRow::open].value = panel.formats[1] = word;
+    for (const auto& [heading, eta] : std::map<std::string, std::string>{
+             {"0°", "0 m"},
+             {"6400 mils", "14 hr 6 m"},
+             {"1000000000000000019884624838656°", "596523 hr 14 m"}}) {
       panel[PanelRow::heading].value = heading;
-      panel[PanelRow::eta].caption = panel[PanelRow::trackTime].caption = word;
-      panel[PanelRow::open].value = panel.formats[1] = word;
-      for (int columns = 38; columns <= 66; ++columns) {
-        const std::string all = textOf(composePanel(panel, {columns, {}}, ""));
-        for (const PanelRow row : kNumbers) {
-          EXPECT_NE(all.find(" " + panel[row].value + " "), std::string::npos)
-              << panel[row].value << " in\n"
-              << all;
-        }
-        EXPECT_FALSE(std::regex_search(all, cutNumber)) << all;
-        const std::string large = textOf(composePanel(panel, {columns, 40}, ""));
-        EXPECT_FALSE(std::regex_search(large, cutNumber)) << large;
-        const std::string low = textOf(composePanel(panel, {columns, 3}, ""));
-        EXPECT_NE(low.find(" 179° 59' 60.00'' W "), std::string::npos) << low;
-      }
+      panel[PanelRow::eta].value = eta;
+      for (int columns = 38; columns <= 66; ++columns) expectNoNumberIsCut(panel, columns);
     }
   }
 }
