@@ -1,5 +1,6 @@
-// All keys, and what they do; a click on one does it. Below them the last message in full, where
-// the line for it has no room.
+// All keys, and what they do; a click on one does it. A text that is too long goes on below, or is
+// cut where there are too few rows for all keys. Below them the last message in full, where the
+// line for it has no room.
 #pragma once
 
 #include <span>
