@@ -173,8 +173,8 @@ class Importer {
   bool importRow(const std::string& file, AddressFile& rows) {
     try {
       if (!rows.next(row_)) return false;
-      if (row_.isEmpty()) {
-        ++empty_;
+      if (!row_.isAddress()) {
+        ++withoutStreet_;
       } else if (!(row_ == last_)) {
         // Flats of one house are rows that differ in what a book does not keep.
         import_.add(row_);
@@ -214,9 +214,8 @@ class Importer {
 
   void tellOfLeftOut() const {
     if (bad_ > kComplaints) complain(counted(bad_, "row", "rows") + " in all could not be read");
-    if (empty_ > 0) {
-      complainMore(counted(empty_, "row has", "rows have") +
-                   " a position and no address: left out");
+    if (withoutStreet_ > 0) {
+      complainMore(counted(withoutStreet_, "row has", "rows have") + " no street: left out");
     }
   }
 
@@ -242,7 +241,7 @@ class Importer {
   std::uintmax_t bytes_;  // of all files; 0 is unknown
   std::uintmax_t bytesRead_ = 0;
   std::uint64_t rows_ = 0;
-  std::uint64_t empty_ = 0;
+  std::uint64_t withoutStreet_ = 0;
   std::uint64_t bad_ = 0;
   AddressRow row_;
   AddressRow last_;  // of those that were imported
@@ -268,7 +267,7 @@ int import(const AddressImportCommand& command) {
 
 int importAll(const AddressImportCommand& command) {
   if (command.country && !isCountryCode(*command.country)) {
-    complain(inQuotes(*command.country) + " is no country: two letters of ISO 3166, such as US");
+    complain(inQuotes(*command.country) + " is no country: two letters of ISO 3166-1, such as US");
     return kBadUsage;
   }
   endingSignal = 0;

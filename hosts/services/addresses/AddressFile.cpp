@@ -109,10 +109,6 @@ void readPart(std::string& part, const std::optional<Value>& properties, std::st
 }
 
 void readFeature(Value feature, AddressRow& row) {
-  if (isText(feature.member("type"), "FeatureCollection")) {
-    throw std::invalid_argument(
-        "a FeatureCollection, not a Feature a line (jq -c '.features[]' makes it so)");
-  }
   if (!isText(feature.member("type"), "Feature")) throw std::invalid_argument("not a Feature");
   readPosition(feature, row);
   const auto properties = feature.member("properties");
@@ -146,6 +142,18 @@ class AddressFeatures : public AddressFile {
   JsonLine json_;
 };
 
+constexpr std::size_t kCollectionStart = 4096;  // bytes, in which a collection says that it is one
+
+// An ordinary GeoJSON file is one object, on one line or on many.
+void refuseCollection(std::string_view start) {
+  const std::size_t collection = start.find("\"FeatureCollection\"");
+  if (collection > start.find("\"Feature\"")) return;  // also where there is none
+  if (collection == std::string_view::npos) return;
+  throw InputError(
+      "a GeoJSON FeatureCollection, not a Feature a line: "
+      "jq -c '.features[]' FILE | wayfell addresses import -");
+}
+
 }  // namespace
 
 std::unique_ptr<AddressFile> openAddressFile(InputBytes input) {
@@ -158,7 +166,10 @@ std::unique_ptr<AddressFile> openAddressFile(InputBytes input) {
     throw InputError("compressed: unpack it first (zcat FILE.gz | wayfell addresses import -)");
   }
   start.remove_prefix(std::min(start.find_first_not_of(" \t\r\n"), start.size()));
-  if (start.starts_with("{")) return std::make_unique<AddressFeatures>(std::move(input));
+  if (start.starts_with("{")) {
+    refuseCollection(input.peek(kCollectionStart));
+    return std::make_unique<AddressFeatures>(std::move(input));
+  }
   return std::make_unique<AddressCsv>(std::move(input));
 }
 

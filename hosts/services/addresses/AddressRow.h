@@ -20,10 +20,8 @@ struct AddressRow {
 
   friend bool operator==(const AddressRow&, const AddressRow&) = default;
 
-  /// Some rows have a position and nothing else.
-  bool isEmpty() const {
-    return number.empty() && street.empty() && city.empty() && region.empty();
-  }
+  /// Some rows have no more than a position and a town.
+  bool isAddress() const { return !street.empty(); }
 };
 
 /// Sets a part to a text whose control characters have become blanks, with single blanks between

@@ -6,6 +6,7 @@
 #include "hosts/services/addresses/AddressBook.h"
 #include "hosts/services/addresses/BookFile.h"
 #include "hosts/services/addresses/Nominatim.h"
+#include "hosts/services/stores/StorePaths.h"
 #include "hosts/text/TextScanner.h"
 
 namespace wayfell {
@@ -14,6 +15,16 @@ namespace {
 std::optional<std::string> textOf(const KeyValueStore& store, const char* key) {
   const PropertyValue* const value = store.find(key);
   return value == nullptr ? std::nullopt : value->stringValue();
+}
+
+// "turns-nominatim.openstreetmap.org" in the data folder of the stores.
+std::filesystem::path turnsFile(const ServerUrl& server) {
+  std::string name = server.shown();
+  name.erase(0, name.find("://") + 3);
+  for (char& c : name) {
+    if (c == '/' || c == ':') c = '-';
+  }
+  return dataFolder() / ("turns-" + name);
 }
 
 std::unique_ptr<AttributedGeocoder> serviceOf(const AddressChoice& choice, IoRunLoop& loop,
@@ -26,8 +37,8 @@ std::unique_ptr<AttributedGeocoder> serviceOf(const AddressChoice& choice, IoRun
     return std::make_unique<AddressBook>(addressBookPath(), Missing::isWarnedAbout, warn);
   }
   if (choice.service == "nominatim") {
-    return std::make_unique<Nominatim>(loop,
-                                       ServerUrl(choice.url.value_or(Nominatim::kPublicServer)),
+    const ServerUrl server(choice.url.value_or(Nominatim::kPublicServer));
+    return std::make_unique<Nominatim>(loop, server, turnsFile(server),
                                        acceptLanguage(userLocale()), warn);
   }
   if (choice.service == "none") return std::make_unique<NoGeocoder>();

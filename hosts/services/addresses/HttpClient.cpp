@@ -88,6 +88,7 @@ class HttpClient::Transfers {
     set(CURLOPT_USERAGENT, request.userAgent.c_str());
     set(CURLOPT_TIMEOUT_MS, static_cast<long>(request.timeout * 1000));
     set(CURLOPT_NOSIGNAL, 1L);
+    set(CURLOPT_ACCEPT_ENCODING, "");  // all that this libcurl can unpack
     // Names are resolved on a thread of libcurl's. A request given up does not wait for it.
     set(CURLOPT_QUICK_EXIT, 1L);
     set(CURLOPT_WRITEFUNCTION, &received);

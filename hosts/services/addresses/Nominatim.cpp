@@ -74,45 +74,52 @@ NominatimAnswer readNominatimAnswer(std::string_view json) {
   }
 }
 
-Nominatim::Nominatim(IoRunLoop& loop, ServerUrl server, std::string languages, Warn warn,
-                     double timeout)
+Nominatim::Nominatim(IoRunLoop& loop, ServerUrl server, std::filesystem::path turns,
+                     std::string languages, Warn warn, double timeout)
     : loop_(loop),
       server_(std::move(server)),
       languages_(std::move(languages)),
       warn_(std::move(warn)),
       timeout_(timeout),
+      turns_(std::move(turns)),
       client_(loop) {}
 
 Nominatim::~Nominatim() {
-  for (const auto& timer : {rest_, pause_}) {
-    if (timer) loop_.cancelTimer(*timer);
-  }
+  if (turn_) loop_.cancelTimer(*turn_);
 }
 
 void Nominatim::reverseGeocode(const std::optional<CLLocation>& location, Completion completion) {
-  if (!location || !isPosition(location->coordinate) || pause_) {
+  if (!location || !isPosition(location->coordinate)) {
     completion(std::nullopt);
     return;
   }
   const Completion replaced = std::exchange(completion_, std::move(completion));
   client_.cancel();
   position_ = location->coordinate;
-  if (!rest_) send();
+  if (!turn_) awaitTurn();
   if (replaced) replaced(std::nullopt);
 }
 
-void Nominatim::send() {
-  rest_ = loop_.scheduleTimer(kBetweenRequests, false, [this] {
-    rest_.reset();
-    if (completion_ && !client_.isBusy()) send();
+// What is asked for meanwhile is asked in the same turn.
+void Nominatim::awaitTurn() {
+  const auto wait = turns_.take(kBetweenRequests, kLongestWait);
+  turn_ = loop_.scheduleTimer(wait.value_or(0), false, [this, isComing = wait.has_value()] {
+    turn_.reset();
+    if (isComing) return send();
+    fail("wants to be left alone for a while");
+    complete(std::nullopt);
   });
+}
+
+void Nominatim::send() {
   client_.get({server_.requestFor(position_), "wayfell/" WAYFELL_VERSION, languages_, timeout_},
               [this](const HttpClient::Answer& answer) { complete(placesOf(answer)); });
 }
 
 Nominatim::Places Nominatim::placesOf(const HttpClient::Answer& answer) {
   if (answer.status == kTooManyRequests || answer.status == kUnavailable) {
-    pause(answer.retryAfter.value_or(kUsualPause));
+    const double asked = answer.retryAfter.value_or(kUsualPause);
+    turns_.putOff(std::clamp(asked, kBetweenRequests, kLongestPause));
   }
   if (!answer.redirection.empty()) {
     fail("sends on to " + answer.redirection + ", which nobody has agreed to");
@@ -133,11 +140,6 @@ Nominatim::Places Nominatim::placesOf(const HttpClient::Answer& answer) {
     }
   }
   return std::nullopt;
-}
-
-void Nominatim::pause(double seconds) {
-  pause_ = loop_.scheduleTimer(std::clamp(seconds, kBetweenRequests, kLongestPause), false,
-                               [this] { pause_.reset(); });
 }
 
 void Nominatim::fail(const std::string& why) {

@@ -2,8 +2,9 @@
 // made only for a user who has agreed to that server.
 //
 // It keeps to what the public server asks of its users: one request at a time and at most one a
-// second, and none before the time that a server asks to be left alone for. A request made while
-// another waits or is under way replaces it, and the other fails.
+// second, whichever of the user's programs makes it, and none before the time that a server asks to
+// be left alone for. A request made while another waits or is under way replaces it, and the other
+// fails.
 #pragma once
 
 #include <optional>
@@ -14,6 +15,7 @@
 #include "hosts/services/Warn.h"
 #include "hosts/services/addresses/AttributedGeocoder.h"
 #include "hosts/services/addresses/HttpClient.h"
+#include "hosts/services/addresses/RequestTurns.h"
 #include "hosts/services/addresses/ServerUrl.h"
 
 namespace wayfell {
@@ -40,15 +42,18 @@ class Nominatim : public AttributedGeocoder {
   /// Seconds, unless stated otherwise, as all of these.
   static constexpr double kTimeout = 10;
   static constexpr double kBetweenRequests = 1;
+  /// For one's turn; a request that would wait longer fails.
+  static constexpr double kLongestWait = 10;
   /// For a server that is overloaded and does not say for how long; and the longest that one may
   /// say.
   static constexpr double kUsualPause = 60;
   static constexpr double kLongestPause = 86400;
 
-  /// Names are asked for in the languages of an Accept-Language header; empty: the local ones.
-  /// Warns of failures, once until an answer comes again.
-  Nominatim(IoRunLoop& loop, ServerUrl server, std::string languages, Warn warn,
-            double timeout = kTimeout);
+  /// The file has the turns of all programs that ask the server. Names are asked for in the
+  /// languages of an Accept-Language header; empty: the local ones. Warns of failures, once until
+  /// an answer comes again.
+  Nominatim(IoRunLoop& loop, ServerUrl server, std::filesystem::path turns, std::string languages,
+            Warn warn, double timeout = kTimeout);
   ~Nominatim() override;
 
   void reverseGeocode(const std::optional<CLLocation>& location, Completion completion) override;
@@ -58,9 +63,9 @@ class Nominatim : public AttributedGeocoder {
  private:
   using Places = std::optional<std::vector<CLPlacemark>>;
 
+  void awaitTurn();
   void send();
   Places placesOf(const HttpClient::Answer& answer);
-  void pause(double seconds);
   void fail(const std::string& why);
   void complete(const Places& places);
 
@@ -69,11 +74,11 @@ class Nominatim : public AttributedGeocoder {
   std::string languages_;
   Warn warn_;
   double timeout_;
+  RequestTurns turns_;
   HttpClient client_;
   Completion completion_;  // of the request that waits or is under way, or null
   CLLocationCoordinate2D position_;
-  std::optional<RunLoop::TimerId> rest_;   // until the next request may be sent
-  std::optional<RunLoop::TimerId> pause_;  // while the server wants to be left alone
+  std::optional<RunLoop::TimerId> turn_;  // until it comes
   bool warned_ = false;
   std::string attribution_;
 };

@@ -17,7 +17,7 @@ std::optional<std::string> streetText(std::string_view number, std::string_view 
 /// None for an empty text.
 std::optional<std::string> textOrNone(std::string_view text);
 
-/// Whether it is two letters A to Z, in either case.
+/// Whether it is a country's code of ISO 3166-1, in either case.
 bool isCountryCode(std::string_view text);
 
 }  // namespace wayfell

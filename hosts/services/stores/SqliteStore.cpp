@@ -125,9 +125,7 @@ bool SqliteStore::Implementation::save() {
       return true;
     }
   }
-  tell(saving_,
-       "changes cannot be saved: the file is being replaced again and again; they are "
-       "tried again with the next change");
+  tell(saving_, "changes cannot be saved: the file is being replaced again and again");
   return false;
 }
 
@@ -142,8 +140,7 @@ SqliteStore::Implementation::Outcome SqliteStore::Implementation::write() {
       return Outcome::putAside;
     }
     if (isForWantOfALock(error)) table_->waitForLocks(kImpatience);
-    tell(saving_, std::string("changes cannot be saved: ") + error.what() +
-                      "; they are tried again with the next change");
+    tell(saving_, std::string("changes cannot be saved: ") + error.what());
     return Outcome::failed;
   }
 }

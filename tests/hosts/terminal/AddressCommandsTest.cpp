@@ -90,7 +90,7 @@ TEST_F(AddressesTest, ImportsAndFinds) {
 
 TEST_F(AddressesTest, TellsOfBadRowsAndGoesOn) {
   std::string rows = std::string(kHeader) + "7,0,1,New Street,Town,X\n7,0,1,New Street,Town,X\n";
-  rows += "7,0,,,,\n";
+  rows += "7,0,12,,Town,X\n";
   for (int i = 0; i < 7; ++i) rows += "x,0,1,a,b,c\n";
   const Finished finished = wayfell({"import", "--country", "US", "-"}, rows);
   EXPECT_EQ(finished.status, 1);
@@ -98,7 +98,7 @@ TEST_F(AddressesTest, TellsOfBadRowsAndGoesOn) {
   EXPECT_THAT(finished.errors,
               AllOf(HasSubstr("standard input:5: LON: \"x\" is no number\n"), HasSubstr(":9: "),
                     Not(HasSubstr(":10: ")), HasSubstr("7 rows in all could not be read"),
-                    HasSubstr("1 row has a position and no address")));
+                    HasSubstr("1 row has no street: left out")));
   EXPECT_THAT(wayfell({"find", "0", "7"}).output, StartsWith("1 New Street"));
 }
 
