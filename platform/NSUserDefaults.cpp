@@ -1,30 +1,37 @@
 #include "platform/NSUserDefaults.h"
 
 #include <utility>
+#include <variant>
 
 namespace wayfell {
+namespace {
 
-std::optional<PropertyValue> TypedStore::objectForKey(std::string_view key) const {
-  const PropertyValue* value = find(key);
+std::optional<PropertyValue> copyOf(const PropertyValue* value) {
   return value ? std::optional(*value) : std::nullopt;
 }
 
-std::int64_t TypedStore::integerForKey(std::string_view key) const {
+}  // namespace
+
+std::optional<PropertyValue> NSUserDefaults::objectForKey(std::string_view key) const {
+  return copyOf(find(key));
+}
+
+std::int64_t NSUserDefaults::integerForKey(std::string_view key) const {
   const PropertyValue* value = find(key);
   return value ? value->integerValue() : 0;
 }
 
-double TypedStore::doubleForKey(std::string_view key) const {
+double NSUserDefaults::doubleForKey(std::string_view key) const {
   const PropertyValue* value = find(key);
   return value ? value->doubleValue() : 0;
 }
 
-bool TypedStore::boolForKey(std::string_view key) const {
+bool NSUserDefaults::boolForKey(std::string_view key) const {
   const PropertyValue* value = find(key);
   return value ? value->boolValue() : false;
 }
 
-std::optional<std::string> TypedStore::stringForKey(std::string_view key) const {
+std::optional<std::string> NSUserDefaults::stringForKey(std::string_view key) const {
   const PropertyValue* value = find(key);
   return value ? value->stringValue() : std::nullopt;
 }
@@ -35,7 +42,7 @@ std::optional<NSUserDefaults> NSUserDefaults::standardUserDefaults() {
 }
 
 NSUserDefaults::NSUserDefaults(std::string_view suiteName)
-    : TypedStore(Host::current().sharedDefaults(suiteName)) {}
+    : store_(Host::current().sharedDefaults(suiteName)) {}
 
 void NSUserDefaults::setObjectForKey(std::optional<PropertyValue> object, std::string_view key) {
   if (store_) store_->set(key, std::move(object));
@@ -51,7 +58,28 @@ void NSUserDefaults::setBoolForKey(bool boolean, std::string_view key) {
 
 std::optional<NSUbiquitousKeyValueStore> NSUbiquitousKeyValueStore::defaultStore() {
   KeyValueStore* store = Host::current().ubiquitousDefaults();
-  return store ? std::optional(NSUbiquitousKeyValueStore(store)) : std::nullopt;
+  return store ? std::optional(NSUbiquitousKeyValueStore(*store)) : std::nullopt;
+}
+
+// Null for a text. The types that are no numbers either read as zero by themselves.
+const PropertyValue* NSUbiquitousKeyValueStore::findNumber(std::string_view key) const {
+  const PropertyValue* value = store_->find(key);
+  const bool isText = value != nullptr && std::holds_alternative<std::string>(value->storage());
+  return isText ? nullptr : value;
+}
+
+std::optional<PropertyValue> NSUbiquitousKeyValueStore::objectForKey(std::string_view key) const {
+  return copyOf(store_->find(key));
+}
+
+double NSUbiquitousKeyValueStore::doubleForKey(std::string_view key) const {
+  const PropertyValue* number = findNumber(key);
+  return number ? number->doubleValue() : 0;
+}
+
+bool NSUbiquitousKeyValueStore::boolForKey(std::string_view key) const {
+  const PropertyValue* number = findNumber(key);
+  return number ? number->boolValue() : false;
 }
 
 }  // namespace wayfell

@@ -39,7 +39,8 @@ class UserDefaults {
 
   /// Copies one key down from the cloud store. How it is typed depends on the key: a number
   /// becomes an integer, truncated toward zero; an object is copied as it is (a missing one
-  /// removes the local key); a boolean stays a boolean. Keys of no set are left alone.
+  /// removes the local key); a boolean stays a boolean. A cloud value that is no number reads as 0
+  /// and false. Keys of no set are left alone.
   static void syncronizeKey(std::string_view key);
 };
 

@@ -48,7 +48,9 @@ TEST(UserDefaults, SyncTypesAKeyByItsSet) {
   const Case cases[] = {
       {"rateAppCount", 3.9, 3},
       {"rateAppCount", std::nullopt, 0},
-      {"units", "2 or so", 2},
+      {"rateAppCount", -2.5, -2},
+      {"units", "2", 0},  // a text is no number in the cloud
+      {"units", NSDate{2}, 0},
       {"compassHeading", true, 1},
       {"defaultTrackName", "My track", 0},  // a number all the same
       {"showTrackPins", true, true},        // also a boolean by name: copied as an object
@@ -56,7 +58,8 @@ TEST(UserDefaults, SyncTypesAKeyByItsSet) {
       {"customMapArray", PropertyValue::List{1, "two"}, PropertyValue::List{1, "two"}},
       {"display1", std::nullopt, std::nullopt},
       {"rotateMap", 7, true},
-      {"hideToolbar", "NO", false},
+      {"hideToolbar", "YES", false},
+      {"sleepMode", PropertyValue::List{true}, false},
       {"groundOverlayTransparency", 0.5, true},
       {"sounds", std::nullopt, false},
       {"selectedDatum", "elsewhere", "before"},  // no set: left alone
