@@ -15,6 +15,7 @@
 #include <utility>
 
 #include "hosts/text/Characters.h"
+#include "platform/NSBundle.h"
 
 namespace wayfell {
 namespace {
@@ -57,16 +58,29 @@ int start(std::string url, pid_t& process) {
   return error;
 }
 
-std::string outcome(const siginfo_t& end) {
-  if (end.si_code != CLD_EXITED) return "it was ended by signal " + std::to_string(end.si_status);
-  switch (end.si_status) {  // xdg-open(1)
-    case 3:
-      return "a program that it needs is not installed";
-    case 4:
-      return "no program opened the app's address";
-    default:
-      return "it ended with status " + std::to_string(end.si_status);
+std::string whyNotStarted(int error, const std::string& url) {
+  if (error == ENOENT) {
+    return localizedStringWithFormat(
+        "nothing opens %@: install xdg-open, which is in the package xdg-utils", url);
   }
+  return localizedStringWithFormat("%@ is not opened: xdg-open cannot be started (%@)", url,
+                                   std::system_category().message(error));
+}
+
+std::string whyNotOpened(const siginfo_t& end, const std::string& url) {
+  if (end.si_code != CLD_EXITED) {
+    return localizedStringWithFormat("%@ is not opened: xdg-open was ended by signal %d", url,
+                                     end.si_status);
+  }
+  constexpr int kNoTool = 3;  // statuses of xdg-open(1)
+  constexpr int kActionFailed = 4;
+  if (end.si_status == kNoTool || end.si_status == kActionFailed) {
+    return localizedStringWithFormat(
+        "nothing opens %@: install the containing app, or register a handler for %@", url,
+        url.substr(0, url.find(':')) + "://");
+  }
+  return localizedStringWithFormat("%@ is not opened: xdg-open ended with status %d", url,
+                                   end.si_status);
 }
 
 }  // namespace
@@ -82,22 +96,18 @@ bool DesktopUrlOpener::openURL(const std::optional<NSURL>& url) {
   if (!url || !hasScheme(url->absoluteString())) return false;
   pid_t process = 0;
   if (const int error = start(url->absoluteString(), process); error != 0) {
-    std::string sentence = kOpener;
-    sentence += ": it cannot be started (" + std::system_category().message(error) +
-                "), so the app does not open";
-    if (error == ENOENT) sentence += "; it is in the package xdg-utils";
-    warn_(sentence);
+    warn_(whyNotStarted(error, url->absoluteString()));
     return false;
   }
-  follow(process);
+  follow(process, url->absoluteString());
   return true;
 }
 
-void DesktopUrlOpener::follow(pid_t process) {
+void DesktopUrlOpener::follow(pid_t process, const std::string& url) {
   // The header with the function for it is not for C++ in Debian 12.
   const int descriptor = static_cast<int>(syscall(SYS_pidfd_open, process, 0));
   if (descriptor < 0) return;  // how it ends is not told then
-  const auto opening = openings_.insert(openings_.end(), Opening{process, descriptor});
+  const auto opening = openings_.insert(openings_.end(), Opening{process, descriptor, url});
   opening->watch = loop_.watch(descriptor, {.readable = true},
                                [this, opening](IoRunLoop::Readiness /*ready*/) { end(opening); });
 }
@@ -105,11 +115,12 @@ void DesktopUrlOpener::follow(pid_t process) {
 void DesktopUrlOpener::end(Openings::iterator opening) {
   siginfo_t end = {};
   const int result = waitid(P_PID, static_cast<id_t>(opening->process), &end, WEXITED | WNOHANG);
+  const std::string url = opening->url;
   forget(*opening);
   openings_.erase(opening);
   // Whoever else has reaped it knows how it ended.
   if (result != 0 || (end.si_code == CLD_EXITED && end.si_status == 0)) return;
-  warn_(std::string(kOpener) + ": " + outcome(end) + ", so the app did not open");
+  warn_(whyNotOpened(end, url));
 }
 
 void DesktopUrlOpener::forget(const Opening& opening) {

@@ -4,6 +4,7 @@
 #include <sys/types.h>
 
 #include <list>
+#include <string>
 
 #include "hosts/loop/IoRunLoop.h"
 #include "hosts/services/Warn.h"
@@ -21,7 +22,8 @@ class DesktopUrlOpener : public UrlOpener {
 
   /// Returns at once. True when xdg-open has been started, in a session of its own, with the URL as
   /// its one argument; no shell sees it. What becomes of that is not waited for: a failure is
-  /// warned of when it shows. No URL, or one without a scheme, opens nothing.
+  /// warned of when it shows, with the URL and what to do. No URL, or one without a scheme, opens
+  /// nothing.
   bool openURL(const std::optional<NSURL>& url) override;
 
  private:
@@ -29,11 +31,12 @@ class DesktopUrlOpener : public UrlOpener {
   struct Opening {
     pid_t process = 0;
     int descriptor = -1;
+    std::string url;
     IoRunLoop::WatchId watch = 0;
   };
   using Openings = std::list<Opening>;
 
-  void follow(pid_t process);
+  void follow(pid_t process, const std::string& url);
   void end(Openings::iterator opening);
   void forget(const Opening& opening);
 

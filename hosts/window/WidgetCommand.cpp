@@ -61,16 +61,13 @@ bool readsRightToLeft() {
   return false;
 }
 
-// Tells of what happens before there is a window as soon as there is one.
+// Tells of what happens before there is a window as soon as there is one. What is repeated is on
+// standard error once.
 class Notices {
  public:
   void warn(const std::string& sentence) {
-    complain(sentence);
-    if (panel_) {
-      panel_->tell(QString::fromStdString(sentence));
-    } else {
-      last_ = sentence;
-    }
+    if (std::exchange(last_, sentence) != sentence) complain(sentence);
+    if (panel_) panel_->tell(QString::fromStdString(sentence));
   }
   void showOn(PanelAdapter& panel) {
     panel_ = &panel;
