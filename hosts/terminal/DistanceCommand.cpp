@@ -2,11 +2,13 @@
 // lead from one, on the system's sphere.
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <iterator>
 #include <memory>
 #include <stdexcept>
 
 #include "coordinates/CoordinateDistance.h"
+#include "hosts/places/LengthText.h"
 #include "hosts/places/PositionText.h"
 #include "hosts/terminal/Commands.h"
 #include "hosts/terminal/Output.h"
@@ -24,7 +26,7 @@ constexpr const char* kDistanceMore =
     "Examples:\n"
     "  wayfell distance 48.2082 16.3738 -33.9 18.4\n"
     "  wayfell distance --units nautical --mils 48.2082 16.3738 47.8 13.04\n"
-    "  wayfell distance --bearing 270 --distance 1500 48.2082 16.3738\n"
+    "  wayfell distance --bearing 270 --distance 1.5km 48.2082 16.3738\n"
     "Exit status: 0 done, 1 a position is bad, 2 the command line is.";
 
 constexpr std::array kUnits = {"imperial", "metric", "nautical"};
@@ -33,7 +35,7 @@ constexpr std::array kUnits = {"imperial", "metric", "nautical"};
 struct DistanceCommand {
   std::vector<std::string> input;  // two positions; one with a bearing and a distance
   std::optional<double> bearing;   // degrees
-  std::optional<double> distance;  // metres; with a bearing only
+  std::optional<double> metres;    // with a bearing only
   int units = 1;                   // in kUnits
   bool mils = false;               // of bearings that are shown
   bool json = false;
@@ -52,7 +54,7 @@ std::vector<CLLocationCoordinate2D> positionsOf(const std::vector<std::string>& 
 void printDestination(const CLLocationCoordinate2D& start, const DistanceCommand& command,
                       Output& output) {
   const auto destination =
-      CoordinateDistance::destination(start, *command.bearing, *command.distance);
+      CoordinateDistance::destination(start, *command.bearing, *command.metres);
   if (command.json) {
     output.line(positionJson(destination));
   } else {
@@ -81,7 +83,7 @@ void printDistance(const CLLocationCoordinate2D& from, const CLLocationCoordinat
 }
 
 int distance(const DistanceCommand& command) {
-  if (command.bearing.has_value() != command.distance.has_value()) {
+  if (command.bearing.has_value() != command.metres.has_value()) {
     complain("--bearing and --distance go together");
     return kBadUsage;
   }
@@ -109,6 +111,15 @@ int distance(const DistanceCommand& command) {
   return output.finish(kDone);
 }
 
+std::string checkLength(const std::string& text) {
+  try {
+    metresOfText(text);
+    return "";
+  } catch (const std::invalid_argument& error) {
+    return error.what();
+  }
+}
+
 }  // namespace
 
 Command distanceCommand() {
@@ -117,12 +128,24 @@ Command distanceCommand() {
     const auto* const found = std::find(kUnits.begin(), kUnits.end(), name);
     command->units = static_cast<int>(std::distance(kUnits.begin(), found));
   };
+  const auto takeDistance = [command](const std::string& length) {
+    command->metres = metresOfText(length);
+  };
   return {.name = "distance",
           .help = "Measures from a position to another, or finds a destination",
           .more = kDistanceMore,
           .options = {{"LAT LON", "Two positions, or one to start from", &command->input},
-                      {"--bearing", "Degrees clockwise from north", &command->bearing, "DEGREES"},
-                      {"--distance", "How far to go", &command->distance, "METRES"},
+                      {.name = "--bearing",
+                       .help = "Degrees clockwise from north",
+                       .target = &command->bearing,
+                       .value = "DEGREES",
+                       .check = numberThat([](double degrees) { return std::isfinite(degrees); },
+                                           "expected degrees, a number")},
+                      {.name = "--distance",
+                       .help = "How far to go, with its unit: 850m, 1.2km, 3mi, 2nm, 500ft",
+                       .target = takeDistance,
+                       .value = "LENGTH",
+                       .check = checkLength},
                       {"--units", "imperial, metric (if none) or nautical", takeUnits, "UNITS",
                        wordsOf(kUnits)},
                       {"--mils", "Show the bearing in mils, 6400 to the circle", &command->mils},

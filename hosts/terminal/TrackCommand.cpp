@@ -1,14 +1,13 @@
 // `wayfell track`: publishes the figures of the track being recorded, as the containing app does.
 #include <memory>
 #include <stdexcept>
-#include <utility>
 
+#include "hosts/places/LengthText.h"
 #include "hosts/terminal/ChosenStore.h"
 #include "hosts/terminal/Commands.h"
 #include "hosts/terminal/Output.h"
 #include "hosts/text/ElapsedText.h"
 #include "hosts/text/TextScanner.h"
-#include "platform/UnitFactors.h"
 
 namespace wayfell {
 namespace {
@@ -17,10 +16,10 @@ constexpr const char* kTrackMore =
     "A running panel shows the change within half a second.\n"
     "\n"
     "Examples:\n"
-    "  wayfell track publish 1234.5 901\n"
+    "  wayfell track publish 1234.5m 901\n"
     "  wayfell track publish 1.2km 1:02:03\n"
     "  wayfell track clear\n"
-    "Exit status: 0 done, 1 a figure is bad or was not saved, 2 the command line is\n"
+    "Exit status: 0 done, 1 a figure is bad or was not saved, 2 the command line is "
     "wrong.";
 
 struct Figures {
@@ -28,29 +27,10 @@ struct Figures {
   std::string time;
 };
 
-[[noreturn]] void refuse(std::string_view text, const char* expected) {
-  throw std::invalid_argument(inQuotes(text) + " is not " + expected);
-}
-
-double metresOf(std::string_view text) {
-  constexpr std::pair<std::string_view, double> kUnits[] = {{"", 1},
-                                                            {"M", 1},
-                                                            {"KM", 1000},
-                                                            {"MI", kMetresPerMile},
-                                                            {"NM", kMetresPerNauticalMile},
-                                                            {"FT", kMetresPerFoot}};
-  TextScanner scanner(text);
-  const auto number = scanner.number();
-  const std::string letters = upperCased(scanner.letters());
-  for (const auto& [unit, metres] : kUnits) {
-    if (number && *number >= 0 && letters == unit && scanner.atEnd()) return *number * metres;
-  }
-  refuse(text, "a distance: metres, 0 or more, or with one of km, mi, nm and ft");
-}
-
 double secondsOf(std::string_view text) {
   if (const auto seconds = secondsOfElapsedText(text)) return *seconds;
-  refuse(text, "a time: seconds, 0 or more, or MM:SS or H:MM:SS");
+  throw std::invalid_argument(inQuotes(text) +
+                              " is not a time: seconds, 0 or more, or MM:SS or H:MM:SS");
 }
 
 int save(const SqliteStore::Changes& changes) {
@@ -62,7 +42,7 @@ int save(const SqliteStore::Changes& changes) {
 int publish(const Figures& figures) {
   SqliteStore::Changes changes;
   try {
-    changes.emplace("distance", PropertyValue(metresOf(figures.distance)));
+    changes.emplace("distance", PropertyValue(metresOfText(figures.distance)));
     changes.emplace("time", PropertyValue(secondsOf(figures.time)));
   } catch (const std::invalid_argument& error) {
     complain(error.what());
@@ -81,7 +61,7 @@ Command trackCommand() {
           .commands = {{.name = "publish",
                         .help = "Write distance and time, both at once",
                         .options = {{.name = "DISTANCE",
-                                     .help = "Metres, or with a unit: 1.2km, 3mi, 2nm, 500ft",
+                                     .help = "With its unit: 850m, 1.2km, 3mi, 2nm, 500ft",
                                      .target = &figures->distance,
                                      .isRequired = true},
                                     {.name = "TIME",

@@ -124,7 +124,7 @@ TEST(DistanceTest, MeasuresAndGoes) {
        "distance  60.11 nm\nbearing   4800 mils\n"},
       {{"--units", "imperial", "1", "0", "0", "0"}, "distance  69.17 miles\nbearing   180.0°\n"},
       {{"1", "2", "1", "2"}, "distance  0.00 km (0.00 m)\nbearing   0.0°\n"},
-      {{"--bearing", "90", "--distance", "111319.49079327", "0", "179.5"},
+      {{"--bearing", "90", "--distance", "111.31949079327km", "0", "179.5"},
        "0.00000000 -179.50000000\n"},
   };
   expectAnswers("distance", cases);

@@ -122,7 +122,7 @@ TEST_F(StoreCommandsTest, SavesWhatTheWidgetCannotUseAndSaysSo) {
 
 TEST_F(StoreCommandsTest, RefusesAndChangesNothing) {
   done("settings set units 1");
-  done("track publish 10 20");
+  done("track publish 10m 20");
   const std::string before = saved(kSuite);
   struct Case {
     const char* arguments;
@@ -144,9 +144,10 @@ TEST_F(StoreCommandsTest, RefusesAndChangesNothing) {
       {"waypoint set", 2, "missing"},
       {"waypoint set --gpx a.gpx 1 2", 2, "excludes"},
       {"waypoint set --gpx none.gpx", 1, "none.gpx: cannot be opened"},
-      {"track publish -1 20", 1, "\"-1\" is not a distance"},
-      {"track publish '5 furlongs' 20", 1, "\"5 furlongs\" is not a distance"},
-      {"track publish 11 1:60", 1, "\"1:60\" is not a time"},
+      {"track publish -1m 20", 1, "\"-1m\" is not a length"},
+      {"track publish 1.2 20", 1, "\"1.2\" has no unit, which may be m, km, mi, nm or ft"},
+      {"track publish '5 furlongs' 20", 1, "\"5 furlongs\" has an unknown unit"},
+      {"track publish 11m 1:60", 1, "\"1:60\" is not a time"},
   };
   for (const Case& c : cases) {
     const Finished finished = wayfell(c.arguments);
@@ -240,7 +241,7 @@ TEST_F(StoreCommandsTest, PublishesTheTrack) {
     std::string seconds;
   };
   const Case cases[] = {
-      {"1234.5 901", "1234.5", "901.0"},
+      {"1234.5M 901", "1234.5", "901.0"},
       {"1.25km 15:01", "1250.0", "901.0"},
       {"10mi 1:02:03", "16093.44", "3723.0"},
       {"'2 nm' 0", "3704.0", "0.0"},
@@ -267,7 +268,7 @@ TEST_F(StoreCommandsTest, TellsPeopleWhenAPanelShowsIt) {
   EXPECT_THAT(onTerminal("settings set time 1"), HasSubstr("within half a second"));
   EXPECT_EQ(onTerminal("settings set keyOfTheApp 1"), "");
   EXPECT_THAT(onTerminal("waypoint set 1 2"), HasSubstr("when it next appears"));
-  EXPECT_THAT(onTerminal("track publish 1 2"), HasSubstr("within half a second"));
+  EXPECT_THAT(onTerminal("track publish 1m 2"), HasSubstr("within half a second"));
 }
 
 }  // namespace

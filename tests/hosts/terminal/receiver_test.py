@@ -104,13 +104,13 @@ class OnAReceiver(unittest.TestCase):
     def test_the_track_shows_at_once_and_settings_at_the_next_appearance(self):
         with self.panel(HERE) as (screen, _):
             screen.wait_for_text("968 m")
-            self.home.wayfell("track", "publish", "1234", "3723")
+            self.home.wayfell("track", "publish", "1234m", "3723")
             screen.wait_for_text("1:02:03")
             screen.wait_for_text("1.23 km")
 
             self.home.wayfell("settings", "set", "units", "0")
             self.home.wayfell("waypoint", "set", "47", "8")
-            self.home.wayfell("track", "publish", "6000", "60")
+            self.home.wayfell("track", "publish", "6km", "60")
             lines = screen.wait_for_text("6.00 km")  # which is later than both of them
             self.assertNotIn("Waypoint", "\n".join(lines))
             screen.keys("h", "h")
