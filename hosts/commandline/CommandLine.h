@@ -5,6 +5,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <variant>
 #include <vector>
 
@@ -42,7 +43,7 @@ struct Option {
   std::string help;
   Target target;
   std::string value = {};  ///< what the help calls the value: "SECONDS"
-  Words words = {};        ///< the value is one of these
+  Words words = {};        ///< the value is one of these, in either case
   Listed listed = Listed::nothing;
   /// What shells offer for the value, after these words of the command line; it may be another.
   std::function<Words(const std::vector<std::string>& before)> offered = {};
@@ -55,8 +56,8 @@ struct Option {
 
 struct Command {
   std::string name;
-  std::string help;
-  std::string more = {};  ///< what stands below the options: details, examples, statuses
+  std::string help;       ///< paragraphs (see filledHelp); lists have the summary
+  std::string more = {};  ///< likewise, below the options: details, examples, statuses
   std::vector<Option> options = {};
   std::vector<Command> commands = {};  ///< one of them has to follow
   /// Whether its options may also stand behind those commands.
@@ -69,11 +70,15 @@ struct Command {
   std::size_t optionColumns = 21;  ///< width of the help's first column, which names the options
 };
 
+/// The beginning of a help, up to the first colon, full stop or end of a line.
+std::string summaryOf(std::string_view help);
+
 /// For numbers: the complaint, unless the value is one and it fits.
 Check numberThat(std::function<bool(double)> fits, std::string complaint);
 
 /// Reads the command line and runs what it asks for, or prints the help, the version ("wayfell
-/// 1.0"), or what is wrong. Tells of what is thrown. Returns the status to exit with.
+/// 1.0"), or what is wrong and what may have been meant. Helps are no wider than 80 columns. Tells
+/// of what is thrown. Returns the status to exit with.
 int runProgram(const Command& program, const std::string& version, int argc, char** argv);
 
 }  // namespace wayfell

@@ -100,7 +100,7 @@ class Reading {
   Words commands() const {
     Words words;
     for (const Command& each : command().commands) {
-      words.push_back({each.name, each.help.substr(0, each.help.find_first_of(":\n"))});
+      words.push_back({each.name, summaryOf(each.help)});
     }
     return words;
   }

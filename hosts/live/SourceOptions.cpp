@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "hosts/commandline/DidYouMean.h"
 #include "hosts/replay/RecordingChoice.h"
 #include "hosts/scene/Playback.h"
 #include "hosts/services/location/GpsdAddress.h"
@@ -61,7 +62,10 @@ std::string helpOn(const Sources& sources) {
     const std::size_t rest = kColumns - std::min(kColumns, written.size());
     help.append("  ").append(written).append(rest, ' ').append(about).append("\n");
   }
-  return help + '\n';
+  return help +
+         "\nOf --source, --gpsd, --replay and --demo only one can be meant. --rate, --suite and "
+         "--local go with a recording alone: with --replay, --demo, or --source replay=FILE or "
+         "demo.\n\n";
 }
 
 Option sourceOption(const Sources& sources, SourceWishes& wishes) {
@@ -73,7 +77,8 @@ Option sourceOption(const Sources& sources, SourceWishes& wishes) {
           .offered = [&sources](const auto& /*before*/) { return wordsOf(sources); },
           .check =
               [&sources](const std::string& text) {
-                return sources.choiceOf(text) ? "" : "expected " + listOf(sources);
+                if (sources.choiceOf(text)) return std::string();
+                return "expected " + listOf(sources) + didYouMean(text, wordsOf(sources));
               }};
 }
 
@@ -93,8 +98,8 @@ std::string recordingThatIsMissing(const SourceWishes& wishes) {
 
 std::vector<Option> firstSettingsOptions(FirstSettings& settings) {
   return {{.name = "--suite",
-           .help = "Set a value of the shared settings first; a JSON number, true or false keeps "
-                   "its type, all else is text (repeatable)",
+           .help = "Set a value of the shared settings first, as \"wayfell settings set\" reads it "
+                   "(repeatable)",
            .target = &settings.suite,
            .value = "KEY=VALUE",
            .check = checkSetting},

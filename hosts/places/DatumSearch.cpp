@@ -1,11 +1,11 @@
 #include "hosts/places/DatumSearch.h"
 
 #include <algorithm>
-#include <numeric>
 #include <utility>
 
 #include "datums/DatumManager.h"
 #include "hosts/text/Characters.h"
+#include "hosts/text/EditDistance.h"
 #include "hosts/text/FoldedText.h"
 #include "hosts/text/Utf8.h"
 
@@ -31,21 +31,6 @@ std::vector<std::string_view> splitAt(std::string_view separators, std::string_v
     start = end;
   }
   return words;
-}
-
-// How many letters have to be put in, taken out or changed (Levenshtein).
-std::size_t editDistance(std::string_view one, std::string_view other) {
-  std::vector<std::size_t> row(other.size() + 1);
-  std::iota(row.begin(), row.end(), std::size_t{0});
-  for (std::size_t i = 0; i < one.size(); ++i) {
-    std::size_t diagonal = std::exchange(row[0], i + 1);
-    for (std::size_t j = 0; j < other.size(); ++j) {
-      const std::size_t changed = diagonal + (one[i] == other[j] ? 0 : 1);
-      diagonal = row[j + 1];
-      row[j + 1] = std::min({row[j] + 1, row[j + 1] + 1, changed});
-    }
-  }
-  return row.back();
 }
 
 }  // namespace
@@ -142,7 +127,7 @@ std::vector<std::size_t> DatumSearch::find(std::string_view text) const {
 
 std::vector<const DatumSearch::Word*> DatumSearch::nearWords(std::string_view folded) const {
   constexpr std::size_t kMost = 3;
-  std::size_t nearest = std::max<std::size_t>(1, folded.size() / 3);
+  std::size_t nearest = greatestSlip(folded.size());
   std::vector<const Word*> near;
   for (const Word& word : words_) {
     const std::size_t distance = editDistance(folded, word.folded);

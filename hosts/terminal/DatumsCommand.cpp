@@ -7,12 +7,12 @@
 
 #include "datums/Catalogue.h"
 #include "datums/DatumManager.h"
+#include "hosts/commandline/FilledText.h"
 #include "hosts/places/DatumSearch.h"
 #include "hosts/terminal/Commands.h"
 #include "hosts/terminal/Output.h"
 #include "hosts/text/JsonWriter.h"
 #include "hosts/text/TextScanner.h"
-#include "hosts/text/TextWidth.h"
 #include "platform/NSString.h"
 #include "platform/SimulatedHost.h"
 
@@ -20,8 +20,8 @@ namespace wayfell {
 namespace {
 
 constexpr const char* kDatumsMore =
-    "Shows the ellipsoid and the shift to WGS 84 of each datum, and what conversions\n"
-    "apply of it. With WORDS: of those that have them all in their names, whatever the\n"
+    "Shows the ellipsoid and the shift to WGS 84 of each datum, and what conversions "
+    "apply of it. With WORDS: of those that have them all in their names, whatever the "
     "case, blanks, hyphens and diacritics.\n"
     "\n"
     "Examples:\n"
@@ -98,29 +98,10 @@ std::optional<std::string_view> remarkOn(const Datum& datum) {
          "lacks";
 }
 
-// Lines of no more than the columns, broken at blanks; all but the first begin with the indent. A
-// tie is a blank where no line breaks.
-std::string wrapped(std::string_view text, int columns, std::string_view indent) {
-  std::string result;
-  int used = 0;
-  TextScanner scanner(text);
-  while (!scanner.atEnd()) {
-    const std::string_view word = scanner.word();
-    scanner.take(word);
-    const int width = columnsOf(word);
-    if (used > 0 && used + 1 + width > columns) {
-      result += '\n';
-      result += indent;
-      used = columnsOf(indent);
-    } else if (used > 0) {
-      result += ' ';
-      ++used;
-    }
-    result += word;
-    used += width;
-  }
-  std::replace(result.begin(), result.end(), kTie, ' ');
-  return result;
+// A tie is a blank where no line breaks.
+std::string untied(std::string text) {
+  std::replace(text.begin(), text.end(), kTie, ' ');
+  return text;
 }
 
 class Printer {
@@ -128,7 +109,7 @@ class Printer {
   void print(const Datum& datum) {
     if (printed_) output_.line("");
     printed_ = true;
-    output_.line(bold_ + wrapped(datum.name, columns_, kIndent) + plain_);
+    output_.line(bold_ + filled(datum.name, columns_, kIndent) + plain_);
     printDetail(ellipsoidText(datum));
     if (const auto remark = remarkOn(datum)) printDetail(*remark);
     printDetail(shiftText(datum));
@@ -140,8 +121,7 @@ class Printer {
   static constexpr std::string_view kIndent = "    ";
 
   void printDetail(std::string_view text) {
-    constexpr int kDetailIndent = 2;
-    output_.line("  " + wrapped(text, columns_ - kDetailIndent, kIndent));
+    output_.line("  " + untied(filled(text, columns_, kIndent)));
   }
 
   static bool emphasises() {
@@ -149,7 +129,7 @@ class Printer {
     return outputIsTerminal() && terminal != nullptr && std::string_view(terminal) != "dumb";
   }
 
-  int columns_ = outputColumns();
+  int columns_ = outputColumns() - static_cast<int>(kIndent.size());
   std::string bold_ = emphasises() ? "\033[1m" : "";
   std::string plain_ = emphasises() ? "\033[0m" : "";
   bool printed_ = false;
@@ -183,10 +163,6 @@ void complainOfNothing(const DatumSearch& search, const std::string& text) {
 }
 
 int list(const DatumsCommand& command) {
-  if (command.names && command.json) {
-    complain("--names and --json do not go together");
-    return kBadUsage;
-  }
   const SimulatedHost host;
   const DatumSearch search;
   std::string text;
@@ -221,6 +197,7 @@ Command datumsCommand() {
       .options = {{"WORDS", "What to look for", &command->words},
                   {"--names", "Print names only, one a line (not with --json)", &command->names},
                   jsonOption(command->json)},
+      .alternatives = {"--names", "--json"},
       .run = [command] { return list(*command); }};
 }
 

@@ -19,13 +19,13 @@ namespace wayfell {
 namespace {
 
 constexpr const char* kReplayHelp =
-    "Replays a recording on the whole widget and prints what it shows, as one line of JSON for\n"
-    "each snapshot. FILE is a GPX track, reports of gpsd (gpspipe -w) or a scenario (JSON Lines).";
+    "Replays a recording on the whole widget: prints what it shows, as one line of JSON for each "
+    "snapshot. FILE is a GPX track, reports of gpsd (gpspipe -w) or a scenario (JSON Lines).";
 
 constexpr const char* kReplayExamples =
     "Examples:\n"
     "  wayfell replay --demo --text --every 120\n"
-    "  wayfell replay hike.gpx --suite units=1 --suite coordinateUnits=3 --text\n"
+    "  wayfell replay hike.gpx --suite units=metric --text\n"
     "  gpspipe -w -n 500 | wayfell replay - --every 10\n"
     "  wayfell replay fault.jsonl --local selectedDatum='Adindan---Sudan' | tail -n 1\n"
     "Exit status: 0 done, 1 the input is bad, 2 the command line is.";

@@ -23,23 +23,22 @@ namespace wayfell {
 namespace {
 
 constexpr const char* kTodayHelp =
-    "Shows the panel in the terminal: on the receiver of the gpsd here, where there is none on "
-    "the\n"
+    "Shows the panel in the terminal: on the receiver of the gpsd here, where there is none on the "
     "built-in demo; or on what the options choose. FILE is a GPX track, reports of gpsd (gpspipe "
-    "-w)\n"
-    "or a scenario (JSON Lines). Without a terminal it prints the panel once, as it stands at the\n"
-    "first fix.";
+    "-w) or a scenario (JSON Lines). Without a terminal it prints the panel once, as it stands at "
+    "the first fix.";
 
 constexpr const char* kTodayMore =
     "A click on a format, on [Open], on the mark beside it or on a line of the keys does what "
-    "their\n"
-    "keys do; one on the line of a hidden panel shows it.\n";
+    "their "
+    "keys do; one on the line of a hidden panel shows it.\n\n";
 
 constexpr const char* kTodayExamples =
+    "\n"
     "Examples:\n"
     "  wayfell today\n"
     "  wayfell today --source gpsd=truck.local\n"
-    "  wayfell today --replay hike.gpx --rate 10 --suite units=1\n"
+    "  wayfell today --replay hike.gpx --rate 10 --suite units=metric\n"
     "  zcat log.gz | wayfell today --replay -     all of it is read first\n"
     "  wayfell today --demo --rate 0              paused from the start\n"
     "Exit status: 0 done, 1 the input is bad or no fix came, 2 the command line is bad.";
@@ -48,14 +47,15 @@ constexpr int kLongestWait = 30;  // seconds, for the first fix where the panel 
 constexpr double kPatience = 1;   // before someone who waits is told what for
 
 // Brings the services' warnings to the user: on standard error, but while a stage is on the
-// terminal on the stage first, and on standard error when that is over.
+// terminal on the stage first, and on standard error when that is over. What is repeated is there
+// once.
 class Notices {
  public:
   void warn(const std::string& sentence) {
     last_ = sentence;
     if (!stage_) return complain(sentence);
     stage_->tell(sentence);
-    kept_.push_back(sentence);
+    if (kept_.empty() || kept_.back() != sentence) kept_.push_back(sentence);
   }
   void showOn(Stage& stage) { stage_ = &stage; }
   void leave() {

@@ -10,7 +10,7 @@ int main(int argc, char** argv) {
       .commands = {todayCommand(), replayCommand(), settingsCommand(), waypointCommand(),
                    trackCommand(), convertCommand(), distanceCommand(), datumsCommand(),
                    addressesCommand()},
-      .optionColumns = 30};
+      .optionColumns = 16};
   program.commands.push_back(completionsOptions(program));
   return runProgram(program, "wayfell " WAYFELL_VERSION, argc, argv);
 }

@@ -18,8 +18,8 @@ constexpr const char* kHelp =
     "Shows the panel in a small window: position, speed, heading, waypoint and track.";
 
 constexpr const char* kMore =
-    "Pointer: drag the window by anything but a button, or by its left or right edge to\n"
-    "make it wider; click on the position to copy it.\n";
+    "Pointer: drag the window by anything but a button, or by its left or right edge to make it "
+    "wider; click on the position to copy it.\n\n";
 
 constexpr const char* kExamples =
     "\n"
@@ -27,8 +27,8 @@ constexpr const char* kExamples =
     "  wayfell-widget\n"
     "  wayfell-widget --source demo --rate 10 --theme sunlight\n"
     "  wayfell-widget --source nmea=/dev/ttyACM0 --always-on-top --copy-format mgrs\n"
-    "  wayfell-widget --source replay=hike.gpx --suite units=1\n"
-    "Exit status: 0 done, 1 the input is bad or no display answers, 2 the command line is\n"
+    "  wayfell-widget --source replay=hike.gpx --suite units=metric\n"
+    "Exit status: 0 done, 1 the input is bad or no display answers, 2 the command line is "
     "wrong.";
 
 constexpr PanelAction kHostActions[] = {PanelAction::copyPosition, PanelAction::changeLook,

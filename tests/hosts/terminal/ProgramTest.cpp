@@ -11,6 +11,7 @@ namespace wayfell {
 namespace {
 
 using testing::HasSubstr;
+using testing::StartsWith;
 
 Finished wayfell(std::vector<std::string> arguments, const std::string& input = "") {
   arguments.insert(arguments.begin(), WAYFELL_PROGRAM);
@@ -40,7 +41,7 @@ TEST(ConvertTest, PrintsWhatIsAskedFor) {
        "dms   48° 12' 29.52'' N, 16° 22' 25.68'' E\n"
        "mgrs  33U XP 02065 40354\n"
        "utm   33 N 602065.2mE 5340353.7mN\n"},
-      {{"--to", "mgrs", "-33.9", "18.4"}, "34H BH 59583 45888\n"},
+      {{"--to", "MGRS", "-33.9", "18.4"}, "34H BH 59583 45888\n"},
       {{"-33.9,18.4", "--to=dec", "48.2082N", "16.3738E"},
        "33.90000°S, 18.40000°E\n48.20820°N, 16.37380°E\n"},
       // On the equator a larger ellipsoid moves nothing.
@@ -162,34 +163,42 @@ TEST(CommandLine, IsRefusedWithAReason) {
     const char* reason;
   };
   const Case cases[] = {
-      {"", "A subcommand is required"},
-      {"fly", "The following argument was not expected: fly"},
+      {"", "a command is missing: today, replay, "},
+      {"fly", "\"fly\" is not expected\n"},
+      {"tday", "\"tday\" is not expected; did you mean today?\n  \"wayfell --help\""},
+      {"settings lsit", "did you mean list?\n  \"wayfell settings --help\""},
+      {"today --rat=3", "\"--rat=3\" is not expected; did you mean --rate?"},
+      {"settings get units --locla", "did you mean --local?"},
       {"replay", "FILE or --demo is required"},
       {"replay --demo -", "FILE excludes --demo"},
       {"replay --demo --every 0", "--every: expected a number of seconds, at least 0.001"},
       {"replay --demo --every inf", "--every: expected"},
       {"replay --demo --suite units", "--suite: \"units\" is not KEY=VALUE"},
-      {"replay --demo --fast", "--fast"},
       {"today --rate 2", "--rate: --demo or --replay is required"},
       {"today --gpsd here:0", "--gpsd: expected HOST:PORT"},
       {"today --source nmea=/dev/ttyS0",
-       "--source: expected auto, gpsd[=HOST:PORT], replay=FILE or demo"},
+       "--source: expected auto, gpsd[=HOST:PORT], replay=FILE or demo\n"},
+      {"today --source dmeo", "replay=FILE or demo; did you mean demo?"},
       {"today --demo --source gpsd",
        "today: only one of --source, --gpsd, --replay and --demo can be meant"},
       {"today --demo --rate -1", "--rate: expected a rate from 0.1 to 1000, or 0"},
       {"today --demo --rate nan", "--rate: expected"},
       {"settings --suite list --cloud", "only one of --suite, --local and --cloud can be meant"},
-      {"convert --to feet 1 2", "--to: feet not in {dec,dm,dms,mgrs,utm,all}"},
-      {"convert --utm-type 2 1 2", "--utm-type: 2 not in {0,1}"},
+      {"convert --to feet 1 2", "--to: \"feet\" is not dec, dm, dms, mgrs, utm or all\n"},
+      {"convert --to MRGS 1 2", "; did you mean mgrs?"},
+      {"convert --utm-type 2 1 2", "--utm-type: \"2\" is not 0 or 1"},
       {"waypoint set --name x", "--name requires --gpx"},
       {"distance 1 2", "distance"},
       {"distance --bearing 5 1 2", "distance"},
-      {"datums --names --json wgs", "--json"},
+      {"distance --bearing 5 --distance 1500 1 2", "--distance: \"1500\" has no unit"},
+      {"distance --bearing east --distance 1km 1 2", "--bearing: expected degrees"},
+      {"datums --names --json wgs", "only one of --names and --json"},
   };
   for (const Case& c : cases) {
     const Finished refused = shell("wayfell " + std::string(c.arguments));
     EXPECT_EQ(refused.status, 2) << c.arguments;
     EXPECT_EQ(refused.output, "");
+    EXPECT_THAT(refused.errors, StartsWith("wayfell: "));
     EXPECT_THAT(refused.errors, HasSubstr(c.reason));
   }
   EXPECT_EQ(shell("wayfell settings list --version").output, shell("wayfell --version").output);
@@ -211,9 +220,9 @@ TEST(Replaying, SaysWhatIsWrongAndKeepsWhatWasWritten) {
 }
 
 TEST(Replaying, SetsValuesBeforeTheFirstEvent) {
-  const Finished set =
-      shell(R"(printf '{"t":0,"suite":{"a":3}}\n' | wayfell replay - )"
-            R"(--suite a=1 --suite 'b=x y' --suite c=true --suite d=1.0 --local k=7)");
+  const Finished set = shell(
+      R"(printf '{"t":0,"suite":{"a":3}}\n' | wayfell replay - )"
+      R"(--suite a=1 --suite 'b=x y' --suite c=true --suite d=1.0 --local k=7)");
   EXPECT_THAT(set.output, HasSubstr(R"("suite":{"a":3,"b":"x y","c":true,"d":1.0})"));
   EXPECT_THAT(set.output, HasSubstr(R"("k":7)"));
   EXPECT_EQ(set.status, 0);

@@ -138,7 +138,7 @@ TEST_F(StoreCommandsTest, RefusesAndChangesNothing) {
       {"settings set '' 1", 1, "empty"},
       {"settings set bytes '\xff'", 1, "not UTF-8"},
       {"settings --cloud set units 1", 2, "only read"},
-      {"settings", 2, "subcommand"},
+      {"settings", 2, "a command is missing"},
       {"waypoint set 90.1 0", 1, "latitude 90.1 is beyond 90"},
       {"waypoint set 1 2 3", 1, "\"3\" is too much"},
       {"waypoint set", 2, "missing"},

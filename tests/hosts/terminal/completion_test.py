@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
-"""Presses Tab in real shells, and compares the manual page with what the program says it takes.
+"""Presses Tab in real shells, and compares the manual page and the helps with what the program takes.
 
-    completion_test.py PROGRAM SOURCES
+    completion_test.py PROGRAM WIDGET SOURCES
 """
 
 import pathlib
@@ -14,7 +14,7 @@ import unittest
 
 from tmux_screen import Screen
 
-PROGRAM = SOURCES = pathlib.Path()
+PROGRAM = WIDGET = SOURCES = pathlib.Path()
 
 # What is typed, and the line after Tab. Each has one way to go on.
 CASES = {
@@ -103,6 +103,26 @@ class Manual(unittest.TestCase):
             self.assertEqual(done.stderr, "")
 
 
+class Help(unittest.TestCase):
+    def commands(self, program, *command):
+        """Each command and its help, as the one above it lists them."""
+        told = subprocess.run([program, *command, "--help"], text=True, capture_output=True,
+                              check=True).stdout
+        yield command, told
+        listed = told.partition("\nSubcommands:\n")[2].partition("\n\n")[0]
+        for name in re.findall(r"^  (\w+) ", listed, re.MULTILINE):
+            yield from self.commands(program, *command, name)
+
+    def test_fits_80_columns(self):
+        seen = set()
+        for program in PROGRAM, WIDGET:
+            for command, told in self.commands(program):
+                seen.add(command)
+                with self.subTest(program=program.name, command=command):
+                    self.assertLessEqual(max(map(len, told.splitlines())), 80)
+        self.assertLessEqual({("today",), ("settings", "set"), ("addresses", "import")}, seen)
+
+
 if __name__ == "__main__":
-    PROGRAM, SOURCES = map(pathlib.Path, (sys.argv.pop(1), sys.argv.pop(1)))
+    PROGRAM, WIDGET, SOURCES = (pathlib.Path(sys.argv.pop(1)) for _ in range(3))
     unittest.main(verbosity=2)
