@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "hosts/replay/Demo.h"
-#include "hosts/settings/SettingJson.h"
+#include "hosts/settings/KnownSettings.h"
 #include "hosts/text/InputError.h"
 #include "hosts/text/TextWidth.h"
 #include "hosts/text/Utf8.h"
@@ -35,7 +35,8 @@ event::Settings settingOfText(std::string_view text) {
     throw InputError('"' + std::string(text) + "\" is not KEY=VALUE");
   }
   event::Settings settings;
-  settings.emplace(text.substr(0, equals), valueOfUntyped(text.substr(equals + 1)));
+  const std::string_view key = text.substr(0, equals);
+  settings.emplace(key, valueUnder(key, text.substr(equals + 1)));
   return settings;
 }
 

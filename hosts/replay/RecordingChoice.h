@@ -24,7 +24,7 @@ struct RecordingChoice {
   std::string title() const;
 };
 
-/// "KEY=VALUE", the value without a type (see valueOfUntyped). Throws InputError without a key, and
+/// "KEY=VALUE", the value without a type (see valueUnder). Throws InputError without a key, and
 /// for what is not UTF-8.
 event::Settings settingOfText(std::string_view text);
 

@@ -20,26 +20,26 @@ using Read = KnownSetting::Read;
 constexpr KnownSetting kSettings[] = {
     {"units", Kind::integer, Read::copied, "", {"imperial", "metric", "nautical"}, 0, 2},
     {"coordinateUnits", Kind::integer, Read::copied, "", {"Dec", "Dm", "DMs", "MGRS", "UTM"}, 0, 4},
-    {"speed", Kind::integer, Read::copied, "", {"pace or speed", "pace", "speed"}, 0, 2},
+    {"speed", Kind::integer, Read::copied, "", {"auto", "pace", "speed"}, 0, 2},
     {"useMils", Kind::boolean, Read::copied, "", {"degrees", "mils"}},
     {"compassHeading",
      Kind::integer,
      Read::copied,
      "true north, or magnetic",
-     {"true north", "magnetic north"}},
+     {"true", "magnetic"}},
     {"rotateMap", Kind::boolean, Read::copied, "for the app's map"},
     {"mapCompassType", Kind::integer, Read::copied, "for the app's map"},
-    {"hasWaypoint", Kind::boolean, Read::appearance, "", {"no waypoint", "a waypoint is set"}},
+    {"hasWaypoint", Kind::boolean, Read::appearance, "", {"no waypoint", "a waypoint"}},
     {"waypointLatitude", Kind::real, Read::appearance, "degrees", {}, -90, 90},
     {"waypointLongitude", Kind::real, Read::appearance, "degrees", {}, -180, 180},
     {"distance", Kind::real, Read::live, "metres of the track", {}, 0},
     {"time", Kind::real, Read::live, "seconds of the track", {}, 0},
-    {"viewHidden", Kind::boolean, Read::appearance, "", {"expanded layout", "compact layout"}},
+    {"viewHidden", Kind::boolean, Read::appearance, "", {"expanded", "compact"}},
     {"widgetAddressString", Kind::text, Read::appearance, "the last address found"},
     {"angleUnits", Kind::integer, Read::own, "", {"degrees", "mils"}, 0, 1},
-    {"utmType", Kind::integer, Read::own, "", {"hemispheres", "latitude bands"}, 0, 1},
-    {"selectedDatum", Kind::datum, Read::own, "positions are shown on it"},
-    {"addressDate", Kind::date, Read::own, "of the last address lookup"},
+    {"utmType", Kind::integer, Read::own, "", {"hemispheres", "bands"}, 0, 1},
+    {"selectedDatum", Kind::datum, Read::own, "datum of positions"},
+    {"addressDate", Kind::date, Read::own, "the last address lookup"},
 };
 
 // As a typed read of the kind gives it.
@@ -62,9 +62,10 @@ std::string readAs(Kind kind, const PropertyValue& value) {
 
 // "0 imperial, 1 metric, 2 nautical"; empty where numbers have no names.
 std::string namedNumbersOf(const KnownSetting& setting) {
+  const auto names = namesOf(setting);
   std::string named;
-  for (std::size_t i = 0; i < setting.numbers.size() && !setting.numbers[i].empty(); ++i) {
-    named += (i == 0 ? "" : ", ") + std::to_string(i) + ' ' + std::string(setting.numbers[i]);
+  for (std::size_t i = 0; i < names.size(); ++i) {
+    named += (i == 0 ? "" : ", ") + std::to_string(i) + ' ' + std::string(names[i]);
   }
   return named;
 }
@@ -92,19 +93,55 @@ const KnownSetting* knownSetting(std::string_view key) {
   return found == std::end(kSettings) ? nullptr : found;
 }
 
+std::span<const std::string_view> namesOf(const KnownSetting& setting) {
+  const auto* const end =
+      std::find(setting.numbers.begin(), setting.numbers.end(), std::string_view());
+  return {setting.numbers.begin(), end};
+}
+
 std::string aboutOf(const KnownSetting& setting) {
   return setting.about.empty() ? namedNumbersOf(setting) : std::string(setting.about);
 }
 
 std::vector<SettingChoice> choicesOf(const KnownSetting& setting) {
-  const bool isBoolean = setting.kind == Kind::boolean;
+  if (setting.kind == Kind::boolean) {
+    return {{"false", std::string(setting.numbers[0])}, {"true", std::string(setting.numbers[1])}};
+  }
   std::vector<SettingChoice> choices;
-  for (std::size_t i = 0; i < setting.numbers.size(); ++i) {
-    const std::string meaning(setting.numbers[i]);
-    if (isBoolean ? i > 1 : meaning.empty()) break;
-    choices.push_back({isBoolean ? (i == 0 ? "false" : "true") : std::to_string(i), meaning});
+  for (const std::string_view name : namesOf(setting)) {
+    choices.push_back({std::string(name), std::to_string(choices.size())});
   }
   return choices;
+}
+
+PropertyValue valueUnder(std::string_view key, std::string_view text) {
+  const KnownSetting* const setting = knownSetting(key);
+  if (setting == nullptr) return valueOfUntyped(text);
+  const bool isBoolean = setting->kind == Kind::boolean;
+  const auto names = namesOf(*setting);
+  for (std::size_t i = 0; i < names.size(); ++i) {
+    if (upperCased(names[i]) != upperCased(text)) continue;
+    return isBoolean ? PropertyValue(i == 1) : PropertyValue(static_cast<std::int64_t>(i));
+  }
+  const auto boolean = isBoolean ? booleanOfWord(text) : std::nullopt;
+  return boolean ? PropertyValue(*boolean) : valueOfUntyped(text);
+}
+
+std::string defaultOf(const KnownSetting& setting) {
+  if (!setting.numbers[0].empty()) return std::string(setting.numbers[0]);
+  switch (setting.kind) {
+    case Kind::boolean:
+      return "false";
+    case Kind::integer:
+    case Kind::real:
+      return "0";
+    case Kind::datum:
+      return std::string(kDatums.front().name);
+    case Kind::text:
+    case Kind::date:
+      break;
+  }
+  return "none";
 }
 
 std::string meaningOf(const KnownSetting& setting, const PropertyValue& value) {

@@ -28,7 +28,8 @@ struct KnownSetting {
   Kind kind;
   Read read;
   std::string_view about;  ///< what it is; may be empty where its numbers say it
-  /// What the numbers mean, from 0 on; no and yes are 0 and 1. The first empty one ends them.
+  /// What the numbers mean, from 0 on, in words that also stand for them; no and yes are 0 and 1.
+  /// The first empty one ends them.
   std::array<std::string_view, 5> numbers = {};
   /// The values that the widget makes sense of lie between these.
   double lowest = -std::numeric_limits<double>::infinity();
@@ -41,17 +42,28 @@ std::span<const KnownSetting> knownSettings();
 /// None for a key that the widget does not read.
 const KnownSetting* knownSetting(std::string_view key);
 
+/// What its numbers mean, from 0 on; empty where they have no names.
+std::span<const std::string_view> namesOf(const KnownSetting& setting);
+
 /// What it is, in a few words: "metres of the track", or else what its numbers mean: "0 imperial, 1
 /// metric, 2 nautical".
 std::string aboutOf(const KnownSetting& setting);
 
 /// A value that makes sense, as it is typed.
 struct SettingChoice {
-  std::string value;    ///< "false", "true", "0", "1" ...
-  std::string meaning;  ///< "metric"; may be empty
+  std::string value;    ///< "false", "true", "metric" ...
+  std::string meaning;  ///< "1" for "metric", "mils" for "true"; may be empty
 };
 /// All of them, or none where they cannot be listed.
 std::vector<SettingChoice> choicesOf(const KnownSetting& setting);
+
+/// The value that a text stands for under a key. Where the widget reads the key that is, in either
+/// case, what one of the numbers means ("metric" for 1 under "units"), and for booleans yes, no, on
+/// and off. All else as valueOfUntyped.
+PropertyValue valueUnder(std::string_view key, std::string_view text);
+
+/// What the widget goes by while nothing is stored: "imperial", "false", "0", "none".
+std::string defaultOf(const KnownSetting& setting);
 
 /// What a value means, in a few words: "metric" for 1 under "units". May be empty.
 std::string meaningOf(const KnownSetting& setting, const PropertyValue& value);

@@ -49,9 +49,8 @@ double realOf(std::string_view text) {
 }
 
 bool booleanOf(std::string_view text) {
-  const std::string word = upperCased(text);
-  if (word == "TRUE" || word == "YES" || word == "1") return true;
-  if (word == "FALSE" || word == "NO" || word == "0") return false;
+  if (const auto boolean = booleanOfWord(text)) return *boolean;
+  if (text == "1" || text == "0") return text == "1";
   throw BadValue("it is neither true nor false");
 }
 
@@ -103,6 +102,13 @@ PropertyValue valueOf(std::string_view type, std::string_view text) {
   PropertyValue value = valueOfExactJson(text);
   if (typeName(value) != type) throw BadValue("its JSON is no " + std::string(type));
   return value;
+}
+
+std::optional<bool> booleanOfWord(std::string_view text) {
+  const std::string word = upperCased(text);
+  if (word == "TRUE" || word == "YES" || word == "ON") return true;
+  if (word == "FALSE" || word == "NO" || word == "OFF") return false;
+  return std::nullopt;
 }
 
 PropertyValue valueOfUntyped(std::string_view text) {

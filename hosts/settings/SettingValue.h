@@ -26,10 +26,13 @@ void expectTypeName(std::string_view type);
 /// as it is, a date in seconds since 2001-01-01T00:00:00Z, data in base64, lists and dictionaries
 /// in the exact form of JSON (SettingJson.h).
 std::string textOf(const PropertyValue& value);
-/// The other way round. A boolean may also be 0 or 1, yes or no, in either case, and a date be in
-/// ISO 8601: "2026-05-01", "2026-05-01T12:30:00+02:00", in UTC unless it says otherwise. Throws
+/// The other way round. A boolean may also be 0 or 1, or another word for it, and a date be in ISO
+/// 8601: "2026-05-01", "2026-05-01T12:30:00+02:00", in UTC unless it says otherwise. Throws
 /// BadValue.
 PropertyValue valueOf(std::string_view type, std::string_view text);
+/// True for "true", "yes" and "on", false for "false", "no" and "off", in either case; none for
+/// other texts.
+std::optional<bool> booleanOfWord(std::string_view text);
 /// The value of a text whose type is not told: a JSON number, true or false keeps its type, all
 /// else is text. It is UTF-8.
 PropertyValue valueOfUntyped(std::string_view text);

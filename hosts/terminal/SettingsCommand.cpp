@@ -1,16 +1,16 @@
 // `wayfell settings`: reads and writes the settings on disk, as the containing app does.
 #include <algorithm>
 #include <array>
-#include <cstddef>
 #include <memory>
 #include <vector>
 
+#include "hosts/commandline/DidYouMean.h"
 #include "hosts/settings/KnownSettings.h"
 #include "hosts/settings/SettingJson.h"
 #include "hosts/terminal/ChosenStore.h"
 #include "hosts/terminal/Commands.h"
 #include "hosts/terminal/Output.h"
-#include "hosts/text/IsoTime.h"
+#include "hosts/terminal/SettingsTable.h"
 #include "hosts/text/TextScanner.h"
 #include "hosts/text/TextWidth.h"
 #include "hosts/text/Utf8.h"
@@ -19,28 +19,34 @@ namespace wayfell {
 namespace {
 
 constexpr const char* kSettingsMore =
-    "Without an option these are the settings that the app shares with the widget. A\n"
-    "running panel shows \"distance\" and \"time\" within half a second, all others when\n"
-    "it next appears.\n"
+    "Without an option these are the settings that the app shares with the widget. A running panel "
+    "shows \"distance\" and \"time\" within half a second, all others when it next appears.\n"
     "\n"
     "Examples:\n"
     "  wayfell settings list\n"
-    "  wayfell settings set units 1\n"
+    "  wayfell settings set units metric\n"
     "  wayfell settings get units\n"
     "  wayfell settings --local set selectedDatum 'Adindan---Sudan'\n"
     "  wayfell settings unset widgetAddressString\n"
-    "Exit status: 0 done, 1 there is no such key, the value is bad or was not saved,\n"
-    "2 the command line is wrong.";
+    "Exit status: 0 done, 1 there is no such key, the value is bad or was not saved, 2 the command "
+    "line is wrong.";
 
 constexpr const char* kSetMore =
-    "Without --type a JSON number, true or false keeps its type, all else is text; a\n"
-    "type that the widget can make nothing of is refused.\n"
-    "A boolean is true, yes, 1, false, no or 0; a date is in ISO 8601, or in seconds\n"
-    "since 2001-01-01 00:00 UTC; data are in base64, lists and dictionaries in JSON.\n"
+    "Values may be named as \"wayfell settings list\" names them: metric, MGRS, compact; or yes, "
+    "no, "
+    "on and off. Else, without --type, a JSON number, true or false keeps its type, and all else "
+    "is "
+    "text.\n"
+    "\n"
+    "A key that the widget does not read, and a type that it can make nothing of, are refused "
+    "without --type: other programs may store what they like.\n"
+    "\n"
+    "With --type a boolean is true, yes, on, 1, false, no, off or 0; a date is in ISO 8601, or in "
+    "seconds since 2001-01-01 00:00 UTC; data are in base64, lists and dictionaries in JSON.\n"
     "\n"
     "Examples:\n"
-    "  wayfell settings set coordinateUnits 3\n"
-    "  wayfell settings set --type boolean useMils yes\n"
+    "  wayfell settings set coordinateUnits mgrs\n"
+    "  wayfell settings set useMils yes\n"
     "  wayfell settings set --type text note 12";
 
 using Access = SqliteStore::Access;
@@ -52,7 +58,7 @@ struct SettingsCommand {
   StoreChoice store = StoreChoice::suite;
   std::string key;
   std::string value;
-  // As the stores name it. Unset: a JSON number, true or false keeps its type, all else is text.
+  // As the stores name it; without one, see valueUnder().
   std::optional<std::string> type;
   bool json = false;
 };
@@ -69,60 +75,15 @@ std::string jsonLine(const std::string& key, const PropertyValue& value) {
   return line.endObject().text();
 }
 
-// None for a key that the widget does not read there.
-const KnownSetting* settingOf(StoreChoice store, const std::string& key) {
-  const KnownSetting* const setting = knownSetting(key);
-  if (setting == nullptr || store == StoreChoice::cloud) return nullptr;
-  const bool there = store == StoreChoice::suite
-                         ? setting->read != Read::own
-                         : setting->read == Read::own || setting->read == Read::copied;
-  return there ? setting : nullptr;
-}
-
-std::string noteOn(StoreChoice store, const std::string& key, const PropertyValue& value) {
-  const KnownSetting* const setting = settingOf(store, key);
-  if (setting != nullptr && misfitOf(*setting, value)) return *misfitOf(*setting, value);
-  if (const auto date = value.dateValue()) return isoTimeOf(*date);
-  return setting != nullptr ? meaningOf(*setting, value) : "";
-}
-
-// Key, type, value, and what the value means to the widget.
-using Row = std::array<std::string, 4>;
-
-void printTable(const std::vector<Row>& rows, Output& output) {
-  constexpr int kWidest = 32;  // columns that a long value makes the others wait for
-  std::array<int, 3> widths = {};
-  for (const Row& row : rows) {
-    for (std::size_t i = 0; i < widths.size(); ++i) {
-      widths[i] = std::max(widths[i], std::min(columnsOf(row[i]), kWidest));
-    }
-  }
-  const int columns = outputColumns();
-  for (const Row& row : rows) {
-    std::string line;
-    for (std::size_t i = 0; i < widths.size(); ++i) {
-      line += row[i] + repeated(" ", widths[i] - columnsOf(row[i]) + 2);
-    }
-    line += row.back();
-    line.erase(line.find_last_not_of(' ') + 1);
-    output.line(fitted(line, columns));
-  }
-}
-
 int list(const SettingsCommand& command) {
   const SqliteStore store = openStore(command.store, Access::readOnly);
   if (store.values().empty() && store.state() == State::unreadable) return kBadInput;
   Output output;
-  std::vector<Row> rows;
-  for (const auto& [key, value] : store.values()) {
-    if (command.json) {
-      output.line(jsonLine(key, value));
-    } else {
-      rows.push_back({printable(key), std::string(typeName(value)), printable(textOf(value)),
-                      noteOn(command.store, key, value)});
-    }
+  if (command.json) {
+    for (const auto& [key, value] : store.values()) output.line(jsonLine(key, value));
+  } else {
+    printSettings(command.store, store, output);
   }
-  printTable(rows, output);
   if (store.values().empty()) {
     remark(store.file().string() +
            (store.state() == State::missing ? ": not there yet" : ": no settings in it"));
@@ -131,8 +92,10 @@ int list(const SettingsCommand& command) {
 }
 
 void complainOfMissing(const SettingsCommand& command, const SqliteStore& store) {
+  std::vector<std::string> keys;
+  for (const auto& [key, value] : store.values()) keys.push_back(key);
   complain(nameOf(command.store) + " have no " + inQuotes(command.key) + " (" +
-           store.file().string() + ')');
+           store.file().string() + ')' + didYouMean(command.key, wordsOf(keys)));
 }
 
 int get(const SettingsCommand& command) {
@@ -176,14 +139,50 @@ void remarkOnPanel(const SettingsCommand& command) {
 
 PropertyValue valueOfCommand(const SettingsCommand& command) {
   if (!isUtf8(command.key) || !isUtf8(command.value)) throw BadValue("not UTF-8");
-  return command.type ? valueOf(*command.type, command.value) : valueOfUntyped(command.value);
+  return command.type ? valueOf(*command.type, command.value)
+                      : valueUnder(command.key, command.value);
 }
 
-// Rather a slip than meant, unless the user names the type.
-bool isOfWrongType(const SettingsCommand& command, const PropertyValue& value) {
+Words knownKeys() {
+  Words keys;
+  for (const KnownSetting& setting : knownSettings()) {
+    keys.push_back({std::string(setting.key), aboutOf(setting)});
+  }
+  return keys;
+}
+
+// Those that make sense.
+Words valuesUnder(const KnownSetting& setting) {
+  Words values;
+  for (const auto& [value, meaning] : choicesOf(setting)) values.push_back({value, meaning});
+  return values;
+}
+
+// The one that is near, or else all of them.
+std::string meantAmong(const Words& values, const std::string& typed) {
+  std::string meant = didYouMean(typed, values);
+  if (!meant.empty() || values.empty()) return meant;
+  for (const Word& value : values) meant += (meant.empty() ? "; it knows " : ", ") + value.text;
+  return meant;
+}
+
+// What looks rather like a slip than meant; the user means it who names the type.
+std::optional<std::string> slipIn(const SettingsCommand& command, const PropertyValue& value) {
+  if (command.type) return std::nullopt;
+  if (knownSetting(command.key) == nullptr) {
+    return inQuotes(command.key) + " is no setting of the widget" +
+           didYouMean(command.key, knownKeys());
+  }
   const KnownSetting* const setting = settingOf(command.store, command.key);
-  if (command.type || setting == nullptr || hasFittingType(*setting, value)) return false;
-  complain(command.key + ": " + misfitOf(*setting, value).value_or(""));
+  if (setting == nullptr || hasFittingType(*setting, value)) return std::nullopt;
+  return command.key + ": " + misfitOf(*setting, value).value_or("") +
+         meantAmong(valuesUnder(*setting), command.value);
+}
+
+bool isSlip(const SettingsCommand& command, const PropertyValue& value) {
+  const auto slip = slipIn(command, value);
+  if (!slip) return false;
+  complain(*slip);
   complainMore("nothing is saved; --type " + std::string(typeName(value)) + " would save it");
   return true;
 }
@@ -207,7 +206,7 @@ int set(const SettingsCommand& command) {
     complain(command.key + ": " + error.what());
     return kBadInput;
   }
-  if (isOfWrongType(command, *value)) return kBadInput;
+  if (isSlip(command, *value)) return kBadInput;
   SqliteStore store = openStore(command.store, Access::readWrite);
   const int status = save({{command.key, value}}, store);
   if (status == kDone) {
@@ -230,24 +229,21 @@ int unset(const SettingsCommand& command) {
   return status;
 }
 
+// Those that stand where the words of the command line say.
 Words keysAfter(const std::vector<std::string>& before) {
   const bool isLocal = std::count(before.begin(), before.end(), "--local") > 0;
-  Words keys;
-  for (const KnownSetting& setting : knownSettings()) {
-    if (isLocal || setting.read != Read::own) {
-      keys.push_back({std::string(setting.key), aboutOf(setting)});
-    }
-  }
+  Words keys = knownKeys();
+  const auto isElsewhere = [](const Word& key) {
+    return knownSetting(key.text)->read == Read::own;
+  };
+  if (!isLocal) std::erase_if(keys, isElsewhere);
   return keys;
 }
 
-// What the key makes sense of, which stands just before.
+// Of the key that stands just before.
 Words valuesAfter(const std::vector<std::string>& before) {
-  Words values;
   const KnownSetting* const setting = before.empty() ? nullptr : knownSetting(before.back());
-  if (setting == nullptr) return values;
-  for (const auto& [value, meaning] : choicesOf(*setting)) values.push_back({value, meaning});
-  return values;
+  return setting == nullptr ? Words() : valuesUnder(*setting);
 }
 
 }  // namespace
@@ -264,10 +260,13 @@ Command settingsCommand() {
                      return run(*command);
                    }};
   };
-  const Option key = {
-      .name = "KEY", .help = "", .target = &command->key, .offered = keysAfter, .isRequired = true};
+  const Option key = {.name = "KEY",
+                      .help = "Its name",
+                      .target = &command->key,
+                      .offered = keysAfter,
+                      .isRequired = true};
   const Option value = {.name = "VALUE",
-                        .help = "",
+                        .help = "What it is to be",
                         .target = &command->value,
                         .offered = valuesAfter,
                         .isRequired = true};
@@ -286,7 +285,8 @@ Command settingsCommand() {
                         StoreChoice::suite),
                   store("--local", "The widget's own", StoreChoice::local),
                   store("--cloud", "Those of the cloud, which are only read", StoreChoice::cloud)},
-      .commands = {action("list", "Print all of them: key, type and value", list, {json}),
+      .commands = {action("list", "Print all of them, set or not: what they are, and the defaults",
+                          list, {json}),
                    action("get", "Print the value of one", get, {key, json}), writing,
                    action("unset", "Remove one", unset, {key})},
       .sharesOptions = true,

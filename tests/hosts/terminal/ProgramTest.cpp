@@ -222,9 +222,9 @@ TEST(Replaying, SaysWhatIsWrongAndKeepsWhatWasWritten) {
 TEST(Replaying, SetsValuesBeforeTheFirstEvent) {
   const Finished set = shell(
       R"(printf '{"t":0,"suite":{"a":3}}\n' | wayfell replay - )"
-      R"(--suite a=1 --suite 'b=x y' --suite c=true --suite d=1.0 --local k=7)");
-  EXPECT_THAT(set.output, HasSubstr(R"("suite":{"a":3,"b":"x y","c":true,"d":1.0})"));
-  EXPECT_THAT(set.output, HasSubstr(R"("k":7)"));
+      R"(--suite a=1 --suite 'b=x y' --suite useMils=on --suite d=1.0 --local angleUnits=mils)");
+  EXPECT_THAT(set.output, HasSubstr(R"("suite":{"a":3,"b":"x y","d":1.0,"useMils":true})"));
+  EXPECT_THAT(set.output, HasSubstr(R"("local":{"angleUnits":1,)"));
   EXPECT_EQ(set.status, 0);
 }
 

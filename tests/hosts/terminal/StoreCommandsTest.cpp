@@ -47,28 +47,46 @@ class StoreCommandsTest : public testing::Test {
 };
 
 TEST_F(StoreCommandsTest, SavesValuesWithTheirTypes) {
-  done("settings set speed 2");
-  done("settings set rotateMap false");
-  done("settings set real 2.5");
+  done("settings set speed SPEED");
+  done("settings set units metric");
+  done("settings set coordinateUnits 3");
+  done("settings set compassHeading true");  // the first of its names
+  done("settings set rotateMap off");
+  done("settings set useMils mils");
+  done("settings set viewHidden no");
+  done("settings set waypointLatitude 2.5");
   done("settings set --type=text text 12");
   done("settings set --type date date -0.5");
-  done("settings set gone 1");
-  done("settings unset gone");
+  done("settings set time 1");
+  done("settings unset time");
   EXPECT_EQ(saved(kSuite),
+            "compassHeading integer 0\n"
+            "coordinateUnits integer 3\n"
             "date date -0.5\n"
-            "real real 2.5\n"
             "rotateMap boolean 0\n"
             "speed integer 2\n"
-            "text text 12\n");
+            "text text 12\n"
+            "units integer 1\n"
+            "useMils boolean 1\n"
+            "viewHidden boolean 0\n"
+            "waypointLatitude real 2.5\n");
 }
 
 TEST_F(StoreCommandsTest, ShowsWhatIsThere) {
   done("settings set units 1");
-  done("settings set note 'two words'");
+  done("settings set --type text note 'two words'");
   done("settings --local set --type date addressDate 2026-05-01T12:30:00.25Z");
-  EXPECT_EQ(wayfell("settings list").output,
-            "note   text     two words\n"
-            "units  integer  1          metric\n");
+  // In no more than 80 columns, what is set and what is not.
+  const std::string list = wayfell("settings list").output;
+  EXPECT_THAT(list,
+              testing::StartsWith(
+                  "units                integer  1          metric (default imperial)\n"
+                  "coordinateUnits               (not set)  Dec (default), Dm, DMs, MGRS, UTM\n"));
+  EXPECT_THAT(list,
+              testing::EndsWith(
+                  "widgetAddressString           (not set)  the last address found (default none)\n"
+                  "note                 text     two words\n"));
+  EXPECT_EQ(std::count(list.begin(), list.end(), '\n'), 15);  // 14 that the widget reads
   EXPECT_EQ(wayfell("settings list --json").output,
             "{\"key\":\"note\",\"type\":\"text\",\"value\":\"two words\"}\n"
             "{\"key\":\"units\",\"type\":\"integer\",\"value\":1}\n");
@@ -76,12 +94,12 @@ TEST_F(StoreCommandsTest, ShowsWhatIsThere) {
   EXPECT_EQ(wayfell("settings get units --json").output,
             "{\"key\":\"units\",\"type\":\"integer\",\"value\":1}\n");
   // 9251 days from 2001 to May 2026, and 12 hours and a half.
-  EXPECT_EQ(wayfell("settings list --local").output,
-            "addressDate  date  799331400.25  2026-05-01T12:30:00.25Z\n");
+  EXPECT_THAT(wayfell("settings list --local").output,
+              testing::EndsWith("addressDate      date  799331400.25  2026-05-01T12:30:00.25Z\n"));
 }
 
-TEST_F(StoreCommandsTest, ListsHaveNothingToSayOfFreshFolders) {
-  for (const char* store : {"--suite", "--local", "--cloud"}) {
+TEST_F(StoreCommandsTest, ReadingMakesNoFiles) {
+  for (const char* store : {"--suite --json", "--local --json", "--cloud"}) {
     done(std::string("settings list ") + store);
   }
   const Finished missing = wayfell("settings get units");
@@ -107,7 +125,7 @@ TEST_F(StoreCommandsTest, SavesWhatTheWidgetCannotUseAndSaysSo) {
       {"--local set --type integer addressDate 5", "reads this integer as none"},
       {"set units 2", ""},
       {"set waypointLatitude -90", ""},
-      {"set keyOfTheApp 7", ""},
+      {"set --type integer keyOfTheApp 7", ""},
       {"--local set selectedDatum Adindan---Sudan", ""},
   };
   for (const auto& [arguments, note] : cases) {
@@ -131,12 +149,17 @@ TEST_F(StoreCommandsTest, RefusesAndChangesNothing) {
   };
   const Case cases[] = {
       {"settings set --type integer units 1.5", 1, "units: "},
-      {"settings set units one", 1, "units: the widget reads this text as 0"},
+      {"settings set units one", 1,
+       "units: the widget reads this text as 0; it knows imperial, metric, nautical"},
+      {"settings set coordinateUnits mrgs", 1, "did you mean MGRS?"},
+      {"settings set unit 1", 1, "\"unit\" is no setting of the widget; did you mean units?"},
+      {"settings set keyOfTheApp 7", 1, "--type integer would save it"},
+      {"settings get unit", 1, "; did you mean units?"},
       {"settings set units 1.5", 1, "--type real would save it"},
       {"settings set units ''", 1, "nothing is saved"},
       {"settings set --type colour units 1", 2, "colour"},
       {"settings set '' 1", 1, "empty"},
-      {"settings set bytes '\xff'", 1, "not UTF-8"},
+      {"settings set --type text bytes '\xff'", 1, "not UTF-8"},
       {"settings --cloud set units 1", 2, "only read"},
       {"settings", 2, "a command is missing"},
       {"waypoint set 90.1 0", 1, "latitude 90.1 is beyond 90"},
@@ -266,7 +289,7 @@ TEST_F(StoreCommandsTest, TellsPeopleWhenAPanelShowsIt) {
   EXPECT_THAT(onTerminal("settings list"), HasSubstr("not there yet"));
   EXPECT_THAT(onTerminal("settings set units 1"), HasSubstr("when it next appears"));
   EXPECT_THAT(onTerminal("settings set time 1"), HasSubstr("within half a second"));
-  EXPECT_EQ(onTerminal("settings set keyOfTheApp 1"), "");
+  EXPECT_EQ(onTerminal("settings set --type integer keyOfTheApp 1"), "");
   EXPECT_THAT(onTerminal("waypoint set 1 2"), HasSubstr("when it next appears"));
   EXPECT_THAT(onTerminal("track publish 1m 2"), HasSubstr("within half a second"));
 }

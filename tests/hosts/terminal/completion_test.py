@@ -34,6 +34,7 @@ CASES = {
     "wayfell settings set ut": "wayfell settings set ut",  # which is not among the shared ones
     "wayfell settings set units --t": "wayfell settings set units --type",
     "wayfell settings set useMils t": "wayfell settings set useMils true",
+    "wayfell settings set units me": "wayfell settings set units metric",
     "wayfell settings get --lo": "wayfell settings get --local",
     "wayfell waypoint set --gpx da": "wayfell waypoint set --gpx data.gpx",
     "wayfell addresses import --country US da": "wayfell addresses import --country US data.gpx",
