@@ -1,4 +1,4 @@
-// Positions as people write them: decimal degrees read and checked, and the texts of all formats.
+// Positions as texts, in all formats.
 //
 // Latitudes and longitudes are decimal degrees on WGS 84, north and east positive.
 #pragma once
@@ -8,9 +8,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <vector>
 
-#include "hosts/text/TextScanner.h"
 #include "platform/CLLocation.h"
 
 namespace wayfell {
@@ -30,19 +28,12 @@ void checkDegrees(double degrees, double greatest, std::string_view name);
 inline constexpr std::array<std::string_view, 5> kPositionFormats = {"dec", "dm", "dms", "mgrs",
                                                                      "utm"};
 
-/// Takes a latitude and a longitude: "48.2082 16.3738", "33.9S,18.4E", "48.2082°N, 16.3738°E".
-/// Throws std::invalid_argument, whose text says what is wrong, for anything else.
-CLLocationCoordinate2D takePosition(TextScanner& scanner);
-
-/// The same of the words of a command line, which hold nothing else.
-CLLocationCoordinate2D positionOfWords(const std::vector<std::string>& words);
-
 /// The system's text in a format, on the selected datum. None where it would show no position:
 /// beyond the last latitude band there is no MGRS reference, nor a UTM one with band letters, and
 /// at the poles a datum shift leads nowhere.
 std::optional<std::string> positionText(const CLLocationCoordinate2D& position, std::size_t format);
 
-/// "48.20820000 16.37380000": the system's fields of decimal degrees, which takePosition reads.
+/// "48.20820000 16.37380000": the system's fields of decimal degrees, which readPosition reads.
 std::string plainPosition(const CLLocationCoordinate2D& position);
 
 /// {"latitude":48.2082,"longitude":16.3738}

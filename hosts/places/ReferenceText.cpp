@@ -78,17 +78,6 @@ double takeMetres(TextScanner& scanner, const std::string& name, char direction,
   return *metres;
 }
 
-// The second group of digits; none when the first is both in one. Digits with a letter behind them
-// are the zone of another reference.
-std::string_view takeSecondGroup(TextScanner& scanner) {
-  TextScanner ahead = scanner;
-  ahead.separator();
-  const std::string_view digits = ahead.digits();
-  if (digits.empty() || !ahead.letters().empty()) return {};
-  scanner = ahead;
-  return digits;
-}
-
 double metresOf(std::string_view digits) {
   constexpr std::size_t kFull = 5;
   return doubleValue(digits) * std::pow(10.0, static_cast<double>(kFull - digits.size()));
@@ -98,8 +87,9 @@ void takeSquareMetres(TextScanner& scanner, MgrsReference& reference) {
   constexpr std::size_t kMostDigits = 5;
   std::string_view easting = scanner.digits();
   if (easting.empty()) refuse("the digits after the square are missing");
-  std::string_view northing = takeSecondGroup(scanner);
-  if (northing.empty()) {
+  scanner.separator();
+  std::string_view northing = scanner.digits();
+  if (northing.empty()) {  // the first group is both
     if (easting.size() % 2 != 0) refuse(inQuotes(easting) + " has an odd number of digits");
     northing = easting.substr(easting.size() / 2);
     easting = easting.substr(0, easting.size() / 2);

@@ -5,6 +5,7 @@
 
 #include "hosts/loop/uv/EventLoop.h"
 #include "hosts/places/PositionText.h"
+#include "hosts/places/PositionWords.h"
 #include "hosts/services/addresses/AddressBook.h"
 #include "hosts/services/addresses/AddressService.h"
 #include "hosts/services/addresses/BookFile.h"
@@ -12,16 +13,18 @@
 #include "hosts/services/stores/StorePaths.h"
 #include "hosts/terminal/Commands.h"
 #include "hosts/terminal/Output.h"
+#include "hosts/terminal/UserNotation.h"
 #include "hosts/text/JsonWriter.h"
 #include "hosts/text/TextWidth.h"
 #include "platform/NSString.h"
+#include "platform/SimulatedHost.h"
 
 namespace wayfell {
 namespace {
 
 // What the command line asks for.
 struct AddressFindCommand {
-  std::vector<std::string> input;  // a latitude and a longitude
+  std::vector<std::string> input;  // one position
   bool online = false;             // asks the server that the user has chosen, not the book
   bool json = false;
 };
@@ -115,7 +118,8 @@ int findOnline(const CLLocationCoordinate2D& position, bool asJson) {
 int find(const AddressFindCommand& command) {
   CLLocationCoordinate2D position;
   try {
-    position = positionOfWords(command.input);
+    const SimulatedHost onDefaultDatum;
+    position = onePosition(command.input, userNotation());
   } catch (const std::invalid_argument& error) {
     complain(error.what());
     return kBadInput;
@@ -132,10 +136,10 @@ Command addressFindCommand() {
           .more =
               "Examples:\n"
               "  wayfell addresses find 38.8670 -76.9792\n"
-              "  wayfell addresses find --json 48.2082N 16.3738E\n"
+              "  wayfell addresses find --json \"48 12.492 N 16 22.428 E\"\n"
               "Exit status: 0 found, 1 no address, 2 the command line is wrong.",
-          .options = {{.name = "LAT LON",
-                       .help = "Decimal degrees on WGS 84",
+          .options = {{.name = "POSITION",
+                       .help = kPositionHelp,
                        .target = &command->input,
                        .isRequired = true},
                       {"--online", "Ask the server that was agreed to, instead of the book",

@@ -1,4 +1,4 @@
-// `wayfell convert`: positions into the texts of all formats, and references back into positions.
+// `wayfell convert`: positions, however they are written, into the texts of all formats.
 #include <poll.h>
 #include <unistd.h>
 
@@ -8,11 +8,12 @@
 
 #include "datums/Catalogue.h"
 #include "hosts/places/PositionText.h"
-#include "hosts/places/ReferenceText.h"
+#include "hosts/places/PositionWords.h"
 #include "hosts/terminal/Commands.h"
 #include "hosts/terminal/DatumChoice.h"
 #include "hosts/terminal/Output.h"
 #include "hosts/terminal/Progress.h"
+#include "hosts/terminal/UserNotation.h"
 #include "hosts/text/InputBytes.h"
 #include "hosts/text/InputError.h"
 #include "hosts/text/JsonWriter.h"
@@ -25,10 +26,14 @@ namespace wayfell {
 namespace {
 
 constexpr const char* kConvertMore =
-    "Positions are decimal degrees on WGS 84, latitude first. They come from the\n"
-    "arguments or, without any, from standard input: one a line, with blanks or a\n"
-    "comma between; # begins a comment. A line that cannot be read is complained\n"
-    "about, and the rest goes on.\n"
+    "Positions come from the arguments, or without any from standard input, one a\n"
+    "line; # begins a comment. A line that cannot be read is complained about, and the\n"
+    "rest goes on. Several arguments are a position each, if they can be, or else\n"
+    "each two are, or all together are one.\n"
+    "\n"
+    "Whatever is printed is read: degrees with a fraction, with minutes or with\n"
+    "seconds, on WGS 84, latitude first unless letters say otherwise; UTM and MGRS\n"
+    "references; and geo: URIs.\n"
     "\n"
     "In UTM texts a zone is followed by its hemisphere, N or S, or by the letter of a\n"
     "latitude band; with --utm-type 1, N and S are bands as well.\n"
@@ -37,18 +42,19 @@ constexpr const char* kConvertMore =
     "  wayfell convert 48.2082 16.3738\n"
     "  wayfell convert --to mgrs -33.9 18.4\n"
     "  wayfell convert --to utm --datum 'Adindan---Sudan' 15.6N 32.5E\n"
-    "  wayfell convert --from mgrs 33U XP 02065 40354\n"
-    "  wayfell convert --from utm --to dms 33 N 602065.2mE 5340353.7mN\n"
+    "  wayfell convert 33U XP 02065 40354\n"
+    "  wayfell convert --to dms 33 N 602065.2mE 5340353.7mN\n"
+    "  wayfell convert \"46° 58.8' N, 7° 56.4' E\" 46:58:48,7:56:24 geo:46.98,7.94\n"
     "  wayfell convert --to mgrs --json < positions.txt\n"
     "Exit status: 0 done, 1 some of the input is bad, 2 the command line is.";
 
 // What the command line asks for.
 struct ConvertCommand {
   std::vector<std::string> input;  // none: standard input
-  // A name from kPositionFormats, or "all". Unset is all of a position, and of a reference its
-  // decimal degrees in the form that is read.
+  // A name from kPositionFormats, or "all". Unset is all, but decimal degrees that programs read
+  // if only references are asked for.
   std::optional<std::string> to;
-  std::optional<std::string> from;  // "utm" or "mgrs"; unset is decimal degrees
+  std::optional<std::string> from;  // "utm" or "mgrs" only; unset is however they are written
   std::optional<std::string> datum;
   int utmType = 0;  // 1: letters of UTM texts are latitude bands
   bool json = false;
@@ -73,14 +79,6 @@ class Converter {
         formats_(formatsAskedFor(command)),
         columns_(outputColumns()),
         labelled_(command.to.value_or("all") == "all") {}
-
-  /// Throws std::invalid_argument when what comes next cannot be read.
-  CLLocationCoordinate2D take(TextScanner& scanner) const {
-    if (!command_.from) return takePosition(scanner);
-    if (*command_.from == "mgrs") return positionOf(takeMgrsReference(scanner));
-    return positionOf(takeUtmReference(
-        scanner, command_.utmType == 1 ? UtmLetters::bands : UtmLetters::hemispheres));
-  }
 
   /// Throws std::invalid_argument when the format asked for cannot show it.
   void print(const CLLocationCoordinate2D& position) {
@@ -140,14 +138,18 @@ class Converter {
   Output output_;
 };
 
+PositionNotation notationOf(const ConvertCommand& command) {
+  PositionNotation notation = userNotation();
+  if (command.from)
+    notation.form = *command.from == "mgrs" ? PositionForm::mgrs : PositionForm::utm;
+  if (command.utmType == 1) notation.utmLetters = UtmLetters::bands;
+  return notation;
+}
+
 int convertArguments(const ConvertCommand& command, Converter& converter) {
-  std::string text;
-  for (const std::string& word : command.input) text += word + ' ';
-  TextScanner scanner(text);
   try {
-    while (!scanner.atEnd()) {
-      converter.print(converter.take(scanner));
-      scanner.separator();
+    for (const auto& position : allPositions(command.input, notationOf(command))) {
+      converter.print(position);
     }
   } catch (const std::invalid_argument& error) {
     converter.output().flush();
@@ -166,15 +168,12 @@ ByteSource standardInput(Output& output) {
   };
 }
 
-void convertLine(std::string_view line, Converter& converter) {
-  TextScanner scanner(line.substr(0, line.find('#')));
-  if (scanner.atEnd()) return;
-  const CLLocationCoordinate2D position = converter.take(scanner);
-  if (!scanner.atEnd()) throw std::invalid_argument(inQuotes(scanner.rest()) + " is too much");
-  converter.print(position);
+void convertLine(std::string_view line, const PositionNotation& notation, Converter& converter) {
+  const std::string_view text = line.substr(0, line.find('#'));
+  if (!TextScanner(text).atEnd()) converter.print(readPosition(text, notation));
 }
 
-int convertLines(Converter& converter) {
+int convertLines(const PositionNotation& notation, Converter& converter) {
   const bool showsOutput = outputIsTerminal();
   if (isatty(STDIN_FILENO) != 0) {
     complainMore("reading a position a line from the keyboard; Ctrl-D ends");
@@ -194,7 +193,7 @@ int convertLines(Converter& converter) {
     lines.peekFirstLine(1);
     for (auto line = lines.next(); line && output.ok(); line = lines.next()) {
       try {
-        convertLine(*line, converter);
+        convertLine(*line, notation, converter);
       } catch (const std::invalid_argument& error) {
         refuse("line " + std::to_string(lines.number()) + ": " + error.what());
       }
@@ -218,8 +217,8 @@ int convert(const ConvertCommand& command) {
     host.local.set("selectedDatum", PropertyValue(*datum));
   }
   Converter converter(command);
-  const int status =
-      command.input.empty() ? convertLines(converter) : convertArguments(command, converter);
+  const int status = command.input.empty() ? convertLines(notationOf(command), converter)
+                                           : convertArguments(command, converter);
   return converter.output().finish(status);
 }
 
@@ -230,13 +229,13 @@ Command convertCommand() {
   Words formats = wordsOf(kPositionFormats);
   formats.push_back({"all"});
   return {.name = "convert",
-          .help = "Shows positions in other formats, reads references back",
+          .help = "Shows positions in other formats",
           .more = kConvertMore,
-          .options = {{"LAT LON", "Positions, or references with --from", &command->input},
+          .options = {{"POSITION", kPositionHelp, &command->input},
                       {"--to", "Format: dec, dm, dms, mgrs, utm or all (if none)", &command->to,
                        "FORMAT", formats},
                       {"--from",
-                       "Read references instead: utm or mgrs",
+                       "Read only references: utm or mgrs",
                        &command->from,
                        "FORMAT",
                        {{"utm"}, {"mgrs"}}},

@@ -10,10 +10,11 @@
 #include "coordinates/CoordinateDistance.h"
 #include "hosts/places/LengthText.h"
 #include "hosts/places/PositionText.h"
+#include "hosts/places/PositionWords.h"
 #include "hosts/terminal/Commands.h"
 #include "hosts/terminal/Output.h"
+#include "hosts/terminal/UserNotation.h"
 #include "hosts/text/JsonWriter.h"
-#include "hosts/text/TextScanner.h"
 #include "platform/SimulatedHost.h"
 
 namespace wayfell {
@@ -25,6 +26,7 @@ constexpr const char* kDistanceMore =
     "\n"
     "Examples:\n"
     "  wayfell distance 48.2082 16.3738 -33.9 18.4\n"
+    "  wayfell distance \"46 58.8 N 7 56.4 E\" \"32T MT 19383 03487\"\n"
     "  wayfell distance --units nautical --mils 48.2082 16.3738 47.8 13.04\n"
     "  wayfell distance --bearing 270 --distance 1.5km 48.2082 16.3738\n"
     "Exit status: 0 done, 1 a position is bad, 2 the command line is.";
@@ -40,16 +42,6 @@ struct DistanceCommand {
   bool mils = false;               // of bearings that are shown
   bool json = false;
 };
-
-std::vector<CLLocationCoordinate2D> positionsOf(const std::vector<std::string>& words) {
-  std::string text;
-  for (const std::string& word : words) text += word + ' ';
-  std::vector<CLLocationCoordinate2D> positions;
-  for (TextScanner scanner(text); !scanner.atEnd(); scanner.separator()) {
-    positions.push_back(takePosition(scanner));
-  }
-  return positions;
-}
 
 void printDestination(const CLLocationCoordinate2D& start, const DistanceCommand& command,
                       Output& output) {
@@ -87,22 +79,21 @@ int distance(const DistanceCommand& command) {
     complain("--bearing and --distance go together");
     return kBadUsage;
   }
+  if (command.input.empty()) {
+    complain(command.bearing ? "--bearing and --distance lead from a position"
+                             : "a distance is between two positions");
+    return kBadUsage;
+  }
   SimulatedHost host;
   host.local.set("units", PropertyValue(command.units));
   host.local.set("useMils", PropertyValue(command.mils ? 1 : 0));
   Output output;
   try {
-    const auto positions = positionsOf(command.input);
-    const std::size_t wanted = command.bearing ? 1 : 2;
-    if (positions.size() != wanted) {
-      complain(command.bearing ? "--bearing and --distance lead from one position"
-                               : "a distance is between two positions");
-      return kBadUsage;
-    }
     if (command.bearing) {
-      printDestination(positions.front(), command, output);
+      printDestination(onePosition(command.input, userNotation()), command, output);
     } else {
-      printDistance(positions.front(), positions.back(), command.json, output);
+      const auto [from, to] = twoPositions(command.input, userNotation());
+      printDistance(from, to, command.json, output);
     }
   } catch (const std::invalid_argument& error) {
     complain(error.what());
@@ -134,7 +125,7 @@ Command distanceCommand() {
   return {.name = "distance",
           .help = "Measures from a position to another, or finds a destination",
           .more = kDistanceMore,
-          .options = {{"LAT LON", "Two positions, or one to start from", &command->input},
+          .options = {{"POSITION", "Two positions, or one to start from", &command->input},
                       {.name = "--bearing",
                        .help = "Degrees clockwise from north",
                        .target = &command->bearing,

@@ -7,17 +7,20 @@
 #include <stdexcept>
 
 #include "hosts/places/PositionText.h"
+#include "hosts/places/PositionWords.h"
 #include "hosts/replay/GpxWaypoints.h"
 #include "hosts/replay/Recording.h"
 #include "hosts/terminal/ChosenStore.h"
 #include "hosts/terminal/Commands.h"
 #include "hosts/terminal/Output.h"
+#include "hosts/terminal/UserNotation.h"
 #include "hosts/text/FoldedText.h"
 #include "hosts/text/InputBytes.h"
 #include "hosts/text/InputError.h"
 #include "hosts/text/InputFile.h"
 #include "hosts/text/TextScanner.h"
 #include "platform/SimulatedHost.h"
+#include "settings/UserDefaults.h"
 
 namespace wayfell {
 namespace {
@@ -102,13 +105,21 @@ std::optional<GpxWaypoint> chosenWaypoint(const std::string& file,
   return std::nullopt;
 }
 
-// What positions are shown with: the widget's own choices, and the format that the app shares.
-struct Shown {
-  explicit Shown(const SqliteStore& suite) {
+// The datum and the UTM letters that the user has chosen in the widget.
+struct ChosenDatum {
+  ChosenDatum() {
     const SqliteStore local = openStore(StoreChoice::local, SqliteStore::Access::readOnly);
     for (const char* key : {"selectedDatum", "utmType"}) {
       if (const PropertyValue* const value = local.find(key)) host.local.set(key, *value);
     }
+  }
+
+  SimulatedHost host;
+};
+
+// What positions are shown with: these, and the format that the app shares.
+struct Shown : ChosenDatum {
+  explicit Shown(const SqliteStore& suite) {
     const PropertyValue* const stored = suite.find("coordinateUnits");
     const std::int64_t number = stored != nullptr ? stored->integerValue() : 0;
     if (number >= 0 && number < std::ssize(kPositionFormats)) {
@@ -120,7 +131,6 @@ struct Shown {
     return positionText(position, format).value_or(plainPosition(position));
   }
 
-  SimulatedHost host;
   std::size_t format = 0;
 };
 
@@ -130,8 +140,11 @@ double number(const SqliteStore& suite, const char* key) {
 }
 
 std::optional<CLLocationCoordinate2D> typedPosition(const std::vector<std::string>& words) {
+  const ChosenDatum chosen;
+  PositionNotation notation = userNotation();
+  if (UserDefaults::checkIntDefaults("utmType") == 1) notation.utmLetters = UtmLetters::bands;
   try {
-    return positionOfWords(words);
+    return onePosition(words, notation);
   } catch (const std::invalid_argument& error) {
     complain(error.what());
     return std::nullopt;
@@ -140,7 +153,7 @@ std::optional<CLLocationCoordinate2D> typedPosition(const std::vector<std::strin
 
 // What the command line asks to set.
 struct WaypointWish {
-  std::vector<std::string> position;  // decimal degrees, latitude first; or else
+  std::vector<std::string> position;  // one, however it is written; or else
   std::optional<std::string> gpx;     // a file with the waypoint; "-" is standard input
   std::optional<std::string> name;    // of the one in the file; unset: it has only one
 };
@@ -204,13 +217,13 @@ Command waypointCommand() {
           .commands = {
               {.name = "set",
                .help = "Set it to a position, or to a waypoint of a file",
-               .options = {{"LAT LON", "Decimal degrees on WGS 84", &wish->position},
+               .options = {{"POSITION", kPositionHelp, &wish->position},
                            {.name = "--gpx",
                             .help = "A file with it; - is standard input",
                             .target = &wish->gpx,
                             .value = "FILE",
                             .listed = Listed::files,
-                            .excludes = {"LAT LON"}},
+                            .excludes = {"POSITION"}},
                            {.name = "--name",
                             .help = "Which one of the file; not needed for the only one",
                             .target = &wish->name,

@@ -12,6 +12,20 @@ namespace {
 
 constexpr std::string_view kBlanks = " \t\r\n\v\f";
 
+// How many bytes of a blank come first: of one of those above, of a no-break or narrow blank or of
+// a mark of the direction of writing, which texts that are copied have in them.
+std::size_t blankLength(std::string_view text) {
+  if (text.empty()) return 0;
+  const auto first = static_cast<unsigned char>(text.front());
+  if (first > ' ' && first < 0x80) return 0;
+  if (kBlanks.find(text.front()) != std::string_view::npos) return 1;
+  if (text.starts_with("\u00A0")) return 2;
+  const bool isWide = (text >= "\u2000" && text < "\u2010") ||
+                      (text >= "\u202A" && text < "\u2030") ||
+                      (text >= "\u2066" && text < "\u206A");
+  return isWide ? 3 : 0;
+}
+
 template <class Predicate>
 std::size_t countOf(std::string_view text, Predicate predicate) {
   const auto* const end = std::find_if_not(text.begin(), text.end(), predicate);
@@ -42,7 +56,7 @@ std::optional<Number> numberAt(std::string_view text, std::chars_format notation
 }  // namespace
 
 void TextScanner::skipBlanks() {
-  rest_.remove_prefix(std::min(rest_.find_first_not_of(kBlanks), rest_.size()));
+  while (const std::size_t length = blankLength(rest_)) rest_.remove_prefix(length);
 }
 
 std::string_view TextScanner::takeFirst(std::size_t count) {
@@ -101,7 +115,12 @@ std::string_view TextScanner::rest() {
   return rest_;
 }
 
-std::string_view TextScanner::word() { return rest().substr(0, rest_.find_first_of(kBlanks)); }
+std::string_view TextScanner::word() {
+  std::size_t length = 0;
+  const std::string_view text = rest();
+  while (length < text.size() && blankLength(text.substr(length)) == 0) ++length;
+  return text.substr(0, length);
+}
 
 std::string inQuotes(std::string_view piece) {
   constexpr std::size_t kLongest = 40;

@@ -1,5 +1,6 @@
 // Reads what people type from left to right: numbers, letters and what stands between them. Blanks
-// before each part are passed over, and so is one comma where a separator may stand.
+// before each part are passed over, with them the blanks and marks of direction that copied texts
+// have, and so is one comma where a separator may stand.
 #pragma once
 
 #include <cstddef>

@@ -10,7 +10,6 @@
 #include <stdexcept>
 #include <tuple>
 
-#include "hosts/places/PositionText.h"
 #include "platform/SimulatedHost.h"
 
 namespace wayfell {
@@ -67,18 +66,6 @@ TEST(ReferenceTextTest, ReadsUtmAndMgrs) {
   }
 }
 
-TEST(ReferenceTextTest, ReadsOneAfterAnother) {
-  TextScanner scanner("33UVP12 33UVP34 33U VP 56 78 33U VP 5 6");
-  double sum = 0;
-  for (int i = 0; i < 4; ++i) {
-    const auto reference = takeMgrsReference(scanner);
-    sum += reference.easting + reference.northing / 100000;
-  }
-  // By hand: 10000 + 30000 + 56000 + 50000, and 20000 + 40000 + 78000 + 60000 northward.
-  EXPECT_NEAR(sum, 146001.98, 1e-6);
-  EXPECT_TRUE(scanner.atEnd());
-}
-
 TEST(ReferenceTextTest, RefusesWhatIsNoReference) {
   const SimulatedHost host;
   const std::tuple<std::string_view, Read, const char*> cases[] = {
@@ -109,52 +96,6 @@ TEST(ReferenceTextTest, RefusesWhatIsNoReference) {
     } catch (const std::invalid_argument& error) {
       EXPECT_THAT(error.what(), testing::HasSubstr(complaint));
     }
-  }
-}
-
-// The forward and the inverse series part by up to 8.2 m at the edges of a zone; whole metres and
-// the shift there and back add the rest.
-TEST(ReferenceTextTest, WhatIsWrittenReadsBackWithin9Metres) {
-  for (const char* datum : {"WGS 1984---Global Definition", "Adindan---Sudan", "Tokyo---Japan"}) {
-    for (const int utmType : {0, 1}) {
-      SimulatedHost host;
-      host.local.set("selectedDatum", PropertyValue(datum));
-      host.local.set("utmType", PropertyValue(utmType));
-      for (double latitude = -83.41; latitude < 84; latitude += 3.13) {
-        for (double longitude = -179.37; longitude < 180; longitude += 4.73) {
-          CLLocation start;
-          start.coordinate = {latitude, longitude};
-          const auto expectNear = [&start](std::size_t format, Read read) {
-            const std::string text = positionText(start.coordinate, format).value();
-            TextScanner scanner(text);
-            CLLocation end;
-            end.coordinate = read(scanner);
-            EXPECT_LT(start.distanceFromLocation(end), 9) << text;
-          };
-          expectNear(4, utmType == 1 ? utmOfBands : utm);
-          expectNear(3, mgrs);
-        }
-      }
-    }
-  }
-}
-
-TEST(PositionTextTest, TakesDecimalDegrees) {
-  struct Case {
-    std::string_view text;
-    double latitude;
-    double longitude;
-  };
-  const Case cases[] = {
-      {"48.5 16.25", 48.5, 16.25},   {"-33.9,18.4", -33.9, 18.4}, {" +1 ,\t-2 ", 1, -2},
-      {"33.9S 18.4 e", -33.9, 18.4}, {"1e-1 .5", 0.1, 0.5},       {"48.5°N, 16.25°W", 48.5, -16.25},
-      {"-90 180", -90, 180},
-  };
-  for (const Case& c : cases) {
-    SCOPED_TRACE(c.text);
-    TextScanner scanner(c.text);
-    EXPECT_EQ(takePosition(scanner), (CLLocationCoordinate2D{c.latitude, c.longitude}));
-    EXPECT_TRUE(scanner.atEnd());
   }
 }
 

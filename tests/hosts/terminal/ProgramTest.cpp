@@ -42,8 +42,9 @@ TEST(ConvertTest, PrintsWhatIsAskedFor) {
        "mgrs  33U XP 02065 40354\n"
        "utm   33 N 602065.2mE 5340353.7mN\n"},
       {{"--to", "MGRS", "-33.9", "18.4"}, "34H BH 59583 45888\n"},
-      {{"-33.9,18.4", "--to=dec", "48.2082N", "16.3738E"},
-       "33.90000°S, 18.40000°E\n48.20820°N, 16.37380°E\n"},
+      {{"-33.9,18.4", "--to=dec", "48° 12.4920' N, 16° 22.4280' E", "33UXP0206540354"},
+       "33.90000°S, 18.40000°E\n48.20820°N, 16.37380°E\n48.20820°N, 16.37380°E\n"},
+      {{"--to", "dec", "48,2082", "16,3738"}, "48.20820°N, 16.37380°E\n"},
       // On the equator a larger ellipsoid moves nothing.
       {{"--to", "dec", "--datum", "cgcs2000 china", "0", "90"}, "0.00000°S, 90.00000°E\n"},
       {{"--to", "utm", "--utm-type", "1", "0", "15"}, "33 N 500000.0mE 0.0mN\n"},
@@ -67,14 +68,11 @@ TEST(ConvertTest, ComplainsOfBadLinesAndGoesOn) {
       {"", ""},
       {"95.2 0", "latitude 95.2 is beyond 90"},
       {"12", "a longitude is missing"},
-      {"1 2 3", "\"3\" is too much"},
-      {"48.2.3 1", "\"48.2.3\" is not a latitude"},
-      {"nan 1", "\"nan\" is not a latitude"},
-      {"10E 20N", "\"E\" after a latitude"},
-      {"-10S 20", "a latitude with both a sign and a letter"},
+      {"1 2 3", "3 numbers are no latitude and longitude"},
+      {"1,5 2,5 3,5", "3 numbers are no latitude and longitude"},
       {"90 0", "90.00000000 0.00000000 has no mgrs text"},
-      {"\x1b[31m", "\" [31m\" is not a latitude"},
-      {"1 2", ""},
+      {"\x1b[31m", "\" [31m\" is no part of a position"},
+      {"2E 1N", ""},
   };
   std::string input;
   for (const Case& c : cases) input += c.line + '\n';
@@ -124,11 +122,15 @@ TEST(DistanceTest, MeasuresAndGoes) {
       {{"--units", "nautical", "--mils", "0", "0", "0", "-1"},
        "distance  60.11 nm\nbearing   4800 mils\n"},
       {{"--units", "imperial", "1", "0", "0", "0"}, "distance  69.17 miles\nbearing   180.0°\n"},
-      {{"1", "2", "1", "2"}, "distance  0.00 km (0.00 m)\nbearing   0.0°\n"},
+      {{"1", "2", "1 0 N 2 0 E"}, "distance  0.00 km (0.00 m)\nbearing   0.0°\n"},
       {{"--bearing", "90", "--distance", "111.31949079327km", "0", "179.5"},
        "0.00000000 -179.50000000\n"},
   };
   expectAnswers("distance", cases);
+  const Finished one = wayfell({"distance", "46,98", "7,94"});
+  EXPECT_EQ(one.status, 1);
+  EXPECT_EQ(one.output, "");
+  EXPECT_THAT(one.errors, HasSubstr("this is one position, 46.98000000 7.94000000"));
 }
 
 TEST(DatumsTest, SaysWhatIsApplied) {
@@ -188,8 +190,8 @@ TEST(CommandLine, IsRefusedWithAReason) {
       {"convert --to MRGS 1 2", "; did you mean mgrs?"},
       {"convert --utm-type 2 1 2", "--utm-type: \"2\" is not 0 or 1"},
       {"waypoint set --name x", "--name requires --gpx"},
-      {"distance 1 2", "distance"},
-      {"distance --bearing 5 1 2", "distance"},
+      {"distance", "between two positions"},
+      {"distance --bearing 5 1 2", "go together"},
       {"distance --bearing 5 --distance 1500 1 2", "--distance: \"1500\" has no unit"},
       {"distance --bearing east --distance 1km 1 2", "--bearing: expected degrees"},
       {"datums --names --json wgs", "only one of --names and --json"},

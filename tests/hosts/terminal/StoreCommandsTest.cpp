@@ -163,7 +163,8 @@ TEST_F(StoreCommandsTest, RefusesAndChangesNothing) {
       {"settings --cloud set units 1", 2, "only read"},
       {"settings", 2, "a command is missing"},
       {"waypoint set 90.1 0", 1, "latitude 90.1 is beyond 90"},
-      {"waypoint set 1 2 3", 1, "\"3\" is too much"},
+      {"waypoint set 1 2 3", 1, "3 numbers are no latitude and longitude"},
+      {"waypoint set '1 2' '3 4'", 1, "several positions"},
       {"waypoint set", 2, "missing"},
       {"waypoint set --gpx a.gpx 1 2", 2, "excludes"},
       {"waypoint set --gpx none.gpx", 1, "none.gpx: cannot be opened"},
@@ -206,9 +207,17 @@ TEST_F(StoreCommandsTest, SetsShowsAndClearsTheWaypoint) {
   EXPECT_EQ(wayfell("waypoint show").output, "33 N 602065.2mE 5340353.7mN\n");
   done("settings --local set utmType 1");
   EXPECT_EQ(wayfell("waypoint show").output, "33 U 602065.2mE 5340353.7mN\n");
+  // As a band, S is north of the equator.
+  done("waypoint set 33 S 500000.0mE 4000000.0mN");
+  EXPECT_THAT(wayfell("waypoint show").output, HasSubstr("33 S 500000.0mE 4000000."));
+  // A reference is of the datum that it is shown on.
+  done("settings --local set selectedDatum 'Tokyo---Japan'");
+  done("waypoint set 54S UE 88000 49000");
+  done("settings set coordinateUnits 3");
+  EXPECT_EQ(wayfell("waypoint show").output, "54S UE 88000 49000\n");
 
   done("waypoint clear");
-  EXPECT_EQ(saved(kSuite), "coordinateUnits integer 4\nhasWaypoint boolean 0\n");
+  EXPECT_EQ(saved(kSuite), "coordinateUnits integer 3\nhasWaypoint boolean 0\n");
   const Finished none = wayfell("waypoint show");
   EXPECT_EQ(none.status, 1);
   EXPECT_EQ(none.errors, "wayfell: no waypoint is set\n");
