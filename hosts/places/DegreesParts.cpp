@@ -165,6 +165,7 @@ bool PartScanner::takeNumber() {
     refuseNotation(inQuotes(scanner_.rest()) + " is too much");
   part.value = numeral->value;
   part.isWhole = numeral->isWhole;
+  part.beginsWithPoint = digits.front() == '.';
   parts_.parts[parts_.count++] = part;
   scanner_.take(word.substr(0, word.size() - digits.size() + numeral->length));
   letter_ = '\0';

@@ -24,6 +24,7 @@ enum class DegreesUnit { degree, minute, second, colon, none };
 struct DegreesPart {
   double value = 0;  ///< without the sign
   bool isWhole = true;
+  bool beginsWithPoint = false;
   char sign = '\0';
   DegreesUnit unit = DegreesUnit::none;
   bool isSpelled = false;  ///< the unit, in letters

@@ -68,6 +68,9 @@ void checkUnits(std::span<const Part> parts, const std::string& name) {
     if (i + 1 < parts.size() && !part.isWhole) {
       refuseNotation("a " + name + " with a fraction of " + kUnits[i] + " and " + kUnits[i + 1]);
     }
+    if (i > 0 && part.beginsWithPoint) {
+      refuseNotation("the " + std::string(kUnits[i]) + " of a " + name + " begin with a point");
+    }
     // The system's own seconds may read 60.00.
     if (i > 0 && part.value >= 60 && (part.value > 60 || part.isWhole)) {
       refuse("a " + name + " with " + shortestText(part.value) + ' ' + kUnits[i] +

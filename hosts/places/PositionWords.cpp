@@ -19,7 +19,10 @@ using Words = std::span<const std::string>;
 
 Position joined(Words words, const PositionNotation& notation) {
   std::string text;
-  for (const std::string& word : words) text += word + ' ';
+  for (const std::string& word : words) {
+    if (!text.empty()) text += ' ';
+    text += word;
+  }
   return readPosition(text, notation);
 }
 
@@ -124,10 +127,10 @@ std::pair<Position, Position> twoPositions(const std::vector<std::string>& words
 std::vector<Position> allPositions(const std::vector<std::string>& words,
                                    const PositionNotation& notation) {
   if (words.size() == 1) return {joined(words, notation)};
-  const auto each = groupsOf(1, words, notation);
+  auto each = groupsOf(1, words, notation);
   if (!each.empty()) return each;
   checkOthers(words, notation);
-  const auto pairs = groupsOf(2, words, notation);
+  auto pairs = groupsOf(2, words, notation);
   if (words.size() == 2 && !pairs.empty()) return pairs;
   const auto together = group(words, notation);
   if (!pairs.empty() && together) {

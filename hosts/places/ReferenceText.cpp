@@ -39,19 +39,22 @@ void checkBand(char letter) {
   if (!isOneOf(kBands, letter)) refuse(std::string("there is no latitude band ") + letter);
 }
 
-bool takeSouthern(TextScanner& scanner, UtmLetters meaning) {
+void takeHemisphereOrBand(TextScanner& scanner, UtmLetters meaning, UtmReference& reference) {
   const std::string_view word = scanner.word();
   const std::string letters = upperCased(scanner.letters());
-  if (letters == "NORTH") return false;
-  if (letters == "SOUTH") return true;
+  const bool isHemisphere = meaning == UtmLetters::hemispheres;
+  if (letters == "NORTH" || letters == "SOUTH" ||
+      (isHemisphere && (letters == "N" || letters == "S"))) {
+    reference.southern = letters.front() == 'S';
+    return;
+  }
   if (letters.size() != 1) {
     refuse(word.empty() ? "a hemisphere or a band is missing after the zone"
                         : inQuotes(word) + " is neither a hemisphere nor a band");
   }
-  if (letters == "N") return false;
-  if (letters == "S") return meaning == UtmLetters::hemispheres;
-  checkBand(letters.front());
-  return CoordinateLookup::findLatDegrees(letters) < 0;
+  reference.band = letters.front();
+  checkBand(*reference.band);
+  reference.southern = CoordinateLookup::findLatDegrees(letters) < 0;
 }
 
 // "mE", "m E", "E" or "m" after a number; the same with N.
@@ -102,8 +105,13 @@ void takeSquareMetres(TextScanner& scanner, MgrsReference& reference) {
   reference.northing = metresOf(northing);
 }
 
-std::string squareName(const MgrsReference& reference) {
-  return "square " + reference.letters.substr(1) + " of zone " + std::to_string(reference.zone);
+void checkBandOf(const CLLocationCoordinate2D& position, char band, const std::string& what) {
+  constexpr double kSlack = 0.05;  // degrees: more than any datum's shift
+  const double south = CoordinateLookup::findLatDegrees(std::string(1, band));
+  const double height = band == 'C' || band == 'X' ? 12 : band == 'A' || band == 'Z' ? 6 : 8;
+  if (!(position.latitude > south - kSlack && position.latitude < south + height + kSlack)) {
+    refuse(what + " is not in band " + band + " there");
+  }
 }
 
 // A shift from the datum of the reference may lead just beyond 180 degrees.
@@ -119,7 +127,7 @@ CLLocationCoordinate2D withinGlobe(CLLocationCoordinate2D position) {
 UtmReference takeUtmReference(TextScanner& scanner, UtmLetters letters) {
   UtmReference reference;
   reference.zone = takeZone(scanner);
-  reference.southern = takeSouthern(scanner, letters);
+  takeHemisphereOrBand(scanner, letters, reference);
   reference.easting = takeMetres(scanner, "easting", 'E', 1000000);
   scanner.separator();
   reference.northing = takeMetres(scanner, "northing", 'N', 10000000);
@@ -146,22 +154,22 @@ MgrsReference takeMgrsReference(TextScanner& scanner) {
 }
 
 CLLocationCoordinate2D positionOf(const UtmReference& reference) {
-  return withinGlobe(ConvertCoordinates::convertToDecimalWithZoneHemisphereAndEastingAndNorthing(
+  const auto position = ConvertCoordinates::convertToDecimalWithZoneHemisphereAndEastingAndNorthing(
       reference.zone, reference.southern ? "south" : "north", reference.easting,
-      reference.northing));
+      reference.northing);
+  if (reference.band) {
+    checkBandOf(position, *reference.band, "northing " + shortestText(reference.northing));
+  }
+  return withinGlobe(position);
 }
 
 CLLocationCoordinate2D positionOf(const MgrsReference& reference) {
-  constexpr double kSlack = 0.05;  // degrees: more than any datum's shift
   const auto position =
       ConvertCoordinates::convertMGRStoDecimalWithZoneAndZoneLetterAndEastingAndNorthing(
           reference.zone, reference.letters, reference.easting, reference.northing);
-  const char band = reference.letters.front();
-  const double south = CoordinateLookup::findLatDegrees(reference.letters);
-  const double height = band == 'C' || band == 'X' ? 12 : band == 'A' || band == 'Z' ? 6 : 8;
-  if (!(position.latitude > south - kSlack && position.latitude < south + height + kSlack)) {
-    refuse(squareName(reference) + " is not in band " + band + " there");
-  }
+  checkBandOf(
+      position, reference.letters.front(),
+      "square " + reference.letters.substr(1) + " of zone " + std::to_string(reference.zone));
   return withinGlobe(position);
 }
 

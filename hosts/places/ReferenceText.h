@@ -8,13 +8,14 @@
 // of what they name: "33U VP 123 678" is that of a square of 100 m.
 //
 // In UTM a letter is a hemisphere or a latitude band. Two letters are both: S, the south or 32 to
-// 40 degrees north, and N, which is northern either way. The caller says what they are; all other
-// letters are bands.
+// 40 degrees north, and N, the north or the 8 degrees north of the equator. The caller says what
+// they are; all other letters are bands.
 //
 // The references are of the selected datum, the positions on WGS 84.
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 
 #include "hosts/text/TextScanner.h"
@@ -25,7 +26,8 @@ namespace wayfell {
 struct UtmReference {
   std::int32_t zone = 0;
   bool southern = false;
-  double easting = 0;  ///< metres, as the northing
+  std::optional<char> band;  ///< in capitals; none where the hemisphere is told
+  double easting = 0;        ///< metres, as the northing
   double northing = 0;
 };
 
@@ -49,9 +51,9 @@ MgrsReference takeMgrsReference(TextScanner& scanner);
 // rounded up to the next 100 km (00000) reads back 100 km off: the letters are those from before.
 //
 // They throw std::invalid_argument for a reference to no place: beyond a pole, or not in the band
-// that it names. Some that exist are refused so: all of band A, whose southern edge the formulas
-// put at infinity, and those whose corner is less than some 30 m from their band's southern edge,
-// for which the formulas may take the next square of that name, 2000 km on.
+// that it names. Some MGRS references that exist are refused so: all of band A, whose southern edge
+// the formulas put at infinity, and those whose corner is less than some 30 m from their band's
+// southern edge, for which the formulas may take the next square of that name, 2000 km on.
 
 CLLocationCoordinate2D positionOf(const UtmReference& reference);
 CLLocationCoordinate2D positionOf(const MgrsReference& reference);

@@ -146,6 +146,7 @@ TEST(PositionReaderTest, RefusesWithTheReason) {
       {"46 60 7 30", "60 minutes, not below 60"},
       {"46 98 7 94", "98 minutes, not below 60"},
       {"46 0 60.5 7 0 0", "60.5 seconds"},
+      {"46 .98 7 .94", "the minutes of a latitude begin with a point"},
       {"46.5 30 7 15", "fraction of degrees and minutes"},
       {"46 30.5 10 7 15 10", "fraction of minutes and seconds"},
       {"46 30 7", "3 numbers"},
@@ -168,6 +169,7 @@ TEST(PositionReaderTest, RefusesWithTheReason) {
       {"32T MT 19383 03487 5", "\"5\" is too much"},
       {"32T AT 1 2", "no column A"},
       {"62 N 419383 5203487", "zone 62"},
+      {"33 W 500000 4649776", "not in band W"},
       {"utm –", "is no part of a position"},
   };
   for (const auto& [text, complaint] : cases) {
@@ -184,10 +186,15 @@ TEST(PositionReaderTest, ReadsTheLettersOfTheUsersLanguage) {
   const auto with = [](const char* east, const char* west) {
     return PositionNotation{.hemispheres = {.east = east, .west = west}};
   };
-  EXPECT_EQ(readPosition("47°N, 8°O", with("O", "W")).longitude, 8);
-  EXPECT_EQ(readPosition("47°N, 8°O", with("E", "O")).longitude, -8);
-  EXPECT_EQ(readPosition("47°N, 8°E", with("O", "W")).longitude, 8);
-  EXPECT_EQ(readPosition("47°N, 8°З", with("В", "З")).longitude, -8);
+  const std::tuple<const char*, PositionNotation, double> cases[] = {
+      {"47°N, 8°O", with("O", "W"), 8},
+      {"47°N, 8°O", with("E", "O"), -8},
+      {"47°N, 8°E", with("O", "W"), 8},
+      {"47°N, 8°З", with("В", "З"), -8},
+  };
+  for (const auto& [text, notation, longitude] : cases) {
+    EXPECT_EQ(readPosition(text, notation).longitude, longitude) << text;
+  }
   // A W that may be the east is nobody's letter.
   EXPECT_THROW(readPosition("47°N, 8°W", with("W", "O")), std::invalid_argument);
 }
