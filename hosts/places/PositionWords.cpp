@@ -83,9 +83,17 @@ void checkOthers(Words words, const PositionNotation& notation) {
   }
 }
 
+// For words that are to be fewer positions than words.
+void checkNoneAlone(Words words, const PositionNotation& notation) {
+  checkOthers(words, notation);
+  if (words.size() > 1 && alone(words.front(), notation)) {
+    refuse("these are " + std::to_string(words.size()) + " positions, which is too many");
+  }
+}
+
 // Says why words are not two positions.
 [[noreturn]] void refuseAsTwo(Words words, const PositionNotation& notation) {
-  checkOthers(words, notation);
+  checkNoneAlone(words, notation);
   std::optional<Position> one;
   try {
     one = joined(words, notation);
@@ -102,10 +110,7 @@ void checkOthers(Words words, const PositionNotation& notation) {
 }  // namespace
 
 Position onePosition(const std::vector<std::string>& words, const PositionNotation& notation) {
-  if (words.size() > 1) {
-    checkOthers(words, notation);
-    if (alone(words.front(), notation)) refuse("these are several positions, and one is needed");
-  }
+  if (words.size() > 1) checkNoneAlone(words, notation);
   return joined(words, notation);
 }
 

@@ -164,7 +164,7 @@ TEST_F(StoreCommandsTest, RefusesAndChangesNothing) {
       {"settings", 2, "a command is missing"},
       {"waypoint set 90.1 0", 1, "latitude 90.1 is beyond 90"},
       {"waypoint set 1 2 3", 1, "3 numbers are no latitude and longitude"},
-      {"waypoint set '1 2' '3 4'", 1, "several positions"},
+      {"waypoint set '1 2' '3 4'", 1, "these are 2 positions"},
       {"waypoint set", 2, "missing"},
       {"waypoint set --gpx a.gpx 1 2", 2, "excludes"},
       {"waypoint set --gpx none.gpx", 1, "none.gpx: cannot be opened"},
