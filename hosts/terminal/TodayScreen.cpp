@@ -83,7 +83,7 @@ TerminalLook lookOf(TextStyle style) {
 }  // namespace
 
 TodayScreen::TodayScreen(EventLoop& loop, Terminal& terminal, Scene& scene)
-    : loop_(loop), terminal_(terminal), scene_(scene), watch_(scene.interface()) {
+    : loop_(loop), terminal_(terminal), scene_(scene), watch_(scene) {
   loop_.onInput(
       terminal_.keyboard(), [this] { takeInput(); }, [this] { loop_.stop(); });
   loop_.onTurnEnd([this] { showChanges(); });

@@ -8,8 +8,8 @@
 #include <vector>
 
 #include "hosts/loop/uv/EventLoop.h"
-#include "hosts/panel/ViewWatch.h"
 #include "hosts/scene/Scene.h"
+#include "hosts/scene/ViewWatch.h"
 #include "hosts/terminal/PanelComposer.h"
 #include "hosts/terminal/Terminal.h"
 

@@ -32,7 +32,7 @@ double turnedByShorterWay(double present, double direction) {
 }  // namespace
 
 PanelAdapter::PanelAdapter(Scene& scene, QObject* parent)
-    : QObject(parent), scene_(scene), watch_(scene.interface()) {
+    : QObject(parent), scene_(scene), watch_(scene) {
   confirmation_.setSingleShot(true);
   connect(&confirmation_, &QTimer::timeout, this, [this] {
     if (news_ == confirmed_) tell({});

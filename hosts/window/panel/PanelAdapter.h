@@ -27,8 +27,8 @@
 #include <utility>
 
 #include "hosts/panel/PanelReading.h"
-#include "hosts/panel/ViewWatch.h"
 #include "hosts/scene/Scene.h"
+#include "hosts/scene/ViewWatch.h"
 #include "hosts/window/panel/ShownRow.h"
 
 class QQmlEngine;
