@@ -12,7 +12,7 @@ AddressChoice chosenAddresses(const KeyValueStore* local) {
 }  // namespace
 
 LiveHost::LiveHost(IoRunLoop& loop, LocationSource& source, const Warn& warn)
-    : loop_(loop),
+    : timers_(loop),
       source_(source),
       stores_([&loop] { return loop.turn(); }, warn),
       geocoder_(makeGeocoder(chosenAddresses(stores_.standardDefaults()), loop, warn)),
@@ -22,8 +22,8 @@ LiveHost::LiveHost(IoRunLoop& loop, LocationSource& source, const Warn& warn)
 }
 
 LiveHost::~LiveHost() {
-  // Timers and the lookup under way own the controller, which needs its host to stop its updates.
-  loop_.cancelAllTimers();
+  // Timers and the lookup under way own controllers, which need their host to stop their updates.
+  endTimers();
   geocoder_.reset();
   install(nullptr);
 }

@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "hosts/live/SystemClock.h"
+#include "hosts/live/WidgetTimers.h"
 #include "hosts/loop/IoRunLoop.h"
 #include "hosts/services/DesktopUrlOpener.h"
 #include "hosts/services/Warn.h"
@@ -16,13 +17,13 @@ namespace wayfell {
 
 class LiveHost : public Host {
  public:
-  /// The loop and the source must outlive the host, which ends the timers of the loop.
+  /// The loop and the source must outlive the host.
   LiveHost(IoRunLoop& loop, LocationSource& source, const Warn& warn);
   ~LiveHost() override;
   LiveHost(const LiveHost&) = delete;
   LiveHost& operator=(const LiveHost&) = delete;
 
-  RunLoop& runLoop() override { return loop_; }
+  RunLoop& runLoop() override { return timers_; }
   Clock& clock() override { return systemClock(); }
   KeyValueStore* standardDefaults() override { return stores_.standardDefaults(); }
   KeyValueStore* sharedDefaults(std::string_view suiteName) override {
@@ -34,8 +35,11 @@ class LiveHost : public Host {
   const StringTable& stringTable() override { return texts_; }
   UrlOpener& urlOpener() override { return opener_; }
 
+  /// Ends the timers of the widget, and with them what only they have kept.
+  void endTimers() { timers_.cancelAll(); }
+
  private:
-  IoRunLoop& loop_;
+  WidgetTimers timers_;
   LocationSource& source_;
   Stores stores_;
   std::unique_ptr<AttributedGeocoder> geocoder_;

@@ -3,24 +3,37 @@
 #include <utility>
 
 #include "hosts/scene/FixAge.h"
+#include "platform/NSBundle.h"
 #include "settings/UserDefaults.h"
 
 namespace wayfell {
 
 LiveScene::LiveScene(LiveHost& host, SourceStatus source, Now now)
     : host_(host), source_(std::move(source)), now_(std::move(now)) {
-  controller_->viewDidLoad();
-  appear();
+  letAppear();
 }
 
 void LiveScene::letAppear() {
+  if (onScreen_) letDisappear();
+  controller_ = std::make_shared<TodayViewController>();
+  interface_.emplace(controller_);
+  controller_->viewDidLoad();
   controller_->viewWillAppear(false);
   onScreen_ = true;
+  handOverLastFix();
   settle();
+}
+
+// As it came: its course, too, turns the compass, and is as old as the fix.
+void LiveScene::handOverLastFix() {
+  followCourseOrCompass();
+  if (lastFix_) controller_->locationManager().deliverLocations({*lastFix_});
+  lastFix_ = controller_->currentLocation;
 }
 
 void LiveScene::letDisappear() {
   controller_->viewWillDisappear(false);
+  host_.endTimers();
   onScreen_ = false;
 }
 
@@ -36,8 +49,12 @@ bool LiveScene::followsCourse() const {
   return !source_.deliversHeadings();
 }
 
+void LiveScene::followCourseOrCompass() {
+  interface_->views().compassRotatingView.setCompassDisplayCourse(followsCourse());
+}
+
 void LiveScene::settle() {
-  interface_.views().compassRotatingView.setCompassDisplayCourse(followsCourse());
+  followCourseOrCompass();
   if (controller_->currentLocation != lastFix_) {
     lastFix_ = controller_->currentLocation;
     lastFixCame_ = now_();
@@ -49,8 +66,10 @@ double LiveScene::fixAge() const {
 }
 
 Freshness LiveScene::freshness() const {
+  // A fix without a course leaves the heading where it was.
+  const bool hasCourse = lastFix_ && lastFix_->course >= 0;
   return {.fix = lastFix_ && isFreshFix(fixAge()),
-          .heading = followsCourse() || source_.deliversHeadings()};
+          .heading = followsCourse() ? hasCourse : source_.deliversHeadings()};
 }
 
 std::string LiveScene::warning() const {
@@ -64,13 +83,15 @@ std::string LiveScene::warning() const {
 }
 
 Scene::Lines LiveScene::lines() const {
-  Lines lines{"LIVE", source_.name(), "course", warning(), host_.reverseGeocoder().attribution()};
-  if (!followsCourse()) {
-    // True when neither is chosen and the true heading is known, which is nearly always.
-    lines.state = UserDefaults::checkIntDefaults("compassHeading") == 1 ? "compass, magnetic"
-                                                                        : "compass, true";
-  }
-  return lines;
+  return {std::string(localized("LIVE")), source_.name(), headingState(), warning(),
+          host_.reverseGeocoder().attribution()};
+}
+
+std::string LiveScene::headingState() const {
+  if (followsCourse()) return std::string(localized("course"));
+  // True when neither is chosen and the true heading is known, which is nearly always.
+  const bool magnetic = UserDefaults::checkIntDefaults("compassHeading") == 1;
+  return std::string(magnetic ? localized("compass, magnetic") : localized("compass, true"));
 }
 
 std::optional<std::string> LiveScene::takeNews() { return std::exchange(news_, std::nullopt); }
@@ -80,12 +101,13 @@ void LiveScene::actItself(const PanelRequest& request) {
   switch (headingChoice_) {
     case HeadingChoice::whatIsThere:
       headingChoice_ = followsCourse() ? HeadingChoice::compass : HeadingChoice::course;
-      tell(followsCourse() ? "heading: the course, always" : "heading: the compass, always");
+      tell(std::string(followsCourse() ? localized("heading: the course, always")
+                                       : localized("heading: the compass, always")));
       break;
     case HeadingChoice::compass:
     case HeadingChoice::course:
       headingChoice_ = HeadingChoice::whatIsThere;
-      tell("heading: the compass where there is one, else the course");
+      tell(std::string(localized("heading: the compass where there is one, else the course")));
       break;
   }
   settle();

@@ -24,14 +24,16 @@ struct SourceStatus {
   std::function<bool()> deliversHeadings;
 };
 
+/// Each appearance is that of a fresh widget, which is handed the last fix: a controller that has
+/// disappeared once gets no more headings, and keeps the timers of all its appearances.
 class LiveScene : public Scene {
  public:
   using Now = std::function<std::chrono::steady_clock::time_point()>;
 
-  /// Loads the widget on the host, which must outlive this, and lets it appear.
+  /// Lets the widget appear on the host, which must outlive this.
   LiveScene(LiveHost& host, SourceStatus source, Now now = std::chrono::steady_clock::now);
 
-  const WidgetInterface& interface() const override { return interface_; }
+  const WidgetInterface& interface() const override { return *interface_; }
   TodayViewController& controller() const { return *controller_; }
   bool onScreen() const override { return onScreen_; }
   Lines lines() const override;
@@ -40,6 +42,7 @@ class LiveScene : public Scene {
   std::optional<std::string> takeNews() override;
   std::span<const PanelAction> actions() const override { return kLiveActions; }
   void settle() override;
+  void catchUp() override { settle(); }
 
   /// Something that the user should hear of.
   void tell(std::string news) { news_ = std::move(news); }
@@ -53,6 +56,9 @@ class LiveScene : public Scene {
   /// Where headings come from: the compass while it delivers, or what the user chose.
   enum class HeadingChoice { whatIsThere, compass, course };
   bool followsCourse() const;
+  void followCourseOrCompass();
+  void handOverLastFix();
+  std::string headingState() const;
   /// Seconds since the fix that is shown came; there is one. By that, as the machine's clock may be
   /// wrong, or the receiver's.
   double fixAge() const;
@@ -61,8 +67,8 @@ class LiveScene : public Scene {
   LiveHost& host_;
   SourceStatus source_;
   Now now_;
-  std::shared_ptr<TodayViewController> controller_ = std::make_shared<TodayViewController>();
-  WidgetInterface interface_{controller_};
+  std::shared_ptr<TodayViewController> controller_;
+  std::optional<WidgetInterface> interface_;
   bool onScreen_ = false;
   HeadingChoice headingChoice_ = HeadingChoice::whatIsThere;
   std::optional<std::string> news_;

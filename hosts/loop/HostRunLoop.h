@@ -24,7 +24,6 @@ class HostRunLoop : public IoRunLoop {
   /// Timers may fire up to 15 ms late, so that those due at almost one time need one wake-up.
   TimerId scheduleTimer(double interval, bool repeats, std::function<void()> action) final;
   void cancelTimer(TimerId timer) final { timers_.cancel(timer); }
-  void cancelAllTimers() final { timers_.cancelAll(); }
   void perform(std::function<void()> action) final;
   std::uint64_t turn() const final { return turn_; }
 
@@ -41,6 +40,8 @@ class HostRunLoop : public IoRunLoop {
   void guard(const Handler& handler);
 
  protected:
+  /// For a loop that ends: what its timers own may still need it.
+  void cancelAllTimers() { timers_.cancelAll(); }
   /// Since any fixed time.
   virtual double seconds() = 0;
   /// Lets fireTimers be called once after so long, instead of what was asked for before; never if

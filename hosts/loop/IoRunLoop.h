@@ -13,9 +13,6 @@ class IoRunLoop : public RunLoop {
  public:
   using WatchId = std::uint64_t;
 
-  /// For a host that ends: what its timers own may still need it to end.
-  virtual void cancelAllTimers() = 0;
-
   /// What a descriptor is ready for. A connection that has ended or failed is ready for both, as
   /// far as it was asked for: the read or write that follows tells.
   struct Readiness {

@@ -30,9 +30,9 @@ class PlayedScene : public Scene {
   std::span<const PanelAction> actions() const override { return kRecordingActions; }
   void suspend() override { catchUp(); }
   void resume() override;
+  void catchUp() override;
 
  protected:
-  void catchUp() override;
   void letAppear() override { player_.act(event::Appear{}); }
   void letDisappear() override { player_.act(event::Disappear{}); }
   void actItself(const PanelRequest& request) override;

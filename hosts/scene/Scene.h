@@ -50,10 +50,10 @@ class Scene {
 
   /// Draws its conclusions from what has happened; at the end of each turn of the run loop.
   virtual void settle() {}
-
- protected:
   /// Brings the scene up to now.
   virtual void catchUp() {}
+
+ protected:
   virtual void letAppear() = 0;
   virtual void letDisappear() = 0;
   /// One of actions(), or something that is not the scene's.

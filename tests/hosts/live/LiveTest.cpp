@@ -5,6 +5,7 @@
 #include "hosts/live/LiveScene.h"
 #include "hosts/live/OpenSource.h"
 #include "hosts/loop/uv/EventLoop.h"
+#include "hosts/scene/ViewWatch.h"
 #include "hosts/services/location/GpsdLink.h"
 #include "hosts/text/InputError.h"
 #include "platform/SimulatedHost.h"
@@ -14,6 +15,21 @@ namespace wayfell {
 namespace {
 
 using namespace std::chrono_literals;
+
+// Stands still, and knows its timers.
+class StillLoop : public IoRunLoop {
+ public:
+  SimulatedRunLoop timers;
+
+  TimerId scheduleTimer(double interval, bool repeats, std::function<void()> action) override {
+    return timers.scheduleTimer(interval, repeats, std::move(action));
+  }
+  void cancelTimer(TimerId timer) override { timers.cancelTimer(timer); }
+  WatchId watch(int, Readiness, std::function<void(Readiness)>) override { return 0; }
+  void unwatch(WatchId) override {}
+  void perform(std::function<void()>) override {}
+  std::uint64_t turn() const override { return 1; }
+};
 
 // Files are in a folder of the test's, and the source says what the test says.
 class Live : public testing::Test {
@@ -31,7 +47,6 @@ class Live : public testing::Test {
   }
 
   Folder folder;
-  EventLoop loop;
   std::string trouble;
   bool hasCompass = false;
   std::vector<std::string> warnings;
@@ -50,6 +65,11 @@ class LiveScenes : public Live {
     return scene->interface().views().headingLabel.text().value_or("");
   }
 
+  std::string position() const {
+    return scene->interface().views().userCoordinateLabel.text().value_or("");
+  }
+
+  StillLoop loop;
   SimulatedLocationSource source;
   std::chrono::steady_clock::time_point now{};
   LiveHost host{loop, source, warn};
@@ -139,8 +159,57 @@ TEST_F(LiveScenes, KeepWhatTheUserDoesAndShowWhatOthersWrite) {
   EXPECT_TRUE(warnings.empty()) << warnings.front();
 }
 
+// A fix that is handed over is as old as it was, and so is its course.
+TEST_F(LiveScenes, AreFreshWhenTheyAppearAgainButForTheLastFix) {
+  hasCompass = true;
+  scene->settle();
+  report(1, 45);
+  source.deliver(CLHeading{90, 88, 5});
+  const ViewWatch watch(*scene);
+  scene->act({PanelAction::showOrHide});
+  now += 61s;
+  scene->act({PanelAction::showOrHide});
+  EXPECT_EQ(position(), "0.00000°S, 1.00000°E");
+  EXPECT_EQ(scene->lines().warning, "fix 1 min old");
+  EXPECT_EQ(heading(), "");
+  source.deliver(CLHeading{180, 178, 5});
+  EXPECT_EQ(heading(), "180°");
+  EXPECT_EQ(scene->freshness(), (Freshness{.fix = false, .heading = true}));
+
+  scene->act({PanelAction::chooseHeading});
+  scene->disappear();
+  scene->appear();
+  EXPECT_EQ(heading(), "45°");
+  EXPECT_EQ(scene->freshness(), (Freshness{.fix = false, .heading = true}));
+  report(2);
+  EXPECT_EQ(heading(), "45°");
+  EXPECT_EQ(scene->freshness(), (Freshness{.fix = true, .heading = false}));
+}
+
+// The widget's ticks of 0.5, 2 and 5 s are of one appearance, and a hidden one has none.
+TEST_F(LiveScenes, HaveTheTimersOfOneAppearance) {
+  const auto timers = [this] {
+    std::vector<std::size_t> counts;
+    for (const double seconds : {0.5, 2.0, 5.0, 7.0}) {
+      counts.push_back(loop.timers.timersWithInterval(seconds));
+    }
+    return counts;
+  };
+  for (int i = 0; i < 50; ++i) {
+    scene->disappear();
+    EXPECT_EQ(timers(), (std::vector<std::size_t>{0, 0, 0, 0}));
+    scene->appear();
+    report(i);
+    report(i + 0.5);  // which the wait of 7 s for a standstill begins with
+    loop.timers.advanceBy(i % 2 * 10);
+  }
+  EXPECT_EQ(timers(), (std::vector<std::size_t>{1, 1, 1, 0}));
+}
+
 class OpenedSources : public Live {
  protected:
+  EventLoop loop;
+
   LiveKind kind(const std::string& name, bool isThere) {
     return {.name = name,
             .forms = {{name, "where " + name + "s are"}},
