@@ -5,27 +5,32 @@
 #include <fstream>
 #include <utility>
 
+#include "hosts/live/AutoStage.h"
 #include "hosts/live/LiveHost.h"
 #include "hosts/replay/Snapshot.h"
 #include "hosts/scene/PlayedScene.h"
 #include "hosts/services/texts/UserTexts.h"
 #include "hosts/text/InputError.h"
+#include "platform/NSBundle.h"
 
 namespace wayfell {
 namespace {
 
 class LiveStage : public Stage {
  public:
-  LiveStage(IoRunLoop& loop, LiveSource live, const Warn& warn)
-      : source_(std::move(live.source)),
-        host_(loop, *source_, warn),
-        scene_(host_, std::move(live.status)) {}
+  LiveStage(HostRunLoop& loop, const LiveKind& kind, const std::string& where, const Warn& warn)
+      : LiveStage(loop, kind.open(loop, where), warn) {}
 
   Scene& scene() override { return scene_; }
   std::optional<CLLocation> fix() const override { return scene_.controller().currentLocation; }
   void tell(const std::string& news) override { scene_.tell(news); }
 
  private:
+  LiveStage(IoRunLoop& loop, LiveSource live, const Warn& warn)
+      : source_(std::move(live.source)),
+        host_(loop, *source_, warn),
+        scene_(host_, std::move(live.status)) {}
+
   std::unique_ptr<LocationSource> source_;
   LiveHost host_;
   LiveScene scene_;
@@ -70,8 +75,8 @@ RecordedStage::RecordedStage(IoRunLoop& loop, const SourceWishes& wishes, const 
       widget_(widgetWith(wishes.settings, texts_)),
       recording_(choice_, ChosenRecording::Slow::readAll),
       player_(*recording_, *widget_),
-      scene_(loop, player_, wishes.rate.value_or(1), choice_.demo ? "DEMO" : "REPLAY",
-             choice_.title()) {
+      scene_(loop, player_, wishes.rate.value_or(1),
+             std::string(choice_.demo ? localized("DEMO") : localized("REPLAY")), choice_.title()) {
   if (!wishes.snapshots.empty()) showSnapshotsIn(wishes.snapshots);
 }
 
@@ -89,42 +94,73 @@ void RecordedStage::showSnapshotsIn(const std::string& file) {
   };
 }
 
-// The source that `auto` stands for here, and what it says of those that are not there.
-SourceChoice sourceThatIsThere(HostRunLoop& loop, const Sources& sources,
-                               std::optional<std::string>& missing) {
+std::unique_ptr<Stage> openRecorded(IoRunLoop& loop, const SourceWishes& wishes, const Warn& warn,
+                                    std::optional<std::string>& note) {
+  try {
+    auto stage = std::make_unique<RecordedStage>(loop, wishes, warn);
+    note = stage->note();
+    return stage;
+  } catch (const InputError& error) {
+    throw InputError(wishes.source.recording().name() + ": " + error.what());
+  }
+}
+
+// The kinds that `auto` has looked for: one that is there, if any is, and those before it.
+struct Looked {
+  const LiveKind* found = nullptr;
+  std::vector<LiveKind> missing;
+};
+
+Looked lookFor(const Sources& sources, HostRunLoop& loop) {
+  Looked looked;
   for (const LiveKind& kind : sources.live()) {
     if (!kind.isThere) continue;
     if (kind.isThere(loop)) {
-      if (missing) *missing += ": positions are " + kind.called + "'s";
-      return {kind.name};
+      looked.found = &kind;
+      return looked;
     }
-    missing = (missing ? *missing + " and no " : "no ") + kind.called;
+    looked.missing.push_back(kind);
   }
-  if (missing) *missing += ": this is the demo";
-  return {"demo"};
+  return looked;
+}
+
+std::string missingText(const Looked& looked) {
+  std::string names;
+  for (const LiveKind& kind : looked.missing) {
+    // Translators: of several things none is there: "gpsd and no GeoClue".
+    names = names.empty() ? kind.called()
+                          : localizedStringWithFormat("%@ and no %@", names, kind.called());
+  }
+  if (!looked.found) return localizedStringWithFormat("no %@: the demo", names);
+  return localizedStringWithFormat("no %@: positions come from %@", names, looked.found->called());
+}
+
+OpenedSource openAuto(HostRunLoop& loop, const Sources& sources, SourceWishes wishes,
+                      const Warn& warn) {
+  const Looked looked = lookFor(sources, loop);
+  wishes.source = {looked.found ? looked.found->name : "demo"};
+  OpenedSource opened = openSource(loop, sources, wishes, warn);
+  if (looked.missing.empty()) return opened;
+  opened.missing = missingText(looked);
+  const LiveKind& preferred = looked.missing.front();
+  if (!preferred.await) return opened;
+  opened.stage = std::make_unique<AutoStage>(
+      loop, preferred, std::move(opened.stage),
+      [&loop, &warn, preferred] { return std::make_unique<LiveStage>(loop, preferred, "", warn); });
+  return opened;
 }
 
 }  // namespace
 
 OpenedSource openSource(HostRunLoop& loop, const Sources& sources, const SourceWishes& wishes,
                         const Warn& warn) {
+  const SourceChoice& source = wishes.source;
+  if (source.kind == "auto") return openAuto(loop, sources, wishes, warn);
   OpenedSource opened;
-  SourceWishes found = wishes;
-  if (wishes.source.kind == "auto") {
-    found.source = sourceThatIsThere(loop, sources, opened.missing);
-  }
-  const SourceChoice& source = found.source;
-  if (!source.isRecording()) {
-    LiveSource live = sources.live(source.kind).open(loop, source.where);
-    opened.stage = std::make_unique<LiveStage>(loop, std::move(live), warn);
-    return opened;
-  }
-  try {
-    auto stage = std::make_unique<RecordedStage>(loop, found, warn);
-    opened.note = stage->note();
-    opened.stage = std::move(stage);
-  } catch (const InputError& error) {
-    throw InputError(source.recording().name() + ": " + error.what());
+  if (source.isRecording()) {
+    opened.stage = openRecorded(loop, wishes, warn, opened.note);
+  } else {
+    opened.stage = std::make_unique<LiveStage>(loop, sources.live(source.kind), source.where, warn);
   }
   return opened;
 }

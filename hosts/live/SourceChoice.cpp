@@ -7,6 +7,7 @@
 #include "hosts/live/SystemClock.h"
 #include "hosts/services/location/GpsdLink.h"
 #include "hosts/services/location/GpsdSource.h"
+#include "platform/NSBundle.h"
 
 namespace wayfell {
 namespace {
@@ -15,14 +16,30 @@ GpsdAddress addressOf(const std::string& where) {
   return where.empty() ? GpsdAddress() : *gpsdAddressOf(where);
 }
 
+std::string nameOf(const GpsdAddress& address) {
+  return localizedStringWithFormat("gpsd at %@", address.text());
+}
+
 LiveSource openGpsd(HostRunLoop& loop, const std::string& where) {
   const GpsdAddress address = addressOf(where);
   auto source = std::make_unique<GpsdSource>(loop, systemClock(), address);
   const GpsdSource& gpsd = *source;
-  SourceStatus status = {[name = "gpsd at " + address.text()] { return name; },
+  SourceStatus status = {[address] { return nameOf(address); },
                          [&gpsd] { return gpsdTrouble(gpsd.state()); },
                          [&gpsd] { return gpsd.deliversHeadings(); }};
   return {std::move(source), std::move(status)};
+}
+
+// The link pauses longer and longer between its attempts.
+std::shared_ptr<void> awaitGpsd(HostRunLoop& loop, std::function<void()> isThere) {
+  auto link = std::make_shared<GpsdLink>(
+      loop, GpsdAddress(), GpsdIntervals(),
+      GpsdLink::Handlers{
+          .statusChanged = [] {},
+          .lineCame = [isThere = std::move(isThere)](std::string_view /*line*/) { isThere(); },
+          .ticked = [] {}});
+  link->open();
+  return link;
 }
 
 LiveKind gpsd() {
@@ -30,8 +47,9 @@ LiveKind gpsd() {
           .forms = {{"gpsd[=HOST:PORT]", "a gpsd, here or elsewhere; it is waited for if need be"}},
           .takes = [](const std::string& where) { return where.empty() || gpsdAddressOf(where); },
           .open = openGpsd,
-          .called = "gpsd at " + GpsdAddress().text(),
-          .isThere = [](HostRunLoop& loop) { return gpsdAnswers(loop, GpsdAddress()); }};
+          .called = [] { return nameOf({}); },
+          .isThere = [](HostRunLoop& loop) { return gpsdAnswers(loop, GpsdAddress()); },
+          .await = awaitGpsd};
 }
 
 }  // namespace

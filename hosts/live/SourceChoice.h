@@ -45,8 +45,12 @@ struct LiveKind {
   std::function<LiveSource(HostRunLoop& loop, const std::string& where)> open;
   /// For those that `auto` tries, when nothing is said of where: as it calls them, and whether they
   /// are there.
-  std::string called = {};
+  std::function<std::string()> called = {};
   std::function<bool(HostRunLoop& loop)> isThere = {};
+  /// For one that `auto` changes over to when it comes later. Looks for it in the background, and
+  /// calls back at least once when it is there, until the result is released, which the call
+  /// itself must not do.
+  std::function<std::shared_ptr<void>(HostRunLoop& loop, std::function<void()> isThere)> await = {};
 };
 
 /// The kinds that a host can open.

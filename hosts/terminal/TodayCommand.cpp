@@ -18,6 +18,7 @@
 #include "hosts/terminal/TodayScreen.h"
 #include "hosts/text/ElapsedText.h"
 #include "hosts/text/InputError.h"
+#include "platform/NSBundle.h"
 
 namespace wayfell {
 namespace {
@@ -82,7 +83,7 @@ int printPanel(const WidgetInterface& interface, const std::string& caption,
 int printRecording(Stage& stage, Player& player) {
   player.advanceToFirstFix();
   const Scene::Lines lines = stage.scene().lines();
-  const std::string kind = lines.badge == "DEMO" ? "Demo: " : "Replay: ";
+  const std::string kind = lines.badge == localized("DEMO") ? "Demo: " : "Replay: ";
   return printPanel(stage.scene().interface(), elapsedText(player.elapsed()), kind + lines.title);
 }
 

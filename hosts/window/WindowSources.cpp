@@ -56,7 +56,7 @@ Sources windowSources() {
             [](HostRunLoop& loop, const std::string& /*where*/) {
               return onFeed(loop, std::make_unique<GeoclueFeed>());
             },
-        .called = "GeoClue",
+        .called = [] { return std::string("GeoClue"); },
         .isThere = [](HostRunLoop& /*loop*/) { return geoclueIsThere(); }},
        {.name = "nmea",
         .forms = {{"nmea=DEVICE", "a receiver that speaks NMEA, at the speed the port is set to"},

@@ -2,6 +2,7 @@
 // scene that shows it.
 #include <gtest/gtest.h>
 
+#include "hosts/live/AutoStage.h"
 #include "hosts/live/LiveScene.h"
 #include "hosts/live/OpenSource.h"
 #include "hosts/loop/uv/EventLoop.h"
@@ -218,7 +219,7 @@ class OpenedSources : public Live {
                 [this](HostRunLoop& /*loop*/, const std::string& /*where*/) {
                   return LiveSource{std::make_unique<SimulatedLocationSource>(), status()};
                 },
-            .called = name,
+            .called = [name] { return name; },
             .isThere = [isThere](HostRunLoop& /*loop*/) { return isThere; }};
   }
   OpenedSource open(const Sources& sources, const std::string& source) {
@@ -232,9 +233,45 @@ TEST_F(OpenedSources, AreTheFirstThatIsThereOrElseTheDemo) {
   if (gpsdAnswers(loop, {})) GTEST_SKIP() << "this machine has a gpsd";
   const Sources boat({kind("kite", false), kind("boat", true)});
   const OpenedSource live = open(boat, "auto");
-  EXPECT_EQ(live.missing, "no gpsd at localhost:2947 and no kite: positions are boat's");
+  EXPECT_EQ(live.missing, "no gpsd at localhost:2947 and no kite: positions come from boat");
   EXPECT_EQ(live.stage->scene().lines().badge, "LIVE");
   EXPECT_EQ(live.stage->player(), nullptr);
+}
+
+TEST_F(OpenedSources, GiveWayToThePreferredOneWhenItComes) {
+  for (const bool onScreen : {true, false}) {
+    std::function<void()> come;
+    LiveKind kite = kind("kite", false);
+    kite.await = [&come](HostRunLoop& /*loop*/, std::function<void()> isThere) {
+      come = std::move(isThere);
+      return std::make_shared<int>();
+    };
+    AutoStage stage(loop, kite, open(Sources(), "demo").stage,
+                    [this, &kite] { return open(Sources({kite}), "kite").stage; });
+    Scene& scene = stage.scene();
+    ViewWatch watch(scene);
+    stage.player()->advanceToFirstFix();
+    scene.act({PanelAction::switchLayout});
+    EXPECT_TRUE(stage.fix());
+    EXPECT_EQ(scene.lines().badge, "DEMO");
+    EXPECT_EQ(scene.lines().warning, "demo: not your position");
+    if (!onScreen) scene.disappear();
+    watch.takeChanged();
+
+    come();
+    come();
+    EXPECT_TRUE(stage.player());  // whoever calls is not ended by it
+    loop.perform([this] { loop.stop(); });
+    loop.run();
+    EXPECT_TRUE(watch.takeChanged());
+    EXPECT_EQ(scene.takeNews(), "kite is there now: positions are its");
+    EXPECT_EQ(scene.lines().badge, "LIVE");
+    EXPECT_EQ(scene.lines().warning, onScreen ? "no fix yet" : "");
+    EXPECT_EQ(scene.onScreen(), onScreen);
+    EXPECT_FALSE(stage.fix());
+    EXPECT_FALSE(stage.player());
+    EXPECT_FALSE(isCompact(scene.interface()));  // as the settings on the disk have it
+  }
 }
 
 TEST_F(OpenedSources, SayWhatTheyAre) {

@@ -65,9 +65,9 @@ class Receiver:
 class Gpsd:
     """A gpsd that listens to a receiver, at a port that stays the same when it is restarted."""
 
-    def __init__(self, receiver):
+    def __init__(self, receiver, port=0):
         self.receiver = receiver
-        with socket.create_server(("127.0.0.1", 0)) as free:
+        with socket.create_server(("127.0.0.1", port)) as free:
             self.port = free.getsockname()[1]
         self.process = None
 

@@ -81,7 +81,7 @@ class OnAReceiver(unittest.TestCase):
             screen.wait_for(lambda lines: " old" not in str(lines) and "contact" not in str(lines),
                             "a fresh fix")
 
-    def test_it_ends_during_a_lookup(self):
+    def test_it_appears_again_and_ends_during_a_lookup(self):
         self.home.wayfell("settings", "set", "widgetAddressString", "Elm St 1, Ames, Iowa")
         with socket.create_server(("127.0.0.1", 0)) as server, Gpsd(Receiver(**HERE)) as gpsd:
             url = f"http://127.0.0.1:{server.getsockname()[1]}"
@@ -90,6 +90,8 @@ class OnAReceiver(unittest.TestCase):
             with Screen(["sh", "-c", command], **self.home.environment) as screen:
                 connection, _ = server.accept()  # and never an answer
                 with connection:
+                    screen.keys("h", "h")
+                    screen.wait_for_text(LATITUDE_HERE)
                     screen.keys("q")
                     screen.wait_for_text("ended with 0")
         self.assertEqual(self.home.wayfell("settings", "get", "widgetAddressString"),
@@ -118,14 +120,21 @@ class OnAReceiver(unittest.TestCase):
             screen.wait_for_text("3.73 mi")
             screen.wait_for_text("3176 ft")  # 968 m x 3.2808399
 
-    def test_without_a_gpsd_there_is_the_demo(self):
+    def test_without_a_gpsd_there_is_the_demo_until_it_comes(self):
         before = self.home.wayfell("settings", "list")
-        with Screen([PROGRAM, "today"], **self.home.environment) as screen:
-            lines = screen.wait_for_text("this is the demo")
+        with Screen([PROGRAM, "today"], rows=18, **self.home.environment) as screen:
+            lines = screen.wait_for_text("no gpsd at localhost:2947: the demo")
             self.assertIn("DEMO", lines[-2])
+            self.assertIn("demo: not your position", lines[-1])
             screen.keys("t")
             screen.wait_for_text("▸")
-        self.assertEqual(self.home.wayfell("settings", "list"), before)
+            self.assertEqual(self.home.wayfell("settings", "list"), before)
+            with Gpsd(Receiver(**HERE), port=2947):  # where it is looked for
+                lines = screen.wait_for_text("gpsd at localhost:2947 is there now")
+                self.assertIn(" LIVE ", "\n".join(lines))
+                lines = screen.wait_for_text(LATITUDE_HERE)
+                self.assertNotIn("▸", "\n".join(lines))
+                self.assertNotIn("demo", "\n".join(lines).lower())
 
 
 if __name__ == "__main__":
