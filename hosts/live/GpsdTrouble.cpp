@@ -2,6 +2,8 @@
 
 #include <chrono>
 
+#include "platform/NSBundle.h"
+
 namespace wayfell {
 namespace {
 
@@ -9,9 +11,10 @@ namespace {
 std::string noContact(const GpsdState& state) {
   const auto left =
       std::chrono::ceil<std::chrono::seconds>(state.nextAttempt - std::chrono::steady_clock::now());
-  const bool isTrying = left.count() <= 0;
-  const std::string when = isTrying ? "" : ", retry in " + std::to_string(left.count()) + " s";
-  return "no contact" + when + ": " + state.reason;
+  const std::string_view reason = localized(state.reason);  // the system's own as they are
+  if (left.count() <= 0) return localizedStringWithFormat("no contact: %@", reason);
+  return localizedStringWithFormat("no contact, retry in %d s: %@", static_cast<int>(left.count()),
+                                   reason);
 }
 
 }  // namespace
@@ -19,15 +22,15 @@ std::string noContact(const GpsdState& state) {
 std::string gpsdTrouble(const GpsdState& state) {
   switch (state.kind) {
     case GpsdState::Kind::connecting:
-      return "connecting";
+      return std::string(localized("connecting"));
     case GpsdState::Kind::waiting:
       return noContact(state);
     case GpsdState::Kind::noDevice:
-      return "no receiver";
+      return std::string(localized("no receiver"));
     case GpsdState::Kind::silent:
-      return state.device + " is silent";
+      return localizedStringWithFormat("%@ is silent", state.device);
     case GpsdState::Kind::noFix:
-      return "no fix from " + state.device;
+      return localizedStringWithFormat("no fix from %@", state.device);
     case GpsdState::Kind::stopped:
     case GpsdState::Kind::fix:
       break;

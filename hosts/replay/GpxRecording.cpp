@@ -21,6 +21,7 @@
 #include "hosts/services/location/FixQuality.h"
 #include "hosts/text/InputError.h"
 #include "hosts/text/IsoTime.h"
+#include "platform/NSBundle.h"
 #include "platform/NSString.h"
 
 namespace wayfell {
@@ -94,10 +95,12 @@ void GpxRecording::addTrack(const pugi::xml_node& track) {
 }
 
 std::optional<std::string> GpxRecording::note() const {
-  if (!timed_) return "the track has no times: its points are taken one second apart";
+  if (!timed_) {
+    return std::string(localized("the track has no times: its points are taken one second apart"));
+  }
   if (points_.size() == found_) return std::nullopt;
-  return std::to_string(found_ - points_.size()) +
-         " track points are passed over, as their tracks have no times";
+  return localizedStringWithFormat("%d track points are passed over, as their tracks have no times",
+                                   found_ - points_.size());
 }
 
 std::optional<Event> GpxRecording::next() {

@@ -9,6 +9,7 @@
 #include "hosts/text/InputError.h"
 #include "hosts/text/TextWidth.h"
 #include "hosts/text/Utf8.h"
+#include "platform/NSBundle.h"
 
 namespace wayfell {
 namespace {
@@ -23,8 +24,8 @@ std::string RecordingChoice::name() const {
 }
 
 std::string RecordingChoice::title() const {
-  if (demo) return "a walk nobody took";
-  if (file == "-") return "from standard input";
+  if (demo) return std::string(localized("a walk nobody took"));
+  if (file == "-") return std::string(localized("from standard input"));
   return printable(std::filesystem::path(file).filename().string());
 }
 

@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "hosts/services/location/GpsdNotice.h"
+#include "platform/NSBundle.h"
 
 namespace wayfell {
 namespace {
@@ -106,7 +107,7 @@ void GpsdLink::read() {
   const ssize_t count = recv(socket_, buffer.data(), buffer.size(), 0);
   if (count < 0 && (errno == EAGAIN || errno == EINTR)) return;
   if (count <= 0) {
-    fail(count == 0 ? "gpsd has closed the connection" : textOf(errno));
+    fail(count == 0 ? textKey("gpsd has closed the connection") : textOf(errno));
     return;
   }
   lines_.append({buffer.data(), static_cast<std::size_t>(count)});
@@ -122,7 +123,7 @@ void GpsdLink::read() {
 bool GpsdLink::send(std::string_view request) {
   const ssize_t count = ::send(socket_, request.data(), request.size(), MSG_NOSIGNAL);
   if (count == static_cast<ssize_t>(request.size())) return true;
-  fail(count < 0 ? textOf(errno) : "gpsd takes no requests");
+  fail(count < 0 ? textOf(errno) : textKey("gpsd takes no requests"));
   return false;
 }
 
@@ -145,7 +146,7 @@ void GpsdLink::tick() {
     giveUpSocket();
     connectToNext();
   } else if (tooLong) {
-    fail("gpsd does not answer");
+    fail(textKey("gpsd does not answer"));
   } else if (silentTicks_ == 0 || send(kAskVersion)) {
     handlers_.ticked();
   }

@@ -10,6 +10,8 @@
 #include <system_error>
 #include <utility>
 
+#include "platform/NSBundle.h"
+
 namespace wayfell {
 
 // A receiver that talks without line ends is none; its bytes are not collected forever.
@@ -27,7 +29,7 @@ std::unique_ptr<DeviceFile> DeviceFile::open(IoRunLoop& loop, const std::string&
     device->watch_ = loop.watch(descriptor, {.readable = true},
                                 [each = device.get()](auto) { each->takeAvailable(); });
   } catch (const std::system_error&) {
-    failed("not a device");
+    failed(textKey("not a device"));
     return nullptr;
   }
   return device;
@@ -60,7 +62,7 @@ void DeviceFile::takeAvailable() {
   const ssize_t count = ::read(descriptor_, bytes.data(), bytes.size());
   if (count < 0 && (errno == EAGAIN || errno == EINTR)) return;
   if (count <= 0) {
-    const std::string reason = count == 0 ? "it has ended" : std::strerror(errno);
+    const std::string reason = count == 0 ? textKey("it has ended") : std::strerror(errno);
     loop_.unwatch(std::exchange(watch_, 0));
     failed_(reason);
     return;

@@ -4,6 +4,8 @@
 #include <QDBusConnectionInterface>
 #include <QDBusMessage>
 
+#include "platform/NSBundle.h"
+
 namespace wayfell {
 namespace {
 
@@ -26,22 +28,22 @@ bool geoclueIsThere() {
 
 void GeoclueFeed::open() {
   denied_ = false;
-  trouble_ = "waiting for GeoClue";
+  trouble_ = textKey("waiting for GeoClue");
   // Without the service the plug-in would report its troubles to a log only.
   if (!geoclueIsThere()) {
-    trouble_ = "there is no GeoClue";
+    trouble_ = textKey("there is no GeoClue");
     return;
   }
   source_.reset(QGeoPositionInfoSource::createSource(
       QStringLiteral("geoclue2"),
       {{QStringLiteral("desktopId"), QStringLiteral("org.wayfell.Widget")}}, nullptr));
   if (!source_) {
-    trouble_ = "Qt's plug-in for GeoClue is not installed";
+    trouble_ = textKey("Qt's plug-in for GeoClue is not installed");
     return;
   }
   QObject::connect(source_.get(), &QGeoPositionInfoSource::positionUpdated, source_.get(),
                    [this](const QGeoPositionInfo& position) {
-                     trouble_.clear();
+                     trouble_ = "";
                      if (onPosition) onPosition(position);
                    });
   QObject::connect(source_.get(), &QGeoPositionInfoSource::errorOccurred, source_.get(),
@@ -51,10 +53,12 @@ void GeoclueFeed::open() {
 
 void GeoclueFeed::close() {
   source_.reset();
-  trouble_.clear();
+  trouble_ = "";
 }
 
-std::string GeoclueFeed::trouble() const { return trouble_; }
+std::string GeoclueFeed::trouble() const {
+  return trouble_.empty() ? "" : std::string(localized(trouble_));
+}
 
 CLAuthorizationStatus GeoclueFeed::authorization() const {
   return denied_ ? CLAuthorizationStatus::denied : CLAuthorizationStatus::authorizedWhenInUse;
@@ -64,16 +68,16 @@ void GeoclueFeed::fail(QGeoPositionInfoSource::Error error) {
   switch (error) {
     case QGeoPositionInfoSource::AccessError:
       denied_ = true;
-      trouble_ = "GeoClue refuses: see the desktop's privacy settings";
+      trouble_ = textKey("GeoClue refuses: see the desktop's privacy settings");
       break;
     case QGeoPositionInfoSource::UpdateTimeoutError:
-      trouble_ = "no fix";
+      trouble_ = textKey("no fix");
       break;
     case QGeoPositionInfoSource::NoError:
       break;
     case QGeoPositionInfoSource::ClosedError:
     case QGeoPositionInfoSource::UnknownSourceError:
-      trouble_ = "GeoClue has failed";
+      trouble_ = textKey("GeoClue has failed");
       break;
   }
 }

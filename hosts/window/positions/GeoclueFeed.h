@@ -4,6 +4,7 @@
 #include <QGeoPositionInfoSource>
 #include <memory>
 #include <string>
+#include <string_view>
 
 #include "hosts/window/positions/PositionFeed.h"
 
@@ -25,7 +26,7 @@ class GeoclueFeed : public PositionFeed {
   void fail(QGeoPositionInfoSource::Error error);
 
   std::unique_ptr<QGeoPositionInfoSource> source_;
-  std::string trouble_;
+  std::string_view trouble_;  // its key
   bool denied_ = false;
 };
 

@@ -5,6 +5,7 @@
 
 #include "hosts/services/location/FixQuality.h"
 #include "hosts/window/positions/DeviceFile.h"
+#include "platform/NSBundle.h"
 
 namespace wayfell {
 namespace {
@@ -18,9 +19,12 @@ bool isRecent(const std::optional<std::chrono::steady_clock::time_point>& when) 
 
 }  // namespace
 
-NmeaFeed::NmeaFeed(IoRunLoop& loop, std::string name, OpenDevice openDevice,
+NmeaFeed::NmeaFeed(IoRunLoop& loop, std::string receiver, OpenDevice openDevice,
                    const RetryDelays& delays)
-    : loop_(loop), name_(std::move(name)), openDevice_(std::move(openDevice)), delay_(delays) {}
+    : loop_(loop),
+      receiver_(std::move(receiver)),
+      openDevice_(std::move(openDevice)),
+      delay_(delays) {}
 
 NmeaFeed::~NmeaFeed() { close(); }
 
@@ -77,10 +81,17 @@ void NmeaFeed::end() {
   lastPosition_.reset();
 }
 
+std::string NmeaFeed::name() const {
+  // Translators: a receiver's protocol, and where it is.
+  return localizedStringWithFormat("NMEA from %@", receiver_);
+}
+
 std::string NmeaFeed::trouble() const {
-  if (timer_ || (attempt_ && !failure_.empty())) return "no contact: " + failure_;
+  if (timer_ || (attempt_ && !failure_.empty())) {
+    return localizedStringWithFormat("no contact: %@", localized(failure_));
+  }
   if (!attempt_ || isRecent(lastPosition_)) return "";
-  return isRecent(lastBytes_) ? "no fix" : "receiver silent";
+  return std::string(isRecent(lastBytes_) ? localized("no fix") : localized("receiver silent"));
 }
 
 std::unique_ptr<NmeaFeed> nmeaFromServer(IoRunLoop& loop, const std::string& host,
@@ -94,8 +105,7 @@ std::unique_ptr<NmeaFeed> nmeaFromServer(IoRunLoop& loop, const std::string& hos
     each->connectToHost(QString::fromStdString(host), port, QIODevice::ReadOnly);
     return socket;
   };
-  const std::string name = "NMEA from " + host + ":" + std::to_string(port);
-  return std::make_unique<NmeaFeed>(loop, name, open, delays);
+  return std::make_unique<NmeaFeed>(loop, host + ":" + std::to_string(port), open, delays);
 }
 
 std::unique_ptr<NmeaFeed> nmeaFromDevice(IoRunLoop& loop, const std::string& path,
@@ -103,7 +113,7 @@ std::unique_ptr<NmeaFeed> nmeaFromDevice(IoRunLoop& loop, const std::string& pat
   const auto open = [&loop, path](const NmeaFeed::Failed& failed) {
     return DeviceFile::open(loop, path, failed);
   };
-  return std::make_unique<NmeaFeed>(loop, "NMEA from " + path, open, delays);
+  return std::make_unique<NmeaFeed>(loop, path, open, delays);
 }
 
 }  // namespace wayfell

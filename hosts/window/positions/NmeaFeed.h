@@ -23,13 +23,14 @@ class NmeaFeed : public PositionFeed {
   /// Begins to open a device, which calls back once it has failed, now or later.
   using OpenDevice = std::function<std::unique_ptr<QIODevice>(const Failed& failed)>;
 
-  NmeaFeed(IoRunLoop& loop, std::string name, OpenDevice openDevice,
+  /// The receiver as people write it: "/dev/ttyUSB0".
+  NmeaFeed(IoRunLoop& loop, std::string receiver, OpenDevice openDevice,
            const RetryDelays& delays = {});
   ~NmeaFeed() override;
 
   void open() override;
   void close() override;
-  std::string name() const override { return name_; }
+  std::string name() const override;
   std::string trouble() const override;
 
  private:
@@ -40,7 +41,7 @@ class NmeaFeed : public PositionFeed {
   void end();
 
   IoRunLoop& loop_;
-  const std::string name_;
+  const std::string receiver_;
   const OpenDevice openDevice_;
   RetryDelay delay_;
   std::shared_ptr<bool> attempt_;  // outlived by what its device may still report

@@ -95,6 +95,7 @@ TEST(Gpx, WithoutTimesGoesASecondAPointAndSaysSo) {
       <trkseg><trkpt lat="3" lon="4"/></trkseg></trk>)";
   const std::string timed = R"(<trk><trkseg><trkpt lat="5" lon="6">
       <time>2001-01-01T01:00:00Z</time></trkpt></trkseg></trk>)";
+  const SimulatedHost host;
   const auto open = [](const std::string& tracks) {
     // The text is read when it is opened.
     return openRecording(InputBytes(bytesOfText("<gpx>" + tracks + "</gpx>")));
