@@ -88,6 +88,7 @@ Scene::Lines LiveScene::lines() const {
 }
 
 std::string LiveScene::headingState() const {
+  if (!onScreen_) return "";
   if (followsCourse()) return std::string(localized("course"));
   // True when neither is chosen and the true heading is known, which is nearly always.
   const bool magnetic = UserDefaults::checkIntDefaults("compassHeading") == 1;
