@@ -49,8 +49,20 @@ bool LiveScene::followsCourse() const {
   return !source_.deliversHeadings();
 }
 
+// Shows what the one that is followed from now on has told last, not the other's until it tells
+// more.
 void LiveScene::followCourseOrCompass() {
-  interface_->views().compassRotatingView.setCompassDisplayCourse(followsCourse());
+  CompassView& compass = interface_->views().compassRotatingView;
+  const bool course = followsCourse();
+  if (course == compass.compassDisplayCourse()) return;
+  compass.setCompassDisplayCourse(course);
+  constexpr double kUnknown = -1;                      // which is not shown
+  const double heading = controller_->currentHeading;  // 0 before the first
+  if (course) {
+    controller_->setMapCompassDisplaysWithHeading(lastFix_ ? lastFix_->course : kUnknown);
+  } else {
+    controller_->setMapCompassDisplaysWithHeading(heading > 0 ? heading : kUnknown);
+  }
 }
 
 void LiveScene::settle() {

@@ -110,15 +110,16 @@ TEST_F(LiveScenes, ShowTheCompassOrTheCourse) {
   report(1, 45);
   EXPECT_EQ(heading(), "45°");
   EXPECT_EQ(scene->lines().state, "course");
+  source.deliver(CLHeading{90, 88, 5});  // from which on the source knows that it has a compass
   hasCompass = true;
   scene->settle();
-  source.deliver(CLHeading{90, 88, 5});
   EXPECT_EQ(heading(), "90°");
   EXPECT_EQ(scene->lines().state, "compass, true");
 
   scene->act({PanelAction::chooseHeading});
   EXPECT_EQ(scene->takeNews(), "heading: the course, always");
   EXPECT_EQ(scene->takeNews(), std::nullopt);
+  EXPECT_EQ(heading(), "45°");
   report(2, 180);
   source.deliver(CLHeading{91, 89, 5});
   EXPECT_EQ(heading(), "180°");
