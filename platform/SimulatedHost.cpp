@@ -28,6 +28,19 @@ void SimulatedRunLoop::advanceTo(NSDate date) {
   now = std::max(now, date.timeIntervalSinceReferenceDate);
 }
 
+void SimulatedRunLoop::fireNext() {
+  const auto due = timers_.nextDue();
+  if (!due) return;
+  double& now = now_.timeIntervalSinceReferenceDate;
+  now = std::max(now, *due);
+  timers_.fireNext(*due);
+}
+
+void SimulatedRunLoop::passOverTo(NSDate date) {
+  timers_.passOver(date.timeIntervalSinceReferenceDate);
+  advanceTo(date);
+}
+
 void SimulatedRunLoop::advanceBy(double seconds) {
   advanceTo({now_.timeIntervalSinceReferenceDate + seconds});
 }

@@ -34,6 +34,12 @@ class SimulatedRunLoop : public RunLoop, public Clock {
   void advanceBy(double seconds);
   /// When the next timer fires; none without timers.
   std::optional<NSDate> nextDueDate() const;
+  /// Goes on to when the next timer is due and fires that one alone.
+  void fireNext();
+  /// As advanceTo, for those who know that no repeating timer does anything until then: none fires.
+  void passOverTo(NSDate date);
+  /// Within how many seconds each timer fires; none if there is none, or if one fires only once.
+  std::optional<double> period() const { return timers_.period(); }
 
   std::size_t timersWithInterval(double interval) const {
     return timers_.countWithInterval(interval);

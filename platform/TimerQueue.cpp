@@ -53,6 +53,24 @@ void TimerQueue::fireNext(double now) {
   if (again != timers_.end()) again->second.action = std::move(action);
 }
 
+void TimerQueue::passOver(double t) {
+  for (auto& [id, timer] : timers_) {
+    if (!timer.repeats || timer.due > t) continue;
+    // The quotient is rounded, so it may be one too many; the dates themselves decide.
+    timer.firings = std::max(timer.firings, std::floor((t - timer.start) / timer.interval) - 1);
+    while ((timer.due = timer.start + (timer.firings + 1) * timer.interval) <= t) ++timer.firings;
+  }
+}
+
+std::optional<double> TimerQueue::period() const {
+  std::optional<double> longest;
+  for (const auto& [id, timer] : timers_) {
+    if (!timer.repeats) return std::nullopt;
+    longest = std::max(longest.value_or(0), timer.interval);
+  }
+  return longest;
+}
+
 std::size_t TimerQueue::countWithInterval(double interval) const {
   return static_cast<std::size_t>(
       std::count_if(timers_.begin(), timers_.end(),

@@ -28,6 +28,11 @@ class TimerQueue {
   /// repeats, it is due next at the first of its dates after `now`: firings that were missed are
   /// not made up for.
   void fireNext(double now);
+  /// Lets the dates of repeating timers up to and at an instant pass without firing them. Each is
+  /// due next at the very date at which it would be if it had fired all the time.
+  void passOver(double t);
+  /// Within how many seconds each timer fires; none if there is none, or if one fires only once.
+  std::optional<double> period() const;
 
   std::size_t countWithInterval(double interval) const;
 

@@ -71,5 +71,24 @@ TEST(TimerQueue, DoesNotMakeUpForMissedFirings) {
   EXPECT_EQ(timers.nextDue(), 3700.5);  // in step with the others, as 100 + n x 0.5
 }
 
+// Dates are rounded, the more so the further they are from the reference date.
+TEST(TimerQueue, PassesOverTheDatesThatFiringsWouldHaveHad) {
+  for (const double start : {0.0, 0.1, -9999999999.7, 9999990000.3}) {
+    for (const double interval : {0.5, 0.1, 1.0 / 3}) {
+      for (const double instant : {start + 100 * interval, start + 1000.2}) {
+        TimerQueue fired;
+        TimerQueue passed;
+        for (TimerQueue* timers : {&fired, &passed}) timers->schedule(start, interval, true, [] {});
+        while (*fired.nextDue() <= instant) fired.fireNext(*fired.nextDue());
+        passed.passOver(instant);
+        EXPECT_EQ(passed.nextDue(), fired.nextDue()) << start << ' ' << interval;
+        passed.fireNext(*passed.nextDue());
+        fired.fireNext(*fired.nextDue());
+        EXPECT_EQ(passed.nextDue(), fired.nextDue());
+      }
+    }
+  }
+}
+
 }  // namespace
 }  // namespace wayfell
