@@ -5,6 +5,12 @@
 #include "hosts/text/InputError.h"
 
 namespace wayfell {
+namespace {
+
+// How long nothing must happen that it pays to look for stillness.
+constexpr double kLongGap = 60;  // seconds
+
+}  // namespace
 
 Player::Player(Recording& recording, ReplayedWidget& widget, std::function<void()> show)
     : onShow(std::move(show)), recording_(recording), widget_(widget), next_(recording.next()) {
@@ -21,7 +27,15 @@ double Player::now() const { return widget_.host().loop.now().timeIntervalSinceR
 
 void Player::advanceTo(double t) {
   while (next_ && next_->t <= t) playNext();
-  if (next_) widget_.host().loop.advanceTo({t});
+  if (next_) passTo(t);
+}
+
+void Player::passTo(double t) {
+  if (gap_ >= kLongGap) {
+    stillness_.advanceTo(t);
+  } else {
+    widget_.host().loop.advanceTo({t});
+  }
 }
 
 void Player::advanceToFirstFix() {
@@ -31,7 +45,7 @@ void Player::advanceToFirstFix() {
 }
 
 void Player::playNext() {
-  widget_.host().loop.advanceTo({next_->t});
+  passTo(next_->t);
   act(next_->action);
   if (onShow && std::holds_alternative<event::Show>(next_->action)) onShow();
   readNext();
@@ -45,11 +59,13 @@ void Player::readNext() {
   } catch (const InputError& error) {
     fault_ = error.what();
   }
+  if (next_) gap_ = next_->t - now();
 }
 
 void Player::act(const Action& action) {
   const bool wasLoaded = widget_.loaded();
   widget_.apply(action);
+  stillness_.disturb();
   if (std::holds_alternative<event::Disappear>(action)) {
     onScreen_ = false;
   } else if (std::holds_alternative<event::Appear>(action) || wasLoaded != widget_.loaded()) {

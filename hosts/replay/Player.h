@@ -8,6 +8,7 @@
 
 #include "hosts/replay/Recording.h"
 #include "hosts/replay/ReplayedWidget.h"
+#include "hosts/replay/Stillness.h"
 
 namespace wayfell {
 
@@ -34,6 +35,10 @@ class Player {
   /// When something happens next; none after the last event, when time stands still.
   std::optional<double> nextDue() const;
   bool ended() const { return !next_; }
+  /// Seconds from the last event to the next, if the playing has not ended.
+  double gap() const { return gap_; }
+  /// Whether nothing changes before the next event.
+  bool still() const { return stillness_.reached(); }
   /// What kept the recording from being read to its end.
   const std::optional<std::string>& fault() const { return fault_; }
   /// Whether the panel has appeared and not disappeared since.
@@ -47,13 +52,17 @@ class Player {
  private:
   void readNext();
   void playNext();
+  /// To an instant that is not after the next event.
+  void passTo(double t);
 
   Recording& recording_;
   ReplayedWidget& widget_;
+  Stillness stillness_{widget_};
   std::optional<Event> next_;
   std::optional<std::string> fault_;
   double start_ = 0;
   bool onScreen_ = false;
+  double gap_ = 0;
 };
 
 }  // namespace wayfell

@@ -67,10 +67,15 @@ void play(const ReplayCommand& command, const std::string& name, Recording& reco
     shown.host().urls.requests.clear();
     return output.ok();
   };
-  replay(recording, widget, command.every, show, [&](double t) {
+  const auto tellProgress = [&](double t) {
     const double seconds = elapsed(t);
     progress.reach([seconds] { return "replayed " + elapsedText(seconds); });
-  });
+  };
+  const auto tell = [&](const std::string& note) {
+    progress.clear();
+    complain(name + ": " + note);
+  };
+  replay(recording, widget, command.every, {show, tellProgress, tell});
 }
 
 int runReplay(const ReplayCommand& command) {

@@ -3,13 +3,16 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <array>
 #include <nlohmann/json.hpp>
 #include <numbers>
+#include <random>
 #include <string>
 
 #include "hosts/replay/Recording.h"
 #include "hosts/replay/Replay.h"
 #include "hosts/replay/Snapshot.h"
+#include "platform/NSString.h"
 
 namespace wayfell {
 namespace {
@@ -28,8 +31,71 @@ std::vector<std::string> replayedLines(std::string_view recording,
     shown.host().urls.requests.clear();
     return true;
   };
-  replay(*openRecording(InputBytes(bytesOfText(recording))), widget, every, show, [](double) {});
+  replay(*openRecording(InputBytes(bytesOfText(recording))), widget, every, {show});
   return lines;
+}
+
+// The same with each timer fired at each of its dates.
+std::vector<std::string> linesOfEachFiring(std::string_view text, double every) {
+  std::vector<std::string> lines;
+  ReplayedWidget widget;
+  SimulatedRunLoop& loop = widget.host().loop;
+  const auto show = [&] {
+    lines.push_back(snapshotLine(widget));
+    widget.host().urls.requests.clear();
+  };
+  const auto recording = openRecording(InputBytes(bytesOfText(text)));
+  auto event = recording->next();
+  const double start = event->t;
+  double spans = 1;
+  const auto showTimed = [&](auto isDue) {
+    for (; isDue(start + spans * every); ++spans) {
+      loop.advanceTo({start + spans * every});
+      show();
+    }
+  };
+  for (loop.startAt({start}); event; event = recording->next()) {
+    showTimed([&](double due) { return due < event->t; });
+    loop.advanceTo({event->t});
+    widget.apply(event->action);
+    if (std::holds_alternative<event::Show>(event->action)) show();
+  }
+  showTimed([&](double due) { return due <= loop.now().timeIntervalSinceReferenceDate; });
+  show();
+  return lines;
+}
+
+// A walk with gaps, in which the user and the containing app do something now and then.
+std::string randomScenario(unsigned seed) {
+  constexpr double kSteps[] = {0, 0.3, 1, 1, 1, 2, 4};
+  constexpr double kGaps[] = {11, 59.9, 61, 68.5, 300.1, 3600.7, 20000};
+  constexpr const char* kEvents[] = {
+      R"("show":true)",
+      R"("appear":true)",
+      R"("disappear":true)",
+      R"("tap":"toggleViewButton")",
+      R"("tap":"openLabel")",
+      R"("segment":3)",
+      R"("heading":{"trueHeading":90})",
+      R"("suite":{"units":2,"speed":2,"distance":900.5,"time":3601})",
+      R"("suite":{"units":1,"speed":7,"distance":70})",
+      R"("local":{"units":9})",
+      R"("suite":{"hasWaypoint":true,"waypointLatitude":1.5})",
+      R"("course":true)"};
+  std::mt19937 random(seed);
+  const auto oneOf = [&random](const auto& table) { return table[random() % std::size(table)]; };
+  double t = seed % 2 == 0 ? 0 : 8e9 + 0.1;
+  double latitude = 1;
+  std::string text;
+  for (int i = 0; i < 40; ++i) {
+    t += random() % 4 == 0 ? oneOf(kGaps) : oneOf(kSteps);
+    if (seed == 0 && i == 20) t += 2 * 86400;
+    latitude += oneOf(std::array{0.0, 1e-6, 3e-5, 3e-4, 0.5});
+    const std::string fix = R"("fix":{"longitude":1,"speed":)" + shortestText(oneOf(kSteps)) +
+                            R"(,"latitude":)" + shortestText(latitude) + "}";
+    text += "{\"t\":" + shortestText(t) + "," + (random() % 2 == 0 ? fix : oneOf(kEvents)) + "}\n";
+  }
+  return text;
 }
 
 std::vector<json> replayed(std::string_view recording, std::optional<double> every = {}) {
@@ -198,6 +264,24 @@ TEST(Replay, TimedSnapshotsShowWhatTheirInstantEndsWith) {
   EXPECT_THAT(timesOf(shown), ElementsAre(101, 102, 102.5, 103, 103));
   EXPECT_EQ(shown[0]["labels"]["headingLabel"], "3°");
   EXPECT_EQ(shown[3]["labels"]["headingLabel"], "4°");
+}
+
+TEST(Replay, GapsArePassedAsIfEachTimerHadFired) {
+  for (unsigned seed = 0; seed < 16; ++seed) {
+    const std::string scenario = randomScenario(seed);
+    EXPECT_EQ(replayedLines(scenario, 97.3), linesOfEachFiring(scenario, 97.3)) << scenario;
+  }
+}
+
+// Of 31,536,000 at each second of the year but the last, which comes with the event.
+TEST(Replay, ThousandsOfEqualSnapshotsAreLeftOut) {
+  const std::string year = R"({"t":0.5,"show":true}
+{"t":31536000.5,"show":true})";
+  const std::vector<json> shown = replayed(year, 1);
+  ASSERT_LT(shown.size(), 40U);
+  EXPECT_EQ(shown[1]["t"], 1.5);
+  EXPECT_EQ(shown[shown.size() - 4]["t"], 31535999.5);
+  EXPECT_EQ(replayedLines(year, 31536000.0 / kMostAlike).size(), kMostAlike + 3);
 }
 
 TEST(Replay, StandsStillAfterSevenSecondsWithoutAFix) {

@@ -54,7 +54,7 @@ TEST(Keys, TranslatorsGetWhatTheDemoAsksFor) {
     widget.host().suite.set("coordinateUnits", PropertyValue(choice % 5));
     widget.host().suite.set("speed", PropertyValue(choice / 5));
     const auto recording = openRecording(InputBytes(demoBytes()));
-    replay(*recording, widget, 60, show, [](double /*seconds*/) {});
+    replay(*recording, widget, 60, {show});
   }
   // The names of datums stand in every language.
   for (const CatalogueDatum& datum : kDatums) asked.keys.erase(std::string(datum.name));
