@@ -54,6 +54,10 @@ constexpr Key kKeys[] = {
      {textKey("+ and -"), textKey("faster and slower")},
      textKey("+ faster, - slower")},
     {U'-', {changeRate, -1}, {}, {}},
+    {U'n',
+     {skipGap},
+     {textKey("n"), textKey("skip a gap in the recording")},
+     textKey("n skip a gap")},
     {U'?', {tellKeys}, {textKey("?"), textKey("these keys; any key goes back")}, textKey("? keys")},
     {U'q', {quit}, {textKey("q"), textKey("quit")}, textKey("q quit")},
 };

@@ -17,6 +17,7 @@ enum class PanelAction {
   pause,
   stepOn,
   changeRate,
+  skipGap,
   copyPosition,
   changeLook,
   tellKeys,
@@ -29,7 +30,7 @@ inline constexpr PanelAction kPanelActions[] = {PanelAction::pickFormat, PanelAc
                                                 PanelAction::openApp, PanelAction::showOrHide};
 inline constexpr PanelAction kLiveActions[] = {PanelAction::chooseHeading};
 inline constexpr PanelAction kRecordingActions[] = {PanelAction::pause, PanelAction::stepOn,
-                                                    PanelAction::changeRate};
+                                                    PanelAction::changeRate, PanelAction::skipGap};
 
 /// What a key, a click or a touch asks for.
 struct PanelRequest {

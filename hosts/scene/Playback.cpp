@@ -11,6 +11,9 @@ constexpr std::chrono::seconds kLongestDelay{1};
 constexpr double kShortestWait = 0.03;  // seconds
 // Longer sleeps are cut in pieces, so that no span overflows.
 constexpr double kLongestWait = 3600;  // seconds
+// What a user skips, and how much of it is left: recorded seconds.
+constexpr double kShortestSkip = 10;
+constexpr double kLead = 1;
 
 }  // namespace
 
@@ -48,6 +51,17 @@ void Playback::slower() {
 }
 
 void Playback::step() { goOn(kStepSeconds); }
+
+void Playback::skipGap() {
+  if (player_.ended()) return;
+  const double left = player_.next().t - position_;
+  if (left > kShortestSkip) goOn(left - kLead);
+}
+
+std::optional<double> Playback::untilNext() const {
+  if (player_.ended()) return std::nullopt;
+  return (player_.next().t - position_) / rate_;
+}
 
 void Playback::goOn(double seconds) {
   position_ += seconds;

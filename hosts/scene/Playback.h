@@ -39,6 +39,10 @@ class Playback {
   void slower();
   /// One recorded second on.
   void step();
+  /// To shortly before the next event, when nothing comes for a while.
+  void skipGap();
+  /// Real seconds until the next event, at the present rate; none after the last one.
+  std::optional<double> untilNext() const;
 
  private:
   void goOn(double seconds);

@@ -4,11 +4,21 @@
 #include <utility>
 
 #include "hosts/scene/FixAge.h"
+#include "hosts/scene/SpanText.h"
 #include "hosts/text/ElapsedText.h"
 #include "platform/NSBundle.h"
 #include "platform/NSString.h"
 
 namespace wayfell {
+namespace {
+
+// From how long a wait on the user is told that it can be skipped.
+constexpr double kLongWait = 60;  // seconds
+constexpr SpanKeys kGapKeys = {
+    textKey("gap of %d s, n skips it"), textKey("gap of %d min, n skips it"),
+    textKey("gap of %d h, n skips it"), textKey("gap of %d days, n skips it")};
+
+}  // namespace
 
 PlayedScene::PlayedScene(IoRunLoop& loop, Player& player, double rate, std::string badge,
                          std::string title)
@@ -56,6 +66,7 @@ Scene::Lines PlayedScene::lines() const {
   } else {
     if (playback_.paused()) addState(localized("paused"));
     if (playback_.rate() != 1) addState("×" + shortestText(playback_.rate()));
+    if (playback_.untilNext() > kLongWait) addState(spanText(kGapKeys, player_.gap()));
   }
   const auto age = fixAge();
   lines.warning = age ? fixAgeText(*age) : noFixText();
@@ -89,6 +100,9 @@ void PlayedScene::actItself(const PanelRequest& request) {
       break;
     case PanelAction::changeRate:
       request.number > 0 ? playback_.faster() : playback_.slower();
+      break;
+    case PanelAction::skipGap:
+      playback_.skipGap();
       break;
     default:
       return;

@@ -64,6 +64,25 @@ TEST_F(Playing, DoesNotCatchUpWithAStop) {
   EXPECT_DOUBLE_EQ(player_.now(), 101.6);
 }
 
+TEST(Player, SkipsToASecondBeforeWhatComesNext) {
+  ReplayedWidget widget;
+  const auto recording = openRecording(InputBytes(bytesOfText(R"({"t":0,"appear":true}
+{"t":7200,"disappear":true}
+{"t":7210,"appear":true})")));
+  Player player(*recording, widget);
+  Playback playback(player, 2, {});
+  playback.catchUp(Playback::Clock::time_point{} + 1s);
+  EXPECT_EQ(player.gap(), 7200);
+  EXPECT_EQ(playback.untilNext(), 3599);
+  playback.skipGap();
+  EXPECT_EQ(player.now(), 7199);
+  playback.skipGap();
+  playback.step();
+  EXPECT_EQ(player.now(), 7200);
+  playback.skipGap();  // 10 s can be waited for
+  EXPECT_EQ(player.now(), 7200);
+}
+
 TEST_F(Playing, EndsWithTheLastEvent) {
   Playback playback(player_, 1000, now_);
   EXPECT_TRUE(player_.onScreen());
