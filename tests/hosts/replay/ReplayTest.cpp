@@ -121,6 +121,7 @@ void expectIn(const json& shown, const json& expected) {
 
 std::vector<double> timesOf(const std::vector<json>& snapshots) {
   std::vector<double> times;
+  times.reserve(snapshots.size());
   for (const json& snapshot : snapshots) times.push_back(snapshot["t"].get<double>());
   return times;
 }
