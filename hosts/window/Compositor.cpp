@@ -33,7 +33,8 @@ bool isComposed(xcb_connection_t* connection) {
 
 bool windowsAreComposed() {
   const auto* const x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-  if (x11) return isComposed(x11->connection());
+  // Qt's platform for windows that nobody sees has this interface, too, but no connection.
+  if (x11 && x11->connection()) return isComposed(x11->connection());
   return QGuiApplication::platformName().startsWith(QStringLiteral("wayland"));
 }
 

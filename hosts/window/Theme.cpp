@@ -3,7 +3,8 @@
 #include <QGuiApplication>
 #include <QPalette>
 #include <algorithm>
-#include <iterator>
+
+#include "platform/NSBundle.h"
 
 namespace wayfell {
 namespace {
@@ -14,9 +15,17 @@ bool desktopIsDark() {
          palette.color(QPalette::WindowText).lightness();
 }
 
-bool isTheme(std::string_view name) {
-  return std::find(kThemes.begin(), kThemes.end(), name) != kThemes.end();
+// As kThemes.
+constexpr std::array kNames = {textKey("dark"), textKey("light"), textKey("sunlight"),
+                               textKey("as the desktop")};
+static_assert(kNames.size() == kThemes.size());
+
+std::size_t indexOf(std::string_view name) {
+  return static_cast<std::size_t>(std::find(kThemes.begin(), kThemes.end(), name) -
+                                  kThemes.begin());
 }
+
+bool isTheme(std::string_view name) { return indexOf(name) < kThemes.size(); }
 
 }  // namespace
 
@@ -29,10 +38,11 @@ Theme::Theme(PanelStyle& style, WindowMemory& memory, const std::string& wished)
 }
 
 void Theme::next() {
-  const auto* const present = std::find(kThemes.begin(), kThemes.end(), name_);
-  choose(kThemes.at(static_cast<std::size_t>(present - kThemes.begin() + 1) % kThemes.size()));
+  choose(kThemes.at((indexOf(name_) + 1) % kThemes.size()));
   apply();
 }
+
+std::string Theme::localizedName() const { return std::string(localized(kNames[indexOf(name_)])); }
 
 void Theme::choose(std::string_view name) {
   name_ = name;

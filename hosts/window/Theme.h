@@ -19,6 +19,7 @@ class Theme {
   Theme(PanelStyle& style, WindowMemory& memory, const std::string& wished);
 
   const std::string& name() const { return name_; }
+  std::string localizedName() const;
   /// Takes the next one and keeps it.
   void next();
   /// The desktop's colours have changed.

@@ -1,9 +1,12 @@
 #include "hosts/window/WidgetCommand.h"
 
+#include <unistd.h>
 #include <QFontInfo>
+
 #include <QGuiApplication>
 #include <QLocale>
 #include <QLoggingCategory>
+#include <filesystem>
 #include <utility>
 
 #include "hosts/commandline/ExitStatus.h"
@@ -13,7 +16,9 @@
 #include "hosts/services/stores/Stores.h"
 #include "hosts/services/texts/UserTexts.h"
 #include "hosts/text/InputError.h"
+#include "hosts/window/DesktopMotion.h"
 #include "hosts/window/Display.h"
+#include "hosts/window/RunningWindows.h"
 #include "hosts/window/Signals.h"
 
 namespace wayfell {
@@ -80,8 +85,19 @@ class Notices {
   std::string last_;
 };
 
+// What makes a window the same as another: what was asked for, of which settings.
+QByteArray identityOf(const WidgetCommand& command) {
+  std::string identity =
+      command.words + localStoreFile().string() + '\n' + dataFolder().string() + '\n';
+  const SourceChoice& source = command.source.source;
+  if (source.kind == "replay") identity += std::filesystem::current_path().string();
+  // Nobody has the same standard input.
+  if (source.kind == "replay" && source.where == "-") identity += std::to_string(getpid());
+  return QByteArray::fromStdString(identity);
+}
+
 void show(QtRunLoop& loop, Stage& stage, const WidgetCommand& command, WindowMemory& memory,
-          Notices& notices, DrawingWithoutDriver& drawing) {
+          Notices& notices, DrawingWithoutDriver& drawing, RunningWindows& windows) {
   PanelAdapter panel(stage.scene());
   if (command.copyFormat) {
     panel.setCopiedText([&stage, format = *command.copyFormat] {
@@ -92,9 +108,14 @@ void show(QtRunLoop& loop, Stage& stage, const WidgetCommand& command, WindowMem
   PanelStyle style;
   style.setFontScale(command.fontScale.value_or(desktopFontScale()));
   style.setReducedMotion(command.still);
+  const DesktopMotion motion(
+      sessionBusIfAny(), [&](bool reduced) { style.setReducedMotion(command.still || reduced); });
   style.setRightToLeft(readsRightToLeft());
   Theme theme(style, memory, command.theme);
-  WidgetWindow window(loop, stage.scene(), panel, theme, memory, command.window);
+  WindowWishes wishes = command.window;
+  wishes.others = windows.number();
+  WidgetWindow window(loop, stage.scene(), panel, theme, memory, wishes);
+  windows.onAsked([&](const QByteArray& token) { loop.guard([&] { window.comeToFront(token); }); });
   notices.showOn(panel);
   loop.onTurnEnd([&] {
     stage.scene().settle();
@@ -108,6 +129,7 @@ void show(QtRunLoop& loop, Stage& stage, const WidgetCommand& command, WindowMem
   drawing.windowIsShown();
   loop.run();
   loop.onTurnEnd(nullptr);
+  windows.onAsked(nullptr);
   notices.leave();
 }
 
@@ -127,6 +149,11 @@ int runWidget(const Sources& sources, const WidgetCommand& command) {
   QGuiApplication::setDesktopFileName(QStringLiteral("org.wayfell.Widget"));
   QGuiApplication::setApplicationDisplayName(QStringLiteral("Wayfell"));
 
+  RunningWindows windows(identityOf(command));
+  if (windows.hasSame()) {
+    complain("it is running already, and its window has been told to come to the front");
+    return kDone;
+  }
   QtRunLoop loop;
   Notices notices;
   const Warn warn = [&notices](const std::string& sentence) { notices.warn(sentence); };
@@ -135,7 +162,7 @@ int runWidget(const Sources& sources, const WidgetCommand& command) {
   const OpenedSource opened = openSource(loop, sources, command.source, warn);
   if (opened.missing) warn(*opened.missing);
   if (opened.note) warn(*opened.note);
-  show(loop, *opened.stage, command, memory, notices, drawing);
+  show(loop, *opened.stage, command, memory, notices, drawing, windows);
   if (const auto fault = opened.stage->fault()) throw InputError(*fault);
   return kDone;
 }

@@ -16,7 +16,8 @@ struct WidgetCommand {
   std::string theme;                      ///< one of kThemes, or empty for the one kept
   std::optional<std::size_t> copyFormat;  ///< see kPositionFormats; none for the text shown
   std::optional<double> fontScale;        ///< none for the desktop's
-  bool still = false;                     ///< nothing is to move
+  bool still = false;                     ///< nothing is to move, whatever the desktop has set
+  std::string words;                      ///< the command line, as it was given
 };
 
 /// Shows the window until it is closed or a signal ends it. Throws InputError for what cannot be

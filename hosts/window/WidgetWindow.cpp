@@ -14,27 +14,29 @@
 #include <vector>
 
 #include "hosts/window/Compositor.h"
+#include "platform/NSBundle.h"
 
 namespace wayfell {
 namespace {
 
 constexpr int kEdge = 5;  // points, from which the window is made wider
 constexpr int kWidest = 4 * WidgetWindow::kUsualWidth;  // points
-constexpr double kRest = 1;     // seconds without a move, after which the place is kept
-constexpr int kGraspable = 40;  // points of the window that must be on a screen
+constexpr double kRest = 1;  // seconds without a move, after which the place is kept
 
 // Wayland lets no window know where it is, nor say where it should be.
 bool placeIsKnown() {
   return !QGuiApplication::platformName().startsWith(QStringLiteral("wayland"));
 }
 
-bool isReachable(const QPoint& place, int width) {
-  const QRect grasp(place, QSize(width, kGraspable));
-  const auto screens = QGuiApplication::screens();
-  return std::any_of(screens.begin(), screens.end(), [&](const QScreen* screen) {
-    const QRect seen = screen->availableGeometry() & grasp;
-    return seen.width() >= kGraspable && seen.height() >= kGraspable;
-  });
+// Without panels and docks.
+QList<QRect> screenAreas() {
+  QList<QRect> areas;
+  for (const QScreen* screen : QGuiApplication::screens()) areas += screen->availableGeometry();
+  return areas;
+}
+
+QString inQt(std::string_view text) {
+  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
 // Tab and Enter are for the items.
@@ -51,7 +53,12 @@ std::optional<PanelRequest> requestIn(const QKeyEvent& event) {
 
 WidgetWindow::WidgetWindow(QtRunLoop& loop, Scene& scene, PanelAdapter& panel, Theme& theme,
                            WindowMemory& memory, const WindowWishes& wishes)
-    : loop_(loop), scene_(scene), panel_(panel), theme_(theme), memory_(memory) {
+    : loop_(loop),
+      scene_(scene),
+      panel_(panel),
+      theme_(theme),
+      memory_(memory),
+      keepsPlace_(wishes.others == 0) {
   setTitle(QStringLiteral("Wayfell"));
   setFlag(Qt::FramelessWindowHint);
   setFlag(Qt::WindowStaysOnTopHint, wishes.alwaysOnTop);
@@ -71,6 +78,8 @@ WidgetWindow::WidgetWindow(QtRunLoop& loop, Scene& scene, PanelAdapter& panel, T
   loadContents();
   takeKeptPlace();
   fitHeight();
+  place_.stepAside(wishes.others, size(), screenAreas());
+  fitHeight();
 }
 
 WidgetWindow::~WidgetWindow() {
@@ -85,14 +94,16 @@ void WidgetWindow::loadContents() {
                         {QStringLiteral("look"), QVariant::fromValue<QObject*>(&theme_.style())}});
   setSource(QUrl(QStringLiteral("qrc:/qt/qml/Wayfell/Panel/Shell.qml")));
   if (!rootObject()) throw std::runtime_error("the interface files cannot be loaded");
+  rootObject()->setProperty("hiddenHint", inQt(localized("hidden: press h or click here")));
   connect(rootObject(), SIGNAL(contentHeightChanged()), this, SLOT(fitHeight()));
+  connect(rootObject(), SIGNAL(panelAsked()), this, SLOT(showPanel()));
 }
 
 void WidgetWindow::takeKeptPlace() {
   const int width = std::clamp(memory_.width().value_or(kUsualWidth), kNarrowest, kWidest);
   resize(width, height());
-  const auto place = memory_.place();
-  if (place && placeIsKnown() && isReachable(*place, width)) setPosition(*place);
+  rootObject()->setWidth(width);  // its height depends on it, and Qt sets it only when it shows it
+  if (placeIsKnown()) place_ = WindowPlace(memory_.place());
 }
 
 void WidgetWindow::fitHeight() {
@@ -101,7 +112,33 @@ void WidgetWindow::fitHeight() {
   // Least and greatest first: a window manager holds to those of the moment.
   setMinimumSize({kNarrowest, height});
   setMaximumSize({kWidest, height});
-  resize(width(), height);
+  const QSize size(width(), height);
+  const auto corner = place_.cornerFor(size, screenAreas());
+  if (!corner) return resize(size);
+  own_.push_back(*corner);
+  setGeometry(QRect(*corner, size));
+}
+
+// Where it has not moved to by itself, the user has moved it, or who manages windows.
+void WidgetWindow::followPlace() {
+  if (!placeIsKnown() || !isVisible() || at_ == position()) return;
+  at_ = position();
+  if (std::find(own_.begin(), own_.end(), position()) == own_.end()) place_.put(geometry());
+}
+
+void WidgetWindow::comeToFront(const QByteArray& activationToken) {
+  setWindowStates(windowStates() & ~Qt::WindowMinimized);
+  if (wasSeen_) showPanel();
+  place_.bringBack();
+  fitHeight();
+  raise();
+  if (!activationToken.isEmpty()) qputenv("XDG_ACTIVATION_TOKEN", activationToken);
+  requestActivate();
+  alert(0);
+}
+
+void WidgetWindow::showPanel() {
+  if (!scene_.onScreen()) panel_.act({PanelAction::showOrHide});
 }
 
 bool WidgetWindow::event(QEvent* event) {
@@ -143,6 +180,7 @@ void WidgetWindow::exposeEvent(QExposeEvent* event) {
 void WidgetWindow::followVisibility() {
   const bool seen = isExposed() && !(windowStates() & Qt::WindowMinimized);
   if (seen == std::exchange(wasSeen_, seen)) return;
+  if (seen && !place_.chosen()) followPlace();
   loop_.guard([this, seen] {
     if (seen && hiddenWithWindow_) {
       scene_.appear();
@@ -154,6 +192,8 @@ void WidgetWindow::followVisibility() {
 }
 
 void WidgetWindow::keyPressEvent(QKeyEvent* event) {
+  const bool isHalfAKey = event->key() >= Qt::Key_Shift && event->key() <= Qt::Key_ScrollLock;
+  if (!isHalfAKey && hideKeys()) return;
   event->ignore();
   QQuickView::keyPressEvent(event);
   if (event->isAccepted()) return;
@@ -166,9 +206,10 @@ void WidgetWindow::act(const PanelRequest& request) {
       return panel_.copyPosition();
     case PanelAction::changeLook:
       theme_.next();
-      return panel_.tell(QStringLiteral("look: ") + QString::fromStdString(theme_.name()));
+      return panel_.tell(
+          QString::fromStdString(localizedStringWithFormat("look: %@", theme_.localizedName())));
     case PanelAction::tellKeys:
-      return tellKeys();
+      return showKeys();
     case PanelAction::quit:
       close();
       return;
@@ -177,13 +218,25 @@ void WidgetWindow::act(const PanelRequest& request) {
   }
 }
 
-void WidgetWindow::tellKeys() {
+void WidgetWindow::showKeys() {
   std::vector<PanelAction> actions(std::begin(kPanelActions), std::end(kPanelActions));
   const auto own = scene_.actions();
   actions.insert(actions.end(), own.begin(), own.end());
-  actions.insert(actions.end(),
-                 {PanelAction::copyPosition, PanelAction::changeLook, PanelAction::quit});
-  panel_.tell(QString::fromStdString(keyHints(actions, " · ")));
+  actions.insert(actions.end(), {PanelAction::copyPosition, PanelAction::changeLook,
+                                 PanelAction::tellKeys, PanelAction::quit});
+  QVariantList page;
+  for (const PanelAction action : actions) {
+    ActionHelp help = helpOf(action);
+    if (action == PanelAction::switchLayout) help.keys = "t";  // see requestIn
+    page += QVariantMap{{"keys", inQt(help.keys)}, {"does", inQt(help.does)}};
+  }
+  rootObject()->setProperty("keys", page);
+}
+
+bool WidgetWindow::hideKeys() {
+  if (rootObject()->property("keys").toList().isEmpty()) return false;
+  rootObject()->setProperty("keys", QVariantList());
+  return true;
 }
 
 Qt::Edges WidgetWindow::edgesAt(const QPoint& point) const {
@@ -248,10 +301,12 @@ void WidgetWindow::hold(QMouseEvent& move) {
 
 void WidgetWindow::moveEvent(QMoveEvent* event) {
   QQuickView::moveEvent(event);
+  followPlace();
   keepSoon();
 }
 
 void WidgetWindow::resizeEvent(QResizeEvent* event) {
+  followPlace();  // before its contents may ask for another height
   QQuickView::resizeEvent(event);
   if (event->size().width() != event->oldSize().width()) keepSoon();
 }
@@ -266,7 +321,8 @@ void WidgetWindow::keepSoon() {
 }
 
 void WidgetWindow::keep() {
-  memory_.keep(placeIsKnown() ? std::optional(position()) : std::nullopt, width());
+  own_.clear();
+  if (keepsPlace_) memory_.keep(place_.chosen(), width());
 }
 
 }  // namespace wayfell

@@ -59,7 +59,8 @@ std::vector<Option> lookOptions(WidgetCommand& command) {
        .target = &command.fontScale,
        .value = "N",
        .check = numberThat(isFontScale, "expected a size from 1 to 2")},
-      {"--still", "Turn the compass without moving pictures", &command.still},
+      {"--still", "Turn the compass without moving pictures, as where the desktop asks for that",
+       &command.still},
       {.name = "--copy-format",
        .help = "How the position is copied: dec, dm, dms, mgrs, utm or shown (if none)",
        .target = [&command](const std::string& name) { command.copyFormat = copyFormatOf(name); },
@@ -70,6 +71,7 @@ std::vector<Option> lookOptions(WidgetCommand& command) {
 int runWindow(int argc, char** argv) {
   const Sources sources = windowSources();
   WidgetCommand command;
+  for (int i = 1; i < argc; ++i) command.words += std::string(argv[i]) + '\n';
   bool checkDisplay = false;
   Command program = {.name = "wayfell-widget",
                      .help = kHelp,

@@ -8,17 +8,26 @@ Rectangle {
 
     required property PanelAdapter panel
     required property PanelStyle look
+    /// How a hidden panel is brought back: by a click on this, too.
+    property string hiddenHint
     readonly property real gap: 8
-    // The badge and the state have room on one line at every size of letters. A warning that has none
-    // beside them stands below.
+    // The badge and a short state have room on one line at every size of letters. What has none beside
+    // them stands below, where it wraps.
     readonly property real pixelSize: Math.round(Math.min(11.5 * look.fontScale, width / 25))
     readonly property real rowHeight: Math.ceil(pixelSize * 1.9)
-    readonly property bool tight: badge.width + state.width + warningMetrics.width + 5 * gap > width
+    readonly property bool stateInRow: badge.width + stateMetrics.width + 3 * gap <= width
+    readonly property real rowUsed: badge.width + (stateInRow ? stateMetrics.width : 0)
+    readonly property bool warningInRow: rowUsed + warningMetrics.width + 5 * gap <= width
+    // What is no live position is not to be taken for one.
+    readonly property bool isLive: panel.badge === "LIVE"
+
+    signal panelAsked
 
     component Words: Text {
         textFormat: Text.PlainText
         horizontalAlignment: Text.AlignLeft
         verticalAlignment: Text.AlignVCenter
+        font.pixelSize: line.pixelSize
         Accessible.role: Accessible.StaticText
         Accessible.name: text
         Accessible.ignored: text === ""
@@ -26,9 +35,10 @@ Rectangle {
     component InRow: Words {
         height: parent.height
     }
-    // As high as its text: a height that is bound to that would be a loop.
     component Paragraph: Words {
-        readonly property real room: text === "" ? 0 : height
+        readonly property real room: visible ? height : 0
+        // At once, and not with the next picture: the window's height follows.
+        onRoomChanged: paragraphs.forceLayout()
         width: parent.width
         bottomPadding: 4
         visible: text !== ""
@@ -37,7 +47,7 @@ Rectangle {
 
     objectName: "hostLine"
     implicitWidth: 359
-    implicitHeight: rowHeight + warningBelow.room + message.room + credit.room
+    implicitHeight: rowHeight + paragraphs.height
     height: implicitHeight
     radius: 4
     color: look.backing
@@ -49,11 +59,13 @@ Rectangle {
         height: line.rowHeight
 
         Rectangle {
+            objectName: "hostPlate"
             anchors.fill: badge
-            anchors.topMargin: 3
-            anchors.bottomMargin: 3
+            anchors.margins: line.isLive ? 3 : 1
+            anchors.leftMargin: 0
+            anchors.rightMargin: 0
             radius: 4
-            color: line.look.plate
+            color: line.isLive ? line.look.plate : line.look.chosen
             visible: badge.text !== ""
         }
         InRow {
@@ -64,8 +76,7 @@ Rectangle {
             leftPadding: text === "" ? 0 : 6
             rightPadding: leftPadding
             text: line.panel.badge
-            color: line.look.plateText
-            font.pixelSize: line.pixelSize
+            color: line.isLive ? line.look.plateText : line.panel.chosenTitleColor
             font.bold: true
         }
         InRow {
@@ -76,7 +87,6 @@ Rectangle {
             anchors.rightMargin: line.gap
             text: line.panel.title
             color: line.look.caption
-            font.pixelSize: line.pixelSize
             visible: width > 0
             elide: Text.ElideRight
         }
@@ -85,55 +95,74 @@ Rectangle {
             objectName: "hostState"
             anchors.right: warning.left
             anchors.rightMargin: warning.text === "" ? 0 : line.gap
-            text: line.panel.state
+            text: line.stateInRow ? line.panel.state : ""
             color: line.look.value
-            font.pixelSize: line.pixelSize
         }
         InRow {
             id: warning
             objectName: "hostWarning"
             anchors.right: parent.right
             anchors.rightMargin: line.gap
-            text: line.tight ? "" : line.panel.warning
+            text: line.warningInRow ? line.panel.warning : ""
             color: line.look.mark
-            font.pixelSize: line.pixelSize
             font.bold: true
+            Accessible.role: Accessible.AlertMessage
         }
+    }
+    TextMetrics {
+        id: stateMetrics
+        font: state.font
+        text: line.panel.state
     }
     TextMetrics {
         id: warningMetrics
         font: warning.font
         text: line.panel.warning
     }
-    Item {
+    Column {
+        id: paragraphs
         x: line.gap
         y: line.rowHeight
         width: line.width - 2 * line.gap
-        height: warningBelow.room + message.room + credit.room
 
         Paragraph {
-            id: warningBelow
-            objectName: "hostWarningBelow"
-            text: line.tight ? line.panel.warning : ""
-            color: line.look.mark
-            font.pixelSize: line.pixelSize
-            font.bold: true
+            objectName: "hostStateBelow"
+            text: line.stateInRow ? "" : line.panel.state
+            color: line.look.value
         }
         Paragraph {
-            id: message
+            objectName: "hostWarningBelow"
+            text: line.warningInRow ? "" : line.panel.warning
+            color: line.look.mark
+            font.bold: true
+            Accessible.role: Accessible.AlertMessage
+        }
+        Paragraph {
+            objectName: "hostHidden"
+            text: line.panel.onScreen ? "" : line.hiddenHint
+            color: line.look.value
+            font.underline: true
+            Accessible.role: Accessible.Button
+            Accessible.onPressAction: line.panelAsked()
+        }
+        Paragraph {
             objectName: "hostMessage"
-            y: warningBelow.room
             text: line.panel.message
             color: line.panel.fault === "" ? line.look.value : line.look.mark
-            font.pixelSize: line.pixelSize
+            Accessible.role: Accessible.AlertMessage
         }
         Paragraph {
-            id: credit
             objectName: "hostCredit"
-            y: warningBelow.room + message.room
             text: line.panel.credit
             color: line.look.caption
-            font.pixelSize: line.pixelSize
         }
+    }
+    MouseArea {
+        // The window may be dragged by it.
+        readonly property bool letsDrag: true
+        anchors.fill: parent
+        visible: !line.panel.onScreen
+        cursorShape: Qt.PointingHandCursor
+        onClicked: line.panelAsked()
     }
 }

@@ -1,4 +1,5 @@
-// What is in the window: the panel, and below it the host's own line.
+// What is in the window: the panel, or the list of keys in its place, and below it the host's own
+// line.
 import QtQuick
 import Wayfell.Panel
 
@@ -7,7 +8,14 @@ FocusScope {
 
     required property PanelAdapter panel
     required property PanelStyle look
+    /// Those of KeysPage, while it is to be seen.
+    property var keys: []
+    property string hiddenHint
+    readonly property bool showsKeys: keys.length > 0
     readonly property real contentHeight: line.y + line.implicitHeight
+
+    /// The hidden panel is to be seen again.
+    signal panelAsked
 
     focus: true
 
@@ -16,14 +24,25 @@ FocusScope {
         panel: root.panel
         look: root.look
         width: root.width
-        visible: root.panel.onScreen
+        visible: root.panel.onScreen && !root.showsKeys
         focus: true
+    }
+    KeysPage {
+        id: page
+        objectName: "keysPage"
+        look: root.look
+        keys: root.keys
+        width: root.width
+        visible: root.showsKeys
+        onRead: root.keys = []
     }
     HostLine {
         id: line
         panel: root.panel
         look: root.look
-        y: root.panel.onScreen ? root.panel.preferredHeight : 0
+        hiddenHint: root.hiddenHint
+        y: root.showsKeys ? page.height : root.panel.onScreen ? widget.height : 0
         width: root.width
+        onPanelAsked: root.panelAsked()
     }
 }

@@ -139,7 +139,7 @@ class WindowTest(unittest.TestCase):
             window.click(*NOTHING)
             walker.step(6)
             walker.press("h", {"disappear": True})
-            window.wait_for_geometry("the host's line alone", lambda x, y, w, height: height < 40)
+            window.wait_for_geometry("the host's line alone", lambda x, y, w, height: height < 60)
             walker.step()  # to a fix, which the hidden panel does not see
             window.keys("t", "1")  # nor does it feel keys
             walker.press("h", {"appear": True})
@@ -170,15 +170,69 @@ class WindowTest(unittest.TestCase):
         with self.demo() as window:
             window.wait_for_geometry("where it was", lambda *now: now == kept)
 
-    def test_the_place_is_forgotten_when_no_screen_has_it(self):
+    def test_all_of_it_is_on_the_screen(self):
+        def at(window, *corner):
+            return window.wait_for_geometry(corner, lambda *now: now[:2] == corner)
+
         with self.demo() as window:
+            window.keys("t")
+            self.wait_for_panel(window, "compact")
+            self.display.xdotool("windowmove", window.id, 100, 650)
+            *_, height = at(window, 100, 650)
+            window.keys("t")
             self.wait_for_panel(window, "expanded")
-            self.display.xdotool("windowmove", window.id, 5000, 5000)
-            window.wait_for_geometry("moved", lambda *now: now[:2] == (5000, 5000))
+            at(window, 100, 768 - 286 - (height - 78))  # it has grown upwards
+            window.keys("t")
+            at(window, 100, 650)
+            window.keys("q")
+            window.ended()
+        with self.demo() as window:  # expanded, as each new one
+            at(window, 100, 768 - 286 - (height - 78))
+            window.keys("t")
+            at(window, 100, 650)
+            self.display.xdotool("windowmove", window.id, 5000, 5000)  # nobody fights that
+            at(window, 5000, 5000)
             window.keys("q")
             window.ended()
         with self.demo() as window:
-            window.wait_for_geometry("seen", lambda x, y, *_: x < 1024 and y < 768)
+            at(window, 1024 - 359, 768 - 286 - (height - 78))
+
+    def test_the_same_one_is_not_shown_twice(self):
+        with self.demo() as first:
+            self.wait_for_panel(first, "expanded")
+            first.keys("h")
+            first.wait_for_geometry("hidden", lambda x, y, w, height: height < 60)
+            for _ in range(2):
+                again = subprocess.run([WIDGET, "--source", "demo", "--rate", "0"], text=True,
+                                       capture_output=True, check=True, env=self.display.environment)
+                self.assertIn("running already", again.stderr)
+                self.wait_for_panel(first, "expanded")
+            self.display.xdotool("windowmove", first.id, 300, 200)
+            first.wait_for_geometry("moved", lambda *now: now[:2] == (300, 200))
+            wait_until(lambda: self.kept("hostWindowTop") == "200", "its place, kept")
+            with self.demo("--theme", "light") as other:  # asks for something else
+                other.wait_for_geometry("beside it", lambda *now: now[:2] == (332, 232))
+            first.process.kill()
+        with self.demo() as window:  # a socket is left that nobody listens on
+            window.wait_for_geometry("alone", lambda *now: now[:2] == (300, 200))
+
+    def kept(self, key):
+        return self.display.run("sqlite3", self.display.path("config/wayfell/widget.db"),
+                                f"SELECT value FROM settings WHERE key = '{key}'",
+                                check=False).strip()
+
+    def test_keys_are_listed_until_one_is_pressed(self):
+        with self.demo() as window:
+            self.wait_for_panel(window, "expanded")
+            for take_away in (lambda: window.keys("t"), lambda: window.click(*TOGGLE)):
+                window.keys("question")
+                window.wait_for_geometry("the list", lambda x, y, w, height: 230 < height < 280)
+                take_away()
+                self.wait_for_panel(window, "expanded")  # and no more has happened
+            window.keys("h")
+            *_, height = window.wait_for_geometry("hidden", lambda x, y, w, height: height < 60)
+            window.click(100, height - 8)
+            self.wait_for_panel(window, "expanded")
 
     def test_the_position_is_copied(self):
         walker = Walker(self.display)
@@ -226,6 +280,17 @@ class WindowTest(unittest.TestCase):
         else:
             self.display.xdotool("windowfocus", "--sync", window.id)
             window.keys(how)
+
+    def test_it_runs_where_nobody_sees_it(self):
+        recording, shown = self.display.path("walk.jsonl"), self.display.path("shown.jsonl")
+        recording.write_text(text_of(walk_with_snapshots()), encoding="utf-8")
+        environment = {**self.display.environment, "QT_QPA_PLATFORM": "offscreen"}
+        with subprocess.Popen([WIDGET, "--source", f"replay={recording}", "--snapshots", str(shown)],
+                              env=environment, stderr=subprocess.DEVNULL) as widget:
+            wait_until(lambda: widget.poll() is not None or shown.exists() and shown.stat().st_size,
+                       "a snapshot")
+            widget.terminate()
+        self.assertEqual(widget.returncode, 0)
 
     def test_it_ends_by_signals_and_keys(self):
         for end in (signal.SIGTERM, signal.SIGINT, "q", "ctrl+q"):

@@ -82,7 +82,7 @@ class Window:
 
     def find(self):
         assert self.process.poll() is None, self.process.stderr.read()
-        found = self.display.run("xdotool", "search", "--onlyvisible", "--pid", self.process.pid,
+        found = self.display.run("xdotool", "search", "--all", "--onlyvisible", "--pid", self.process.pid,
                                  "--name", "Wayfell", check=False).split()
         return found[0] if found else None
 

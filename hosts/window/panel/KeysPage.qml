@@ -1,0 +1,82 @@
+// The list of what keys do, in the panel's place until a key or a click takes it away.
+import QtQuick
+import Wayfell.Panel
+
+Rectangle {
+    id: page
+
+    required property PanelStyle look
+    /// Of each action: keys, does.
+    required property var keys
+    readonly property real margin: 10
+    readonly property real pixelSize: Math.round(Math.min(12.5 * look.fontScale, width / 24))
+
+    signal read
+
+    implicitWidth: 359
+    implicitHeight: rows.height + 2 * margin
+    height: implicitHeight
+    radius: 4
+    color: look.backing
+    border.width: 1
+    border.color: look.edge
+    LayoutMirroring.enabled: look.rightToLeft
+    LayoutMirroring.childrenInherit: true
+    Accessible.role: Accessible.List
+
+    component Words: Text {
+        textFormat: Text.PlainText
+        wrapMode: Text.Wrap
+        horizontalAlignment: Text.AlignLeft
+        font.pixelSize: page.pixelSize
+        Accessible.ignored: true
+    }
+
+    Column {
+        id: rows
+        x: page.margin
+        y: page.margin
+        width: page.width - 2 * page.margin
+        spacing: 4
+
+        Repeater {
+            model: page.keys
+
+            // Names from outside, of which qmllint knows from Qt 6.5 on that a delegate sees them.
+            // qmllint disable unqualified
+            Item {
+                required property var modelData
+                width: rows.width
+                height: Math.max(key.height, does.height)
+                // At once, and not with the next picture: the window's height follows.
+                onHeightChanged: rows.forceLayout()
+                Accessible.role: Accessible.ListItem
+                Accessible.name: modelData.keys + ": " + modelData.does
+
+                Words {
+                    id: key
+                    anchors.left: parent.left
+                    width: parent.width * 0.3
+                    text: parent.modelData.keys
+                    color: page.look.value
+                    font.bold: true
+                }
+                Words {
+                    id: does
+                    anchors.left: key.right
+                    anchors.right: parent.right
+                    anchors.leftMargin: page.margin
+                    text: parent.modelData.does
+                    color: page.look.value
+                }
+            }
+            // qmllint enable unqualified
+        }
+    }
+    MouseArea {
+        // The window may be dragged by it.
+        readonly property bool letsDrag: true
+        anchors.fill: parent
+        onClicked: page.read()
+    }
+}
