@@ -15,7 +15,7 @@ BUILD_PACKAGES=(
 CHECK_PACKAGES=(
   clang-14 clang-format-14 clang-tidy-14 libc++-14-dev libc++abi-14-dev
   gpsd gpsd-clients tmux zsh fish groff-base sqlite3
-  xvfb xdotool xclip graphviz
+  xvfb xdotool xclip graphviz dbus-daemon
   qt6-declarative-dev-tools qml6-module-qtqml
 )
 

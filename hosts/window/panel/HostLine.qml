@@ -23,6 +23,8 @@ Rectangle {
 
     signal panelAsked
 
+    // Names from outside, which an inline component sees only by what it stands in.
+    // qmllint disable unqualified
     component Words: Text {
         textFormat: Text.PlainText
         horizontalAlignment: Text.AlignLeft
@@ -44,6 +46,7 @@ Rectangle {
         visible: text !== ""
         wrapMode: Text.Wrap
     }
+    // qmllint enable unqualified
 
     objectName: "hostLine"
     implicitWidth: 359

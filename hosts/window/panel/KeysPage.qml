@@ -24,6 +24,8 @@ Rectangle {
     LayoutMirroring.childrenInherit: true
     Accessible.role: Accessible.List
 
+    // Names from outside, which an inline component sees only by what it stands in.
+    // qmllint disable unqualified
     component Words: Text {
         textFormat: Text.PlainText
         wrapMode: Text.Wrap
@@ -31,6 +33,7 @@ Rectangle {
         font.pixelSize: page.pixelSize
         Accessible.ignored: true
     }
+    // qmllint enable unqualified
 
     Column {
         id: rows
