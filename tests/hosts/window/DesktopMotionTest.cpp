@@ -21,7 +21,7 @@ namespace {
 // Answers as the desktop's portal does.
 class Portal : public QDBusVirtualObject {
  public:
-  explicit Portal(const QDBusConnection& bus) : bus_(bus) {
+  explicit Portal(QDBusConnection bus) : bus_(std::move(bus)) {
     qDBusRegisterMetaType<Spaces>();
     bus_.registerVirtualObject(kPath, this);
     bus_.registerService("org.freedesktop.portal.Desktop");
@@ -54,7 +54,7 @@ class DesktopMotionTest : public testing::Test {
     daemon_.waitForReadyRead();
     address_ = daemon_.readLine().trimmed();
   }
-  ~DesktopMotionTest() override {
+  void TearDown() override {
     daemon_.kill();
     daemon_.waitForFinished();
   }
@@ -91,10 +91,6 @@ TEST_F(DesktopMotionTest, IsToldByEachDesktopInItsWay) {
     portal.settings[space][key] = reduced;
     std::optional<bool> told;
     const DesktopMotion motion(connection("program"), [&](bool isReduced) { told = isReduced; });
-    EXPECT_TRUE(comes(told, true));
-    portal.change(space, key, full);
-    EXPECT_TRUE(comes(told, false));
-    portal.change(space, key, reduced);
     EXPECT_TRUE(comes(told, true));
     portal.change(space, "font-scale", full);  // which says nothing of motion
     portal.change(space, key, full);

@@ -31,8 +31,10 @@ TEST(WindowPlace, OfAnEarlierRunIsAllOnAScreen) {
     EXPECT_EQ(place.cornerFor(kExpanded, kScreens), expanded);
     EXPECT_EQ(place.chosen(), kept);
   }
+}
+
+TEST(WindowPlace, IsNoneUnlessToldAndTheTopOfWhatIsTooLarge) {
   EXPECT_FALSE(WindowPlace().cornerFor(kCompact, kScreens));
-  // Larger than the screen: its top is seen.
   EXPECT_EQ(WindowPlace(QPoint(100, 400)).cornerFor({2000, 900}, {kScreen}), QPoint(0, 30));
 }
 
