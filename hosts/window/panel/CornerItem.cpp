@@ -57,18 +57,25 @@ void CornerItem::setPanel(PanelAdapter* panel) {
   takeSize();
 }
 
+void CornerItem::setUnit(double unit) {
+  unit_ = unit;
+  takeSize();
+}
+
 void CornerItem::geometryChange(const QRectF& newGeometry, const QRectF& oldGeometry) {
   QQuickPaintedItem::geometryChange(newGeometry, oldGeometry);
   takeSize();
 }
 
 void CornerItem::takeSize() {
-  if (panel_) panel_->corner().setFrame({{x(), y()}, {width(), height()}});
+  if (panel_)
+    panel_->corner().setFrame({{x() / unit_, y() / unit_}, {width() / unit_, height() / unit_}});
   update();
 }
 
 void CornerItem::paint(QPainter* painter) {
   if (!panel_) return;
+  painter->scale(unit_, unit_);
   CanvasPainter canvas(*painter);
   panel_->corner().drawRect(canvas, panel_->corner().bounds());
 }

@@ -16,11 +16,14 @@ class CornerItem : public QQuickPaintedItem {
   Q_OBJECT
   QML_NAMED_ELEMENT(Corner)
   Q_PROPERTY(wayfell::PanelAdapter* panel MEMBER panel_ WRITE setPanel REQUIRED)
+  /// Pixels to the point.
+  Q_PROPERTY(double unit MEMBER unit_ WRITE setUnit REQUIRED)
 
  public:
   explicit CornerItem(QQuickItem* parent = nullptr) : QQuickPaintedItem(parent) {}
 
   void setPanel(PanelAdapter* panel);
+  void setUnit(double unit);
   void paint(QPainter* painter) override;
 
  protected:
@@ -31,6 +34,7 @@ class CornerItem : public QQuickPaintedItem {
   void takeSize();
 
   PanelAdapter* panel_ = nullptr;
+  double unit_ = 1;
 };
 
 }  // namespace wayfell

@@ -8,7 +8,7 @@ Rectangle {
     required property PanelAdapter panel
     required property PanelStyle look
 
-    radius: 4
+    radius: 4 * button.look.unit
     color: look.plate
     activeFocusOnTab: true
     Keys.onSpacePressed: panel.switchLayout()
@@ -22,14 +22,14 @@ Rectangle {
     Shape {
         objectName: "disclosure"
         anchors.centerIn: parent
-        width: 20
-        height: 20
+        width: 20 * button.look.unit
+        height: 20 * button.look.unit
         shape: Shape.Disclosure
         color: button.look.plateText
         turn: button.panel.layoutTurn
         // Closed, it points to where reading goes on.
         transform: Scale {
-            origin.x: 10
+            origin.x: 10 * button.look.unit
             xScale: button.look.rightToLeft ? -1 : 1
         }
         // A turn that is asked for midway goes on from where the last one is.

@@ -8,7 +8,15 @@ Rectangle {
     required property PanelAdapter panel
     required property PanelStyle look
 
-    radius: 4
+    // All titles have letters of one size, which the longest has room for when it is chosen.
+    readonly property real size: {
+        const titles = panel.formatTitles;
+        const widest = Math.max(...titles.map(title => look.widthAtOnePoint(title, true)));
+        const fitting = Math.floor((width / titles.length / look.unit - 4) / widest);
+        return Math.max(9, Math.min(13, fitting));
+    }
+
+    radius: 4 * control.look.unit
     color: look.field
     border.width: 1
     border.color: look.edge
@@ -34,7 +42,7 @@ Rectangle {
                 objectName: "format" + index
                 width: control.width / control.panel.formatTitles.length
                 height: control.height
-                radius: 4
+                radius: 4 * control.look.unit
                 color: chosen ? control.look.chosen : "transparent"
                 Accessible.role: Accessible.RadioButton
                 Accessible.name: control.panel.spokenFormats[index]
@@ -44,14 +52,13 @@ Rectangle {
 
                 Text {
                     anchors.fill: parent
-                    anchors.margins: 2
+                    anchors.margins: 2 * control.look.unit
                     text: parent.modelData
                     textFormat: Text.PlainText
                     color: parent.chosen ? control.panel.chosenTitleColor : control.look.value
-                    font.pixelSize: Math.min(15, Math.round(12.5 * control.look.fontScale))
+                    font.pixelSize: Math.floor(control.size * control.look.unit)
                     font.bold: parent.chosen
-                    fontSizeMode: Text.Fit
-                    minimumPixelSize: 6
+                    elide: Text.ElideRight
                     horizontalAlignment: Text.AlignHCenter
                     verticalAlignment: Text.AlignVCenter
                     Accessible.ignored: true

@@ -8,7 +8,7 @@ Rectangle {
     required property PanelAdapter panel
     required property PanelStyle look
 
-    radius: panel.openRadius
+    radius: panel.openRadius * look.unit
     color: look.plate
     activeFocusOnTab: true
     Keys.onSpacePressed: panel.openApp()
@@ -22,9 +22,10 @@ Rectangle {
     PanelText {
         row: plate.panel.open
         look: plate.look
-        size: 12.5
-        start: 5
-        width: parent.width - 10
+        size: 13
+        minimumPixelSize: 9 * look.unit
+        start: 3 * look.unit
+        width: parent.width - 2 * start
         height: parent.height
         horizontalAlignment: Text.AlignHCenter
         heavy: true

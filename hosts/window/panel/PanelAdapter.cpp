@@ -1,5 +1,6 @@
 #include "hosts/window/panel/PanelAdapter.h"
 
+#include <QAccessible>
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QQmlEngine>
@@ -10,6 +11,8 @@
 
 #include "hosts/panel/Spoken.h"
 #include "hosts/window/panel/CornerItem.h"
+#include "hosts/window/panel/DisplayedText.h"
+#include "platform/NSBundle.h"
 
 // Qt makes it of the types that are declared for interface files.
 // NOLINTNEXTLINE(readability-identifier-naming)
@@ -41,7 +44,12 @@ PanelAdapter::PanelAdapter(Scene& scene, QObject* parent)
 }
 
 void PanelAdapter::refresh() {
-  if (watch_.takeChanged()) takePanel();
+  const Freshness fresh = scene_.freshness();
+  const bool changed = watch_.takeChanged();
+  if (changed || fresh != fresh_) {
+    fresh_ = fresh;
+    takePanel();
+  }
   if (onScreen_ != scene_.onScreen()) {
     onScreen_ = scene_.onScreen();
     emit layoutChanged();
@@ -50,7 +58,7 @@ void PanelAdapter::refresh() {
 }
 
 void PanelAdapter::takePanel() {
-  const PanelReading old = std::exchange(reading_, readPanel(scene_.interface()));
+  const PanelReading old = std::exchange(reading_, readPanel(scene_.interface(), fresh_));
   for (std::size_t i = 0; i < kPanelRows; ++i) {
     rows_[i].take(reading_.rows[i], spokenText(scene_.interface(), PanelRow{static_cast<int>(i)}));
   }
@@ -70,7 +78,11 @@ void PanelAdapter::takePanel() {
       reading_.tapeFrame != old.tapeFrame || reading_.markShown != old.markShown) {
     emit tapeChanged();
   }
-  if (reading_.north != old.north || reading_.waypoint != old.waypoint) turnCompass();
+  if (reading_[PanelRow::position] != old[PanelRow::position]) emit positionChanged();
+  if (reading_.north != old.north || reading_.waypoint != old.waypoint ||
+      reading_.northDim != old.northDim || reading_.waypointDim != old.waypointDim) {
+    turnCompass();
+  }
   if (reading_.formats != old.formats || reading_.format != old.format) emit formatsChanged();
 }
 
@@ -87,6 +99,15 @@ void PanelAdapter::turnCompass() {
 }
 
 QColor PanelAdapter::tapeBorderColor() const { return colorOf(reading_.tapeFrame.borderColor); }
+
+QStringList PanelAdapter::positionLines() const {
+  const QString text = QString::fromStdString(reading_[PanelRow::position].value);
+  return reading_.captionNamesLines ? text.split(u'\n') : inTwoLines(text);
+}
+
+QString PanelAdapter::northLetter() const {
+  return QString::fromStdString(std::string(localized("N")));
+}
 
 QStringList PanelAdapter::formatTitles() const {
   QStringList titles;
@@ -120,8 +141,8 @@ void PanelAdapter::takeLines() {
 }
 
 QString PanelAdapter::message() const {
-  if (!fault_.isEmpty()) return QStringLiteral("Stopped: ") + fault_;
-  return news_;
+  if (fault_.isEmpty()) return news_;
+  return QString::fromStdString(localizedStringWithFormat("Stopped: %@", fault_.toStdString()));
 }
 
 void PanelAdapter::tell(const QString& news) {
@@ -147,11 +168,18 @@ void PanelAdapter::copyPosition() {
           ? copiedText_()
           : std::optional<std::string>(scene_.interface().views().userCoordinateLabel.text());
   if (!position || position->empty()) return;
-  const QString text = QString::fromStdString(*position);
-  QGuiApplication::clipboard()->setText(text);
-  confirmed_ = QStringLiteral("Copied: ") + text;
+  QGuiApplication::clipboard()->setText(QString::fromStdString(*position));
+  confirmed_ = QString::fromStdString(localizedStringWithFormat("Copied: %@", *position));
   tell(confirmed_);
   confirmation_.start(kConfirmation);
+}
+
+// Where alerts are not told of by themselves, what comes into sight is.
+void PanelAdapter::alert(QObject* item) const {
+  for (const auto change : {QAccessible::Alert, QAccessible::ObjectShow}) {
+    QAccessibleEvent event(item, change);
+    QAccessible::updateAccessibility(&event);
+  }
 }
 
 void addPanelImports(QQmlEngine& engine) {

@@ -65,9 +65,14 @@ class PanelAdapter : public QObject {
   Q_PROPERTY(double tapeBorderWidth READ tapeBorderWidth NOTIFY tapeChanged)
   Q_PROPERTY(QColor tapeBorderColor READ tapeBorderColor NOTIFY tapeChanged)
   Q_PROPERTY(bool markShown READ markShown NOTIFY tapeChanged)
+  Q_PROPERTY(QStringList positionLines READ positionLines NOTIFY positionChanged)
+  Q_PROPERTY(bool linesAreNamed READ linesAreNamed NOTIFY positionChanged)
   Q_PROPERTY(double northTurn READ northTurn NOTIFY compassChanged)
   Q_PROPERTY(double waypointTurn READ waypointTurn NOTIFY compassChanged)
   Q_PROPERTY(bool waypointKnown READ waypointKnown NOTIFY compassChanged)
+  Q_PROPERTY(bool northDim READ northDim NOTIFY compassChanged)
+  Q_PROPERTY(bool waypointDim READ waypointDim NOTIFY compassChanged)
+  Q_PROPERTY(QString northLetter READ northLetter CONSTANT)
   Q_PROPERTY(int compassTurnDuration READ compassTurnDuration NOTIFY compassTurnDurationChanged)
   Q_PROPERTY(QStringList formatTitles READ formatTitles NOTIFY formatsChanged)
   Q_PROPERTY(QStringList spokenFormats READ spokenFormats NOTIFY formatsChanged)
@@ -101,6 +106,8 @@ class PanelAdapter : public QObject {
   /// Puts the position's text on the clipboard, or what is copied instead of it, and tells so for
   /// a while.
   Q_INVOKABLE void copyPosition();
+  /// Lets those who hear the panel know at once what an item, an alert message, now says.
+  Q_INVOKABLE void alert(QObject* item) const;
   /// None while there is no position.
   void setCopiedText(std::function<std::optional<std::string>()> text) {
     copiedText_ = std::move(text);
@@ -136,11 +143,20 @@ class PanelAdapter : public QObject {
   double tapeBorderWidth() const { return reading_.tapeFrame.borderWidth; }
   QColor tapeBorderColor() const;
   bool markShown() const { return reading_.markShown; }
+  /// The position as it stands: two coordinates, or a reference broken between its parts.
+  QStringList positionLines() const;
+  /// Whether each line of the position's caption names the one of the position beside it.
+  bool linesAreNamed() const { return reading_.captionNamesLines; }
   /// Degrees, clockwise from up, of north and of the waypoint. They go on beyond a full turn, so
   /// that from one to the next is always the shorter way.
   double northTurn() const { return northTurn_; }
   double waypointTurn() const { return waypointTurn_; }
   bool waypointKnown() const { return reading_.waypoint.has_value(); }
+  /// Whether that is old, or not known yet.
+  bool northDim() const { return reading_.northDim; }
+  bool waypointDim() const { return reading_.waypointDim; }
+  /// What stands for north on the dial.
+  QString northLetter() const;
   /// Milliseconds that the last turn takes to be seen; 0 for a small one, which is every second's.
   int compassTurnDuration() const { return compassTurnDuration_; }
 
@@ -169,6 +185,7 @@ class PanelAdapter : public QObject {
   void layoutTurnDurationChanged();
   void layoutTurnChanged();
   void tapeChanged();
+  void positionChanged();
   void compassTurnDurationChanged();
   void compassChanged();
   void formatsChanged();
@@ -185,6 +202,7 @@ class PanelAdapter : public QObject {
   QTimer confirmation_;  // while it is told what has been copied
   QString confirmed_;
   std::array<ShownRow, kPanelRows> rows_;
+  Freshness fresh_;
   PanelReading reading_;
 
   bool onScreen_ = false;

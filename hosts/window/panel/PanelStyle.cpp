@@ -1,6 +1,9 @@
 #include "hosts/window/panel/PanelStyle.h"
 
+#include <QFontMetricsF>
 #include <algorithm>
+
+#include "hosts/window/panel/DisplayedText.h"
 
 namespace wayfell {
 namespace {
@@ -15,6 +18,7 @@ struct Colors {
 constexpr Colors kBacking = {0xFF12171B, 0xFFF6F4EE, 0xFFFFFFFF};
 constexpr Colors kEdge = {0xFF3B454D, 0xFFB9B6AC, 0xFF000000};
 constexpr Colors kValue = {0xFFF4F6F2, 0xFF12171B, 0xFF000000};
+constexpr Colors kDim = {0xFF9AA5AC, 0xFF565D64, 0xFF6B6B6B};
 constexpr Colors kCaption = {0xFFA9B6BD, 0xFF48525A, 0xFF1C1C1C};
 constexpr Colors kField = {0xFF2A343B, 0xFFE3E0D6, 0xFFFFFFFF};
 constexpr Colors kPointer = {0xFFFFC145, 0xFF683200, 0xFF0A2FA8};
@@ -35,6 +39,23 @@ void PanelStyle::setFontScale(double scale) {
   change(fontScale_, std::clamp(scale, 1.0, kGreatestFontScale));
 }
 
+QString PanelStyle::isolated(const QString& text) { return withNumbersIsolated(text); }
+
+// Measured large; small letters, which are fitted to pixels, may be a little wider.
+double PanelStyle::widthAtOnePoint(const QString& text, bool bold) {
+  constexpr int kMeasured = 200;
+  constexpr double kFitted = 1.015;
+  QFont font;
+  font.setPixelSize(kMeasured);
+  font.setBold(bold);
+  return QFontMetricsF(font).horizontalAdvance(text) / kMeasured * kFitted;
+}
+
+double PanelStyle::unit() const {
+  const double wished = std::min(fontScale_, width_ / kNarrowest);
+  return std::clamp(std::max(wished, width_ / kUsualWidth), 1.0, kGreatestFontScale);
+}
+
 QColor PanelStyle::backing() const {
   QColor color = of(kBacking, theme_);
   if (translucent_ && theme_ != sunlight) color.setAlpha(kTranslucentAlpha);
@@ -42,6 +63,7 @@ QColor PanelStyle::backing() const {
 }
 QColor PanelStyle::edge() const { return of(kEdge, theme_); }
 QColor PanelStyle::value() const { return of(kValue, theme_); }
+QColor PanelStyle::dim() const { return of(kDim, theme_); }
 QColor PanelStyle::caption() const { return of(kCaption, theme_); }
 QColor PanelStyle::field() const { return of(kField, theme_); }
 QColor PanelStyle::pointer() const { return of(kPointer, theme_); }

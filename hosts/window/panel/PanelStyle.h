@@ -15,11 +15,14 @@ class PanelStyle : public QObject {
   Q_PROPERTY(bool translucent READ translucent WRITE setTranslucent NOTIFY changed)
   Q_PROPERTY(bool reducedMotion READ reducedMotion WRITE setReducedMotion NOTIFY changed)
   Q_PROPERTY(double fontScale READ fontScale WRITE setFontScale NOTIFY changed)
+  Q_PROPERTY(double width READ width WRITE setWidth NOTIFY changed)
+  Q_PROPERTY(double unit READ unit NOTIFY changed)
   Q_PROPERTY(bool rightToLeft READ rightToLeft WRITE setRightToLeft NOTIFY changed)
   Q_PROPERTY(bool heavy READ heavy NOTIFY changed)
   Q_PROPERTY(QColor backing READ backing NOTIFY changed)
   Q_PROPERTY(QColor edge READ edge NOTIFY changed)
   Q_PROPERTY(QColor value READ value NOTIFY changed)
+  Q_PROPERTY(QColor dim READ dim NOTIFY changed)
   Q_PROPERTY(QColor caption READ caption NOTIFY changed)
   Q_PROPERTY(QColor field READ field NOTIFY changed)
   Q_PROPERTY(QColor pointer READ pointer NOTIFY changed)
@@ -38,6 +41,9 @@ class PanelStyle : public QObject {
   Q_ENUM(Theme)
 
   static constexpr double kGreatestFontScale = 2;
+  /// Points.
+  static constexpr double kNarrowest = 280;
+  static constexpr double kUsualWidth = 359;
 
   using QObject::QObject;
 
@@ -52,21 +58,36 @@ class PanelStyle : public QObject {
   bool reducedMotion() const { return reducedMotion_; }
   void setReducedMotion(bool reduced) { change(reducedMotion_, reduced); }
 
-  /// 1 is the panel's own; what is outside 1 to kGreatestFontScale becomes the nearest of these.
+  /// How large letters are wished for, 1 for the panel's own; what is outside 1 to
+  /// kGreatestFontScale becomes the nearest of these.
   double fontScale() const { return fontScale_; }
   void setFontScale(double scale);
+
+  /// The panel's, in pixels; the panel sets it.
+  double width() const { return width_; }
+  void setWidth(double width) { change(width_, width); }
+
+  /// Pixels to the panel's point. The panel grows as a whole: by as much as it is wider than
+  /// usual, or else as is wished, as long as it keeps its least width; at most to twice its size.
+  double unit() const;
 
   /// Captions at the right, as the user's language has it.
   bool rightToLeft() const { return rightToLeft_; }
   void setRightToLeft(bool rightToLeft) { change(rightToLeft_, rightToLeft); }
 
-  /// Whether all values are bold.
+  /// Whether all fresh values are bold.
   bool heavy() const { return theme_ == sunlight; }
+
+  /// The text as it is to be drawn, with its numbers isolated (DisplayedText.h).
+  Q_INVOKABLE static QString isolated(const QString& text);
+  /// The width of a text in letters of one point.
+  Q_INVOKABLE static double widthAtOnePoint(const QString& text, bool bold);
 
   /// Behind everything; the only colour that may let something shine through.
   QColor backing() const;
   QColor edge() const;       ///< of the panel
   QColor value() const;      ///< numbers and addresses
+  QColor dim() const;        ///< values that are old or not known yet
   QColor caption() const;    ///< names of values, dots and lines of the compass
   QColor field() const;      ///< behind the tape and behind formats that are not chosen
   QColor pointer() const;    ///< the arrow to the waypoint
@@ -91,6 +112,7 @@ class PanelStyle : public QObject {
   bool translucent_ = false;
   bool reducedMotion_ = false;
   double fontScale_ = 1;
+  double width_ = kUsualWidth;
   bool rightToLeft_ = false;
 };
 

@@ -19,17 +19,37 @@ void drawDisclosure(QPainter& painter, const QColor& color) {
   painter.drawPolyline(QPolygonF({{38, 20}, {68, 50}, {38, 80}}));
 }
 
-void drawDial(QPainter& painter, const QColor& color, const QColor& lines) {
+constexpr double kRing = 39;  // its radius; what stands in its gap may reach to 50
+constexpr double kGap = 17;   // degrees to each side of the top
+
+void drawDial(QPainter& painter, const QColor& color, const QColor& lines, bool hollow) {
   painter.setBrush(Qt::NoBrush);
-  painter.setPen(QPen(lines, 1.5));
-  painter.drawEllipse(QPointF(50, 50), 48, 48);
+  painter.setPen(QPen(lines, 1.5, hollow ? Qt::DotLine : Qt::SolidLine));
+  const QRectF ring(50 - kRing, 50 - kRing, 2 * kRing, 2 * kRing);
+  painter.drawArc(ring, qRound(16 * (90 + kGap)), qRound(16 * (360 - 2 * kGap)));
   painter.translate(50, 50);
-  for (int angle = 0; angle < 360; angle += 30) {
+  for (int angle = 30; angle < 360; angle += 30) {
     const bool main = angle % 90 == 0;
-    painter.setPen(QPen(main ? color : lines, main ? 3 : 1.5));
-    painter.drawLine(QPointF(0, -46), QPointF(0, main ? -36 : -40));
     painter.rotate(30);
+    painter.setPen(QPen(main && !hollow ? color : lines, main ? 3 : 1.5));
+    painter.drawLine(QPointF(0, -kRing), QPointF(0, main ? 8 - kRing : 5 - kRing));
   }
+}
+
+// The outline lies within the figure.
+void drawFigure(QPainter& painter, const QColor& color, const QPolygonF& polygon, bool hollow) {
+  if (!hollow) return fillPolygon(painter, color, polygon);
+  QPainterPath figure;
+  figure.addPolygon(polygon);
+  figure.closeSubpath();
+  painter.setClipPath(figure);
+  painter.strokePath(figure, QPen(color, 7));
+  painter.setClipping(false);
+}
+
+void drawFlag(QPainter& painter, const QColor& color) {
+  fillPolygon(painter, color, QPolygonF({{12, 4}, {26, 4}, {26, 100}, {12, 100}}));
+  fillPolygon(painter, color, QPolygonF({{26, 4}, {96, 30}, {26, 58}}));
 }
 
 }  // namespace
@@ -46,12 +66,15 @@ void ShapeItem::paint(QPainter* painter) {
     case Disclosure:
       return drawDisclosure(*painter, color_);
     case Dial:
-      return drawDial(*painter, color_, secondColor_);
+      return drawDial(*painter, color_, secondColor_, hollow_);
     case Needle:
-      fillPolygon(*painter, color_, QPolygonF({{50, 16}, {58, 50}, {42, 50}}));
-      return fillPolygon(*painter, secondColor_, QPolygonF({{50, 84}, {58, 50}, {42, 50}}));
+      drawFigure(*painter, color_, QPolygonF({{50, 18}, {58, 50}, {42, 50}}), hollow_);
+      return drawFigure(*painter, secondColor_, QPolygonF({{50, 82}, {58, 50}, {42, 50}}), hollow_);
     case Arrow:
-      return fillPolygon(*painter, color_, QPolygonF({{50, 0}, {66, 30}, {50, 22}, {34, 30}}));
+      return drawFigure(*painter, color_, QPolygonF({{50, 18}, {72, 72}, {50, 61}, {28, 72}}),
+                        hollow_);
+    case Flag:
+      return drawFlag(*painter, color_);
   }
 }
 

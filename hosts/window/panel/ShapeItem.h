@@ -15,6 +15,8 @@ class ShapeItem : public QQuickPaintedItem {
   Q_PROPERTY(double turn MEMBER turn_ NOTIFY changed)
   Q_PROPERTY(QColor color MEMBER color_ NOTIFY changed)
   Q_PROPERTY(QColor secondColor MEMBER secondColor_ NOTIFY changed)
+  /// Only its outline, as what it shows is old or not known yet.
+  Q_PROPERTY(bool hollow MEMBER hollow_ NOTIFY changed)
 
  public:
   // Interface files see enumerators with a capital only.
@@ -22,9 +24,10 @@ class ShapeItem : public QQuickPaintedItem {
   enum Shape {
     Mark,        ///< a triangle that points down
     Disclosure,  ///< an open angle that points to the right
-    Dial,        ///< a ring with a line at every 30 degrees, a long one at every 90
+    Dial,        ///< a ring, open at the top for a letter, with a line at every other 30 degrees
     Needle,      ///< the half that points up in the color, the other one in the second color
-    Arrow,       ///< an arrowhead at the rim that points up
+    Arrow,       ///< broad and notched, points up
+    Flag,        ///< on its pole
   };
   // NOLINTEND(readability-identifier-naming)
   Q_ENUM(Shape)
@@ -43,6 +46,7 @@ class ShapeItem : public QQuickPaintedItem {
   double turn_ = 0;
   QColor color_;
   QColor secondColor_;
+  bool hollow_ = false;
 };
 
 }  // namespace wayfell

@@ -19,6 +19,10 @@ class ShownRow : public QObject {
   Q_PROPERTY(QString value READ value NOTIFY changed)
   Q_PROPERTY(bool bold READ bold NOTIFY changed)
   Q_PROPERTY(bool centered READ centered NOTIFY changed)
+  /// Points that the widget itself has set, or else 0.
+  Q_PROPERTY(double fontSize READ fontSize NOTIFY changed)
+  /// What it says is old or not known yet.
+  Q_PROPERTY(bool dim READ dim NOTIFY changed)
   Q_PROPERTY(QString spoken READ spoken NOTIFY changed)
 
  public:
@@ -32,6 +36,8 @@ class ShownRow : public QObject {
   QString value() const { return QString::fromStdString(row_.value); }
   bool bold() const { return row_.bold; }
   bool centered() const { return row_.centered; }
+  double fontSize() const { return row_.fontSize; }
+  bool dim() const { return row_.dim; }
   QString spoken() const { return QString::fromStdString(said_); }
 
  signals:

@@ -16,15 +16,17 @@ constexpr double kMiddle = 16;  // of the letters, below the tip of the mark
 }  // namespace
 
 TapeItem::TapeItem(QQuickItem* parent) : QQuickPaintedItem(parent) {
-  setSize({kTapeSize.width, kTapeSize.height});
+  const auto takeSize = [this] { setSize(unit_ * QSizeF(kTapeSize.width, kTapeSize.height)); };
+  connect(this, &TapeItem::changed, this, takeSize);
   connect(this, &TapeItem::changed, this, [this] { update(); });
+  takeSize();
 }
 
 double TapeItem::north() { return kNorth; }
 
 QFont TapeItem::fittingFont(const TapeReading& tape) const {
   QFont font;
-  font.setPixelSize(std::max(1, static_cast<int>(pixelSize_)));
+  font.setPixelSize(std::max(1, static_cast<int>(letterSize_)));
   font.setBold(true);
   const QFontMetricsF metrics(font);
   double widest = 0;
@@ -42,6 +44,7 @@ void TapeItem::paint(QPainter* painter) {
   const TapeReading tape = readTape(text_.toStdString());
   const QFont font = fittingFont(tape);
   const QFontMetricsF metrics(font);
+  painter->scale(unit_, unit_);
   painter->setFont(font);
   painter->setBrush(dotColor_);
   painter->setRenderHint(QPainter::Antialiasing);

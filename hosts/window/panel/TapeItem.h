@@ -16,8 +16,10 @@ class TapeItem : public QQuickPaintedItem {
   Q_OBJECT
   QML_NAMED_ELEMENT(Tape)
   Q_PROPERTY(QString text MEMBER text_ NOTIFY changed)
-  /// At most; smaller where the labels would leave no room for the dots.
-  Q_PROPERTY(double pixelSize MEMBER pixelSize_ NOTIFY changed)
+  /// Of the letters, in points; smaller where the labels would leave no room for the dots.
+  Q_PROPERTY(double letterSize MEMBER letterSize_ NOTIFY changed)
+  /// Pixels to the point.
+  Q_PROPERTY(double unit MEMBER unit_ NOTIFY changed)
   Q_PROPERTY(QColor labelColor MEMBER labelColor_ NOTIFY changed)
   Q_PROPERTY(QColor dotColor MEMBER dotColor_ NOTIFY changed)
   /// Points: how far above its frame begins; and due north of an unmoved
@@ -40,7 +42,8 @@ class TapeItem : public QQuickPaintedItem {
   QFont fittingFont(const TapeReading& tape) const;
 
   QString text_;
-  double pixelSize_ = 11;
+  double letterSize_ = 11;
+  double unit_ = 1;
   QColor labelColor_;
   QColor dotColor_;
 };

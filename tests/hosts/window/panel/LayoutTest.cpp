@@ -1,6 +1,10 @@
 // Where things stand: at every width, in every layout and language, nothing is cut or covered.
 #include <gtest/gtest.h>
 
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QJSValue>
+#include <cmath>
 #include <map>
 
 #include "ShownPanel.h"
@@ -73,6 +77,17 @@ QRectF placeOf(const QQuickItem& item, const QQuickItem& within) {
   return item.mapRectToItem(&within, QRectF({0, 0}, item.size()));
 }
 
+double pixelSize(const QQuickItem& text) {
+  return text.property("fontInfo").value<QJSValue>().property("pixelSize").toNumber();
+}
+
+// Values have letters of 11 points at least, whatever else is to be read 9.
+double leastSize(const QQuickItem& text) {
+  const bool isValue = text.property("caption").isValid() && !text.property("caption").toBool() &&
+                       text.parentItem()->objectName() != "open";
+  return isValue ? 11 : 9;
+}
+
 void expectNothingCut(ShownPanel& panel) {
   panel.draw();
   const auto texts = visibleTexts(panel);
@@ -83,9 +98,11 @@ void expectNothingCut(ShownPanel& panel) {
     const QRectF allowed = text->parentItem()->boundingRect().adjusted(-0.01, -0.01, 0.01, 0.01);
     EXPECT_TRUE(allowed.contains(placeOf(*text, *text->parentItem())));
     EXPECT_TRUE(panel.root().boundingRect().contains(placeOf(*text, panel.root())));
+    EXPECT_GE(pixelSize(*text), std::floor(leastSize(*text) * panel.style().unit()));
     EXPECT_LE(text->property("contentWidth").toDouble(), text->width() + 0.5);
     EXPECT_LE(text->property("contentHeight").toDouble(), text->height() + 1);
-    const bool mayEndEarly = text->objectName() == "address" || text->objectName() == "hostTitle";
+    const bool mayEndEarly = text->objectName() == "address" || text->objectName() == "hostTitle" ||
+                             text->property("caption").toBool();
     EXPECT_TRUE(mayEndEarly || !text->property("truncated").toBool());
     for (const QQuickItem* other : texts) {
       if (other == text) continue;
@@ -93,6 +110,30 @@ void expectNothingCut(ShownPanel& panel) {
           << "covers " << other->objectName().toStdString();
     }
   }
+}
+
+// A coordinate is never broken, and a reference only at its blanks.
+void expectWholePosition(ShownPanel& panel) {
+  QStringList lines;
+  for (const QQuickItem* text : visibleTexts(panel)) {
+    if (text->parentItem()->parentItem()->objectName() != "position") continue;
+    if (text->property("caption").toBool()) continue;
+    EXPECT_EQ(text->property("lineCount").toInt(), 1);
+    lines.append(text->property("value").toString());
+  }
+  const bool isReference = panel.adapter().format() > 2;
+  panel.adapter().copyPosition();
+  EXPECT_EQ(lines.join(isReference ? " " : ", "), QGuiApplication::clipboard()->text());
+}
+
+void expectRowsOfOneSize(ShownPanel& panel) {
+  std::map<double, double> sizes;
+  for (const QQuickItem* text : visibleTexts(panel)) {
+    if (!text->objectName().endsWith("Value")) continue;
+    const double row = placeOf(*text, panel.root()).top();
+    EXPECT_EQ(sizes.emplace(row, pixelSize(*text)).first->second, pixelSize(*text));
+  }
+  EXPECT_LE(sizes.size(), 2U);
 }
 
 class Layout : public testing::TestWithParam<std::size_t> {};
@@ -112,8 +153,10 @@ TEST_P(Layout, NothingIsCutOrCovered) {
           SCOPED_TRACE(testing::Message() << language.name << " " << width << " x " << height
                                           << ", fonts x " << fontScale << ", format " << format);
           panel.adapter().pickFormat(format);
-          EXPECT_EQ(panel.root().height(), height);
+          EXPECT_EQ(panel.root().height(), std::round(height * panel.style().unit()));
           expectNothingCut(panel);
+          expectWholePosition(panel);
+          expectRowsOfOneSize(panel);
         }
       }
     }
@@ -128,8 +171,8 @@ TEST(PanelLayout, ShowsWhatThereIs) {
   ReplayedWidget widget;
   fill(widget, kLanguages[0]);
   ShownPanel panel(widget);
-  const char* const names[] = {"track",     "corner",  "open",          "compass",
-                               "tapeFrame", "address", "waypointArrow", "waypoint"};
+  const char* const names[] = {"corner",    "open",    "trackTimeValue", "compass",
+                               "tapeFrame", "address", "waypointArrow",  "waypointDistanceValue"};
   const auto seen = [&] {
     std::size_t count = 0;
     while (count < std::size(names) && panel.item(names[count]).isVisible()) ++count;
@@ -173,8 +216,8 @@ TEST(PanelLayout, MirrorsAllButTheTape) {
   fill(widget, kLanguages[2]);
   ShownPanel panel(widget);
   const auto place = [&](const char* name) { return placeOf(panel.item(name), panel.root()); };
-  const char* const names[] = {"corner",   "positionArea", "tapeFrame",      "open",   "track",
-                               "waypoint", "altitude",     "trackTimeValue", "format0"};
+  const char* const names[] = {"corner",           "position", "tapeFrame",      "open",   "speed",
+                               "waypointDistance", "altitude", "trackTimeValue", "format0"};
   std::map<const char*, double> starts;
   for (const char* name : names) starts[name] = place(name).left();
   const double tape = panel.item("tape").x();

@@ -21,13 +21,14 @@ class StillScene : public Scene {
 
   const WidgetInterface& interface() const override { return widget_.interface(); }
   bool onScreen() const override { return shown; }
-  Freshness freshness() const override { return {}; }
+  Freshness freshness() const override { return fresh; }
   Lines lines() const override { return said; }
   std::optional<std::string> fault() const override { return failed; }
   std::optional<std::string> takeNews() override { return std::exchange(news, std::nullopt); }
   std::span<const PanelAction> actions() const override { return {}; }
 
   bool shown = true;
+  Freshness fresh;
   Lines said;
   std::optional<std::string> failed;
   std::optional<std::string> news;

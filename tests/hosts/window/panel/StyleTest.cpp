@@ -43,15 +43,34 @@ TEST(PanelStyle, ValuesStandOut) {
                                         << behind.name().toStdString());
         EXPECT_GE(contrast(style.value(), backing), 7);
         EXPECT_GE(contrast(style.pointer(), backing), 7);
+        EXPECT_GE(contrast(style.dim(), backing), 4.5);
+        EXPECT_LE(contrast(style.dim(), backing), contrast(style.value(), backing) / 2);
         EXPECT_GE(contrast(style.caption(), backing), theme == PanelStyle::sunlight ? 7 : 4.5);
         EXPECT_GE(contrast(style.mark(), backing), 3);
         EXPECT_GE(contrast(style.focus(), backing), 3);
       }
       EXPECT_GE(contrast(style.value(), style.field()), 7);
+      EXPECT_GE(contrast(style.dim(), style.field()), 4.5);
       EXPECT_GE(contrast(style.mark(), style.field()), 3);
       EXPECT_GE(contrast(style.plateText(), style.plate()), 7);
       EXPECT_GE(contrast(Qt::black, style.chosen()), 7);
     }
+  }
+}
+
+TEST(PanelStyle, GrowsWithItsWidthAndWithWhatIsWished) {
+  struct Case {
+    double width, fontScale, unit;
+  };
+  const Case cases[] = {
+      {280, 1, 1}, {359, 1, 1},     {280, 2, 1}, {359, 1.2, 1.2}, {359, 2, 359 / 280.0},
+      {560, 2, 2}, {538.5, 1, 1.5}, {718, 1, 2}, {718, 1.5, 2},   {1436, 1, 2},
+  };
+  for (const auto& [width, fontScale, unit] : cases) {
+    PanelStyle style;
+    style.setWidth(width);
+    style.setFontScale(fontScale);
+    EXPECT_DOUBLE_EQ(style.unit(), unit) << width << ", fonts x " << fontScale;
   }
 }
 

@@ -6,6 +6,7 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QKeyEvent>
+#include <tuple>
 
 #include "ShownPanel.h"
 
@@ -116,19 +117,23 @@ TEST_F(Use, TabGoesThroughAllThatCanBeDone) {
     }
     return names.join(' ');
   };
-  EXPECT_EQ(order(), "formats open layout positionCopy");
+  EXPECT_EQ(order(), "positionCopy open layout formats");
   panel.adapter().switchLayout();
-  EXPECT_EQ(order(), "open layout positionCopy");
+  EXPECT_EQ(order(), "positionCopy open layout");
 }
 
 TEST_F(Use, ThumbsHit) {
   ShownPanel panel(widget_, 280);
+  constexpr double kEdge = 5;  // of the window, by which it is made wider
   int areas = 0;
   for (const QString layout : {"expanded", "compact"}) {
+    panel.draw();
     for (const QQuickItem* item : panel.items()) {
       if (!item->inherits("QQuickMouseArea") || !item->isVisible()) continue;
       EXPECT_GE(item->width(), 44) << item->parentItem()->objectName().toStdString();
       EXPECT_GE(item->height(), 44) << item->parentItem()->objectName().toStdString();
+      EXPECT_LE(panel.root().mapFromItem(item, {item->width(), 0}).x(), 280 - kEdge);
+      EXPECT_GE(panel.root().mapFromItem(item, {0, 0}).x(), kEdge);
       ++areas;
     }
     panel.adapter().switchLayout();
@@ -215,6 +220,29 @@ TEST_F(Use, OnlyChangesAreTold) {
   EXPECT_EQ(changes, 0);
   adapter.refresh();
   EXPECT_EQ(changes, 4);  // the heading, the tape, the dial, and the dial in words
+}
+
+// What is old is dim without anything else having changed, and the way is an outline.
+TEST_F(Use, WhatIsOldIsDim) {
+  ShownPanel panel(widget_);
+  const auto color = [&](const char* name) {
+    return panel.item(name).property("color").value<QColor>();
+  };
+  const auto seen = [&] {
+    return std::tuple(color("altitudeValue"), color("waypointDistanceValue"),
+                      color("trackTimeValue"), color("heading"),
+                      panel.item("waypointArrow").property("hollow").toBool());
+  };
+  const QColor value = panel.style().value();
+  const QColor pointer = panel.style().pointer();
+  const QColor dim = panel.style().dim();
+  EXPECT_EQ(seen(), std::tuple(value, pointer, value, value, false));
+  panel.scene().fresh = {.fix = false, .heading = true};
+  panel.adapter().refresh();
+  EXPECT_EQ(seen(), std::tuple(dim, dim, value, value, true));
+  panel.scene().fresh = {.fix = true, .heading = false};
+  panel.adapter().refresh();
+  EXPECT_EQ(seen(), std::tuple(value, pointer, value, dim, true));
 }
 
 TEST_F(Use, NewsStandUntilTheNextTouch) {

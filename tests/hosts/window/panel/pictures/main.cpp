@@ -11,6 +11,7 @@
 namespace {
 
 constexpr double kMinutes = 5;
+constexpr int kMgrs = 3;
 
 bool save(wayfell::ShownPanel& panel, const QDir& folder, const QString& name) {
   return panel.draw().save(folder.filePath(name + QStringLiteral(".png")));
@@ -33,7 +34,13 @@ bool drawAll(const QDir& folder) {
     }
     panel.adapter().switchLayout();
   }
-  return saved;
+  panel.style().setTheme(wayfell::PanelStyle::light);
+  panel.scene().fresh = {.fix = false, .heading = false};
+  saved = save(panel, folder, QStringLiteral("window-old")) && saved;
+  panel.scene().fresh = {};
+  panel.resize(wayfell::PanelStyle::kNarrowest);
+  panel.adapter().pickFormat(kMgrs);
+  return save(panel, folder, QStringLiteral("window-narrow")) && saved;
 }
 
 }  // namespace
