@@ -95,7 +95,7 @@ std::string LiveScene::warning() const {
 }
 
 Scene::Lines LiveScene::lines() const {
-  return {std::string(localized("LIVE")), source_.name(), headingState(), warning(),
+  return {Kind::live, source_.name(), headingState(), warning(),
           host_.reverseGeocoder().attribution()};
 }
 

@@ -76,7 +76,7 @@ RecordedStage::RecordedStage(IoRunLoop& loop, const SourceWishes& wishes, const 
       recording_(choice_, ChosenRecording::Slow::readAll),
       player_(*recording_, *widget_),
       scene_(loop, player_, wishes.rate.value_or(1),
-             std::string(choice_.demo ? localized("DEMO") : localized("REPLAY")), choice_.title()) {
+             choice_.demo ? Scene::Kind::demo : Scene::Kind::replay, choice_.title()) {
   if (!wishes.snapshots.empty()) showSnapshotsIn(wishes.snapshots);
 }
 

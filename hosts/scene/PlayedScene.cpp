@@ -20,12 +20,11 @@ constexpr SpanKeys kGapKeys = {
 
 }  // namespace
 
-PlayedScene::PlayedScene(IoRunLoop& loop, Player& player, double rate, std::string badge,
-                         std::string title)
+PlayedScene::PlayedScene(IoRunLoop& loop, Player& player, double rate, Kind kind, std::string title)
     : loop_(loop),
       player_(player),
       playback_(player, rate, Playback::Clock::now()),
-      badge_(std::move(badge)),
+      kind_(kind),
       title_(std::move(title)) {
   sleep();
 }
@@ -59,7 +58,7 @@ std::optional<double> PlayedScene::fixAge() const {
 }
 
 Scene::Lines PlayedScene::lines() const {
-  Lines lines{badge_, title_, elapsedText(player_.elapsed()), {}, {}};
+  Lines lines{kind_, title_, elapsedText(player_.elapsed()), {}, {}};
   const auto addState = [&lines](std::string_view word) { lines.state.append("  ").append(word); };
   if (player_.ended()) {
     addState(localized("ended"));

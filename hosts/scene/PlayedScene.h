@@ -14,8 +14,8 @@ namespace wayfell {
 
 class PlayedScene : public Scene {
  public:
-  /// What is given must live on. `badge` and `title` say what is playing.
-  PlayedScene(IoRunLoop& loop, Player& player, double rate, std::string badge, std::string title);
+  /// What is given must live on. `kind` and `title` say what is playing.
+  PlayedScene(IoRunLoop& loop, Player& player, double rate, Kind kind, std::string title);
   ~PlayedScene() override;
   PlayedScene(const PlayedScene&) = delete;
   PlayedScene& operator=(const PlayedScene&) = delete;
@@ -45,7 +45,7 @@ class PlayedScene : public Scene {
   IoRunLoop& loop_;
   Player& player_;
   Playback playback_;
-  std::string badge_;
+  Kind kind_;
   std::string title_;
   std::optional<RunLoop::TimerId> timer_;
   int urls_ = 0;          // asked for so far

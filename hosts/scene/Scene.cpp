@@ -1,8 +1,21 @@
 #include "hosts/scene/Scene.h"
 
 #include "hosts/panel/PanelReading.h"
+#include "platform/NSBundle.h"
 
 namespace wayfell {
+
+std::string badgeText(Scene::Kind kind) {
+  switch (kind) {
+    case Scene::Kind::live:
+      return std::string(localized("LIVE"));
+    case Scene::Kind::replay:
+      return std::string(localized("REPLAY"));
+    case Scene::Kind::demo:
+      break;
+  }
+  return std::string(localized("DEMO"));
+}
 
 void Scene::appear() {
   catchUp();

@@ -13,9 +13,10 @@ namespace wayfell {
 
 class Scene {
  public:
+  enum class Kind { live, replay, demo };
   /// The host's own lines. Nothing of them is part of the panel.
   struct Lines {
-    std::string badge;    ///< a word: what kind of scene it is
+    Kind kind = Kind::live;
     std::string title;    ///< where what is shown comes from
     std::string state;    ///< how that goes
     std::string warning;  ///< what should not be taken for fresh
@@ -59,5 +60,8 @@ class Scene {
   /// One of actions(), or something that is not the scene's.
   virtual void actItself(const PanelRequest& request) = 0;
 };
+
+/// A word for it, in capitals: "LIVE".
+std::string badgeText(Scene::Kind kind);
 
 }  // namespace wayfell

@@ -15,7 +15,7 @@ constexpr int kGap = 2;
 constexpr int kLeastTold = 10;  // columns that are worth being shown of a message
 
 TextRow titleRow(const Scene::Lines& scene, int end) {
-  TextRow row = {{kBadge, " " + scene.badge + " ", TextStyle::badge}};
+  TextRow row = {{kBadge, " " + badgeText(scene.kind) + " ", TextStyle::badge}};
   const int title = endOf(row) + 1;
   row.push_back({title, fitted(printable(scene.title), end - columnsOf(scene.state) - kGap - title),
                  TextStyle::plain});

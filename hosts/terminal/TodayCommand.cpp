@@ -83,7 +83,7 @@ int printPanel(const WidgetInterface& interface, const std::string& caption,
 int printRecording(Stage& stage, Player& player) {
   player.advanceToFirstFix();
   const Scene::Lines lines = stage.scene().lines();
-  const std::string kind = lines.badge == localized("DEMO") ? "Demo: " : "Replay: ";
+  const std::string kind = lines.kind == Scene::Kind::demo ? "Demo: " : "Replay: ";
   return printPanel(stage.scene().interface(), elapsedText(player.elapsed()), kind + lines.title);
 }
 

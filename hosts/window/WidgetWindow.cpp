@@ -20,7 +20,8 @@ namespace wayfell {
 namespace {
 
 constexpr int kEdge = 5;  // points, from which the window is made wider
-constexpr int kWidest = 4 * WidgetWindow::kUsualWidth;  // points
+constexpr int kNarrowest = static_cast<int>(PanelStyle::kNarrowest);    // points
+constexpr int kWidest = static_cast<int>(4 * PanelStyle::kUsualWidth);  // points
 constexpr double kRest = 1;  // seconds without a move, after which the place is kept
 
 // Wayland lets no window know where it is, nor say where it should be.
@@ -100,7 +101,10 @@ void WidgetWindow::loadContents() {
 }
 
 void WidgetWindow::takeKeptPlace() {
-  const int width = std::clamp(memory_.width().value_or(kUsualWidth), kNarrowest, kWidest);
+  // As wide as the letters are large, so that they have room.
+  const double usual = PanelStyle::kUsualWidth * theme_.style().fontScale();
+  const int width =
+      std::clamp(memory_.width().value_or(static_cast<int>(usual)), kNarrowest, kWidest);
   resize(width, height());
   rootObject()->setWidth(width);  // its height depends on it, and Qt sets it only when it shows it
   if (placeIsKnown()) place_ = WindowPlace(memory_.place());

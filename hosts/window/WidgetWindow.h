@@ -32,9 +32,6 @@ class WidgetWindow : public QQuickView {
   Q_OBJECT
 
  public:
-  static constexpr int kNarrowest = 280;
-  static constexpr int kUsualWidth = 359;
-
   /// What is given must live on.
   WidgetWindow(QtRunLoop& loop, Scene& scene, PanelAdapter& panel, Theme& theme,
                WindowMemory& memory, const WindowWishes& wishes);

@@ -18,10 +18,13 @@ Rectangle {
     readonly property bool stateInRow: badge.width + stateMetrics.width + 3 * gap <= width
     readonly property real rowUsed: badge.width + (stateInRow ? stateMetrics.width : 0)
     readonly property bool warningInRow: rowUsed + warningMetrics.width + 5 * gap <= width
-    // What is no live position is not to be taken for one.
-    readonly property bool isLive: panel.badge === "LIVE"
 
     signal panelAsked
+
+    // To those who do not see that it has come.
+    function tell(item: Text) {
+        if (item.text !== "") panel.alert(item)
+    }
 
     // Names from outside, which an inline component sees only by what it stands in.
     // qmllint disable unqualified
@@ -61,14 +64,15 @@ Rectangle {
         width: parent.width
         height: line.rowHeight
 
+        // What is no live position is not to be taken for one.
         Rectangle {
             objectName: "hostPlate"
             anchors.fill: badge
-            anchors.margins: line.isLive ? 3 : 1
+            anchors.margins: line.panel.live ? 3 : 1
             anchors.leftMargin: 0
             anchors.rightMargin: 0
             radius: 4
-            color: line.isLive ? line.look.plate : line.look.chosen
+            color: line.panel.live ? line.look.plate : line.look.chosen
             visible: badge.text !== ""
         }
         InRow {
@@ -79,7 +83,7 @@ Rectangle {
             leftPadding: text === "" ? 0 : 6
             rightPadding: leftPadding
             text: line.panel.badge
-            color: line.isLive ? line.look.plateText : line.panel.chosenTitleColor
+            color: line.panel.live ? line.look.plateText : line.panel.chosenTitleColor
             font.bold: true
         }
         InRow {
@@ -110,6 +114,7 @@ Rectangle {
             color: line.look.mark
             font.bold: true
             Accessible.role: Accessible.AlertMessage
+            onTextChanged: line.tell(this)
         }
     }
     TextMetrics {
@@ -139,6 +144,7 @@ Rectangle {
             color: line.look.mark
             font.bold: true
             Accessible.role: Accessible.AlertMessage
+            onTextChanged: line.tell(this)
         }
         Paragraph {
             objectName: "hostHidden"
@@ -153,6 +159,7 @@ Rectangle {
             text: line.panel.message
             color: line.panel.fault === "" ? line.look.value : line.look.mark
             Accessible.role: Accessible.AlertMessage
+            onTextChanged: line.tell(this)
         }
         Paragraph {
             objectName: "hostCredit"

@@ -79,6 +79,7 @@ class PanelAdapter : public QObject {
   Q_PROPERTY(int format READ format NOTIFY formatsChanged)
   Q_PROPERTY(QColor chosenTitleColor READ chosenTitleColor NOTIFY formatsChanged)
   Q_PROPERTY(QString copyWords READ copyWords CONSTANT)
+  Q_PROPERTY(bool live READ live NOTIFY linesChanged)
   Q_PROPERTY(QString badge READ badge NOTIFY linesChanged)
   Q_PROPERTY(QString title READ title NOTIFY linesChanged)
   Q_PROPERTY(QString state READ state NOTIFY linesChanged)
@@ -169,7 +170,9 @@ class PanelAdapter : public QObject {
   QString copyWords() const;
 
   /// The host's own lines, as Scene has them.
-  QString badge() const { return QString::fromStdString(lines_.badge); }
+  /// Whether what is shown is where the user is.
+  bool live() const { return lines_.kind == Scene::Kind::live; }
+  QString badge() const { return QString::fromStdString(badgeText(lines_.kind)); }
   QString title() const { return QString::fromStdString(lines_.title); }
   QString state() const { return QString::fromStdString(lines_.state); }
   QString warning() const { return QString::fromStdString(lines_.warning); }

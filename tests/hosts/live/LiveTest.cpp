@@ -235,7 +235,7 @@ TEST_F(OpenedSources, AreTheFirstThatIsThereOrElseTheDemo) {
   const Sources boat({kind("kite", false), kind("boat", true)});
   const OpenedSource live = open(boat, "auto");
   EXPECT_EQ(live.missing, "no gpsd at localhost:2947 and no kite: positions come from boat");
-  EXPECT_EQ(live.stage->scene().lines().badge, "LIVE");
+  EXPECT_EQ(live.stage->scene().lines().kind, Scene::Kind::live);
   EXPECT_EQ(live.stage->player(), nullptr);
 }
 
@@ -254,7 +254,7 @@ TEST_F(OpenedSources, GiveWayToThePreferredOneWhenItComes) {
     stage.player()->advanceToFirstFix();
     scene.act({PanelAction::switchLayout});
     EXPECT_TRUE(stage.fix());
-    EXPECT_EQ(scene.lines().badge, "DEMO");
+    EXPECT_EQ(scene.lines().kind, Scene::Kind::demo);
     EXPECT_EQ(scene.lines().warning, "demo: not your position");
     if (!onScreen) scene.disappear();
     watch.takeChanged();
@@ -266,7 +266,7 @@ TEST_F(OpenedSources, GiveWayToThePreferredOneWhenItComes) {
     loop.run();
     EXPECT_TRUE(watch.takeChanged());
     EXPECT_EQ(scene.takeNews(), "kite is there now: positions are its");
-    EXPECT_EQ(scene.lines().badge, "LIVE");
+    EXPECT_EQ(scene.lines().kind, Scene::Kind::live);
     EXPECT_EQ(scene.lines().warning, onScreen ? "no fix yet" : "");
     EXPECT_EQ(scene.onScreen(), onScreen);
     EXPECT_FALSE(stage.fix());
@@ -280,19 +280,19 @@ TEST_F(OpenedSources, SayWhatTheyAre) {
   putBytes(gpx, R"(<gpx><trk><trkseg><trkpt lat="1" lon="2"/></trkseg></trk></gpx>)");
   struct Case {
     std::string source;
-    const char* badge;
+    Scene::Kind kind;
     std::string title;
     std::optional<std::string> note;
   };
   const Case cases[] = {
-      {"demo", "DEMO", "a walk nobody took", std::nullopt},
-      {"replay=" + gpx.string(), "REPLAY", "walk .gpx",
+      {"demo", Scene::Kind::demo, "a walk nobody took", std::nullopt},
+      {"replay=" + gpx.string(), Scene::Kind::replay, "walk .gpx",
        "the track has no times: its points are taken one second apart"},
-      {"gpsd=127.0.0.1:1", "LIVE", "gpsd at 127.0.0.1:1", std::nullopt},
+      {"gpsd=127.0.0.1:1", Scene::Kind::live, "gpsd at 127.0.0.1:1", std::nullopt},
   };
   for (const Case& each : cases) {
     const OpenedSource opened = open(Sources(), each.source);
-    EXPECT_EQ(opened.stage->scene().lines().badge, each.badge);
+    EXPECT_EQ(opened.stage->scene().lines().kind, each.kind);
     EXPECT_EQ(opened.stage->scene().lines().title, each.title);
     EXPECT_EQ(opened.note, each.note);
     EXPECT_EQ(opened.missing, std::nullopt);

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/SimulatedHost.h"
+
 namespace wayfell {
 namespace {
 
@@ -9,6 +11,7 @@ const char kWarning[] = "no gpsd at localhost:2947: this is the demo, not where 
 
 // In the first row there is always " DEMO  a walk".
 TEST(HostLines, WarningsComeBeforeHintsAndAreTheLastToBeCut) {
+  const SimulatedHost host;
   struct Case {
     std::string message, warning;
     int columns, rows;
@@ -34,7 +37,7 @@ TEST(HostLines, WarningsComeBeforeHintsAndAreTheLastToBeCut) {
             "\n  Open: wayfell://openFro…  fix 8 s old"},
            {"a long message", "", 12, 3, "\n  a long\n  message"},
        }) {
-    const HostLines lines = {{"DEMO", "a walk", "", warning, ""},
+    const HostLines lines = {{Scene::Kind::demo, "a walk", "", warning, ""},
                              message,
                              {"t layout  ? keys  q quit", "? keys  q quit"}};
     std::string text;

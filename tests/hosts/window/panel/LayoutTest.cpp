@@ -191,7 +191,7 @@ TEST(HostLine, HasRoomForAllItSays) {
   widget.start();
   for (const double width : {280.0, 359.0, 600.0}) {
     ShownPanel line(widget, width, "HostLine");
-    line.scene().said = {"REPLAY",
+    line.scene().said = {Scene::Kind::replay,
                          "a-long-walk-over-the-hills-and-back-again.gpx",
                          "12:05:00  angehalten, wartet auf den Empfänger  ×0.1",
                          "Vorführung: nicht Ihre Position, und die letzte ist 3600 Sekunden alt",
