@@ -28,9 +28,9 @@ int number(std::string_view digits) {
   return value;
 }
 
-// Takes "." and digits off the text.
+// Takes "." or "," and digits off the text.
 double takeFraction(std::string_view& text) {
-  if (!beginsLike(text, ".0")) return 0;
+  if (!beginsLike(text, ".0") && !beginsLike(text, ",0")) return 0;
   text.remove_prefix(1);
   double value = 0;
   double unit = 1;
@@ -43,19 +43,25 @@ double takeFraction(std::string_view& text) {
 
 // Seconds by which a zone is ahead of UTC; none for what is no zone.
 std::optional<int> secondsAhead(std::string_view zone) {
-  if (zone.empty() || zone == "Z") return 0;
+  if (zone.empty() || zone == "Z" || zone == "z") return 0;
   const int sign = zone.front() == '-' ? -1 : 1;
-  if (zone.size() != 6 || !(beginsLike(zone, "+00:00") || beginsLike(zone, "-00:00"))) {
+  if (zone.front() != '+' && zone.front() != '-') return std::nullopt;
+  zone.remove_prefix(1);
+  const bool colon = zone.size() == 5 && beginsLike(zone, "00:00");
+  if (!colon && !(zone.size() == 4 && beginsLike(zone, "0000")) &&
+      !(zone.size() == 2 && beginsLike(zone, "00"))) {
     return std::nullopt;
   }
-  return sign * (number(zone.substr(1, 2)) * 3600 + number(zone.substr(4, 2)) * 60);
+  const int minutes = zone.size() == 2 ? 0 : number(zone.substr(zone.size() - 2));
+  return sign * (number(zone.substr(0, 2)) * 3600 + minutes * 60);
 }
 
 }  // namespace
 
 std::optional<NSDate> dateOfIsoTime(std::string_view text) {
   constexpr std::string_view kPattern = "0000-00-00T00:00:00";
-  if (!beginsLike(text, kPattern)) return std::nullopt;
+  constexpr std::string_view kWithBlank = "0000-00-00 00:00:00";
+  if (!beginsLike(text, kPattern) && !beginsLike(text, kWithBlank)) return std::nullopt;
   const std::chrono::year_month_day date{
       std::chrono::year{number(text.substr(0, 4))},
       std::chrono::month{static_cast<unsigned>(number(text.substr(5, 2)))},

@@ -1,11 +1,11 @@
 #include "hosts/text/LineReader.h"
 
 #include "hosts/text/InputError.h"
+#include "hosts/text/Utf8.h"
 
 namespace wayfell {
 namespace {
 
-constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 constexpr std::string_view kBlanks = " \t\r\n";
 
 }  // namespace

@@ -29,8 +29,9 @@ class LineReader {
   /// Passes over the byte order mark and the blank lines at the start, and returns what follows:
   /// at least `count` bytes if there are as many.
   std::string_view peekFirstLine(std::size_t count);
-  /// All the rest, unread lines only. See InputBytes::readAll.
-  std::string readAll(std::size_t limit) { return input_.readAll(limit); }
+  /// All the rest, unread lines only, with an empty line for each that was passed over, so that
+  /// lines count alike. See InputBytes::readAll.
+  std::string readAll(std::size_t limit) { return input_.readAll(limit).insert(0, number_, '\n'); }
 
  private:
   bool readLine();

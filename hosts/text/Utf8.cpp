@@ -21,7 +21,12 @@ std::optional<char32_t> takeCodePoint(std::string_view& text) {
   return bytes > 0 ? std::optional<char32_t>(codePoint) : std::nullopt;
 }
 
-bool isUtf8(std::string_view text) { return u8_check(bytesOf(text), text.size()) == nullptr; }
+bool isUtf8(std::string_view text) { return utf8Prefix(text) == text.size(); }
+
+std::size_t utf8Prefix(std::string_view text) {
+  const std::uint8_t* const bad = u8_check(bytesOf(text), text.size());
+  return bad == nullptr ? text.size() : static_cast<std::size_t>(bad - bytesOf(text));
+}
 
 void appendCodePoint(std::string& text, char32_t codePoint) {
   std::array<std::uint8_t, 4> bytes{};

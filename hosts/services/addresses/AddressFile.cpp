@@ -12,6 +12,7 @@
 #include "hosts/text/JsonLine.h"
 #include "hosts/text/LineReader.h"
 #include "hosts/text/TextScanner.h"
+#include "hosts/text/Utf8.h"
 #include "platform/NSString.h"
 
 namespace wayfell {
@@ -157,7 +158,6 @@ void refuseCollection(std::string_view start) {
 }  // namespace
 
 std::unique_ptr<AddressFile> openAddressFile(InputBytes input) {
-  constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
   if (input.peek(kByteOrderMark.size()).starts_with(kByteOrderMark)) {
     input.skip(kByteOrderMark.size());
   }
