@@ -3,12 +3,12 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
-#include <cstddef>
+#include <utility>
 
 #include "hosts/places/PositionText.h"
+#include "hosts/replay/OtherFormats.h"
 #include "hosts/text/InputError.h"
-#include "hosts/text/Utf8.h"
-#include "platform/NSString.h"
+#include "hosts/text/XmlEncoding.h"
 
 namespace wayfell::gpx {
 namespace {
@@ -20,34 +20,44 @@ std::string_view trimmed(std::string_view text) {
   return text;
 }
 
-std::string lineOf(std::string_view xml, std::ptrdiff_t offset) {
-  const auto lines = std::count(xml.begin(), xml.begin() + offset, '\n') + 1;
-  return "line " + std::to_string(lines) + ": ";
-}
-
-double degrees(const pugi::xml_node& point, const char* name, double limit) {
-  const auto attribute = point.attribute(name);
-  if (!attribute) throw InputError(std::string(name) + ": missing");
-  const double degrees = number(trimmed(attribute.value()), name);
-  if (std::abs(degrees) > limit) {
-    throw InputError(std::string(name) + ": beyond " + shortestText(limit) + " degrees");
+std::vector<std::uint32_t> lineEndsOf(std::string_view text) {
+  std::vector<std::uint32_t> ends;
+  ends.reserve(static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n')));
+  for (std::size_t end = text.find('\n'); end != std::string_view::npos;
+       end = text.find('\n', end + 1)) {
+    ends.push_back(static_cast<std::uint32_t>(end));
   }
-  return degrees;
+  return ends;
 }
 
 }  // namespace
 
-pugi::xml_node load(pugi::xml_document& document, const std::string& xml) {
-  const pugi::xml_parse_result result = document.load_buffer(xml.data(), xml.size());
+Document::Document(std::string bytes)
+    : text_(utf8OfXml(std::move(bytes))), lineEnds_(lineEndsOf(text_)) {
+  // In any other encoding offsets would be those in a text of the parser's own.
+  const pugi::xml_parse_result result = document_.load_buffer_inplace(
+      text_.data(), text_.size(), pugi::parse_default, pugi::encoding_utf8);
   if (!result) {
-    throw InputError(lineOf(xml, result.offset) + "not well-formed XML: " + result.description());
+    fault_ = "line " + std::to_string(lineAt(result.offset)) +
+             ": not well-formed XML: " + result.description();
+    if (localName(root()) != "gpx") throw InputError(*fault_);
   }
-  if (result.encoding == pugi::encoding_utf8 && !isUtf8(xml)) throw InputError("not UTF-8");
-  const auto root = document.document_element();
-  if (localName(root) != "gpx") {
-    throw InputError("not GPX: the document is of type <" + std::string(root.name()) + ">");
-  }
-  return root;
+  expectGpx(root().name());
+}
+
+std::size_t Document::lineOf(const pugi::xml_node& element) const {
+  return lineAt(element.offset_debug());
+}
+
+std::size_t Document::lineAt(std::ptrdiff_t offset) const {
+  const auto end = std::lower_bound(lineEnds_.begin(), lineEnds_.end(), offset);
+  return static_cast<std::size_t>(end - lineEnds_.begin()) + 1;
+}
+
+pugi::xml_node Document::pass(pugi::xml_node element) {
+  const pugi::xml_node next = element.next_sibling();
+  element.parent().remove_child(element);
+  return next;
 }
 
 std::string_view localName(const pugi::xml_node& node) {
@@ -61,27 +71,29 @@ pugi::xml_node child(const pugi::xml_node& parent, std::string_view name) {
 
 std::string_view text(const pugi::xml_node& node) { return trimmed(node.text().get()); }
 
-double number(std::string_view digits, const char* field) {
+std::optional<double> number(std::string_view digits) {
   if (!digits.empty() && digits.front() == '+') digits.remove_prefix(1);
   double value = 0;
   const char* const end = digits.data() + digits.size();
   const auto [stop, error] = std::from_chars(digits.data(), end, value);
-  if (error != std::errc() || stop != end || !std::isfinite(value)) {
-    throw InputError(std::string(field) + ": expected a number");
-  }
-  return value;
+  const bool read = error == std::errc() && stop == end && std::isfinite(value);
+  return read ? std::optional(value) : std::nullopt;
 }
 
 std::optional<double> number(const pugi::xml_node& point, const char* name) {
-  const auto node = child(point, name);
-  return node ? std::optional(number(text(node), name)) : std::nullopt;
+  return number(text(child(point, name)));
 }
 
-CLLocationCoordinate2D coordinate(const pugi::xml_node& point) {
-  CLLocationCoordinate2D coordinate;
-  coordinate.latitude = degrees(point, "lat", kGreatestLatitude);
-  coordinate.longitude = degrees(point, "lon", kGreatestLongitude);
-  return coordinate;
+std::optional<CLLocationCoordinate2D> coordinate(const pugi::xml_node& point) {
+  const auto latitude = number(trimmed(point.attribute("lat").value()));
+  const auto longitude = number(trimmed(point.attribute("lon").value()));
+  if (!latitude || !longitude) return std::nullopt;
+  return CLLocationCoordinate2D{*latitude, *longitude};
+}
+
+bool isOnEarth(const CLLocationCoordinate2D& coordinate) {
+  return std::abs(coordinate.latitude) <= kGreatestLatitude &&
+         std::abs(coordinate.longitude) <= kGreatestLongitude;
 }
 
 }  // namespace wayfell::gpx

@@ -1,152 +1,131 @@
-// The track points of a GPX 1.0 or 1.1 file, one fix each; waypoints and routes are left aside.
-//
-//   horizontalAccuracy  hdop x 5 m, or else 5 m
-//   verticalAccuracy    vdop x 5 m, or else 5 m
-//   altitude            ele, or else 0
-//   speed, course       as given (in 1.1 by an extension, such as gpxtpx:speed), or else -1
-//   t and timestamp     time
-// When no point has a time, they are one second apart from the reference date on. Otherwise tracks
-// without any times are passed over (receivers keep such copies beside their logs), each point of
-// the others must have one, and none may be earlier than that of the point before.
-#include <cmath>
+// The points of a GPX track, one fix each. When none has a time, they are one second apart from the
+// reference date on. Otherwise segments are put in the order of their times, and points without a
+// time, or with one that is out of order, are passed over. A file that is cut off is an error after
+// its last whole point.
+#include <algorithm>
 #include <cstddef>
 #include <optional>
-#include <pugixml.hpp>
 #include <string>
-#include <string_view>
+#include <utility>
 #include <vector>
 
-#include "hosts/replay/GpxElements.h"
+#include "hosts/replay/GpxTrack.h"
 #include "hosts/replay/Recording.h"
-#include "hosts/services/location/FixQuality.h"
+#include "hosts/replay/TimeOrder.h"
 #include "hosts/text/InputError.h"
-#include "hosts/text/IsoTime.h"
 #include "platform/NSBundle.h"
-#include "platform/NSString.h"
 
 namespace wayfell {
 namespace {
 
-// An accuracy of the point, from a dilution of precision.
-double accuracyOf(const pugi::xml_node& point, const char* dilution) {
-  const auto given = gpx::number(point, dilution);
-  return given ? *given * kMetresPerDilution : kUsualAccuracy;
+using Segment = GpxTrack::Segment;
+
+bool isTimed(const TrackPoint& point) { return point.timed; }
+
+void passOverUntimed(Segment& segment, PassedOver& passedOver) {
+  std::erase_if(segment, [&passedOver](const TrackPoint& point) {
+    if (!point.timed) passedOver.add(textKey("%d without a time %@"), point.line);
+    return !point.timed;
+  });
 }
 
-// The number in an element of the point itself, or in one anywhere in its extensions.
-std::optional<double> numberOrExtension(const pugi::xml_node& point, const char* name) {
-  if (const auto own = gpx::number(point, name)) return own;
-  const auto node = gpx::child(point, "extensions").find_node([name](const auto& one) {
-    return gpx::localName(one) == name;
+// Programs that list what is newest first may do so with a track's points, too.
+void putForward(Segment& segment) {
+  std::size_t forward = 0;
+  std::size_t back = 0;
+  for (std::size_t i = 1; i < segment.size(); ++i) {
+    if (segment[i].time() > segment[i - 1].time()) ++forward;
+    if (segment[i].time() < segment[i - 1].time()) ++back;
+  }
+  if (back > forward) std::reverse(segment.begin(), segment.end());
+}
+
+void putInOrder(std::vector<Segment>& segments) {
+  for (Segment& segment : segments) putForward(segment);
+  std::erase_if(segments, [](const Segment& segment) { return segment.empty(); });
+  std::stable_sort(segments.begin(), segments.end(), [](const Segment& one, const Segment& other) {
+    return one.front().time() < other.front().time();
   });
-  return node ? std::optional(gpx::number(gpx::text(node), name)) : std::nullopt;
+}
+
+void passOverUnordered(std::vector<Segment>& segments, PassedOver& passedOver) {
+  std::vector<double> times;
+  for (const Segment& segment : segments) {
+    for (const TrackPoint& point : segment) times.push_back(point.time());
+  }
+  if (std::is_sorted(times.begin(), times.end())) return;
+  const std::vector<std::size_t> ordered = longestInOrder(times);
+  auto next = ordered.begin();
+  std::size_t index = 0;
+  for (Segment& segment : segments) {
+    std::erase_if(segment, [&](const TrackPoint& point) {
+      const bool isNext = next != ordered.end() && *next == index++;
+      isNext ? void(++next) : passedOver.add(textKey("%d out of order in time %@"), point.line);
+      return !isNext;
+    });
+  }
+}
+
+void setASecondApart(std::vector<Segment>& segments) {
+  double t = 0;
+  for (Segment& segment : segments) {
+    for (TrackPoint& point : segment) point.fix.timestamp = {t++};
+  }
 }
 
 class GpxRecording : public Recording {
  public:
-  // Throws InputError for a text that is no GPX file, or one without track points.
-  explicit GpxRecording(const std::string& xml);
+  explicit GpxRecording(GpxTrack track);
 
-  // Errors name the point, counted from 1 throughout the file, and what is wrong with it.
   std::optional<Event> next() override;
   std::optional<std::string> note() const override;
 
  private:
-  struct Point {
-    pugi::xml_node node;
-    std::size_t number = 0;
-  };
-
-  void addTrack(const pugi::xml_node& track);
-  CLLocation readPoint(const Point& point) const;
-  double timeOf(const Point& point) const;
-
-  pugi::xml_document document_;
-  std::vector<Point> points_;
-  std::size_t next_ = 0;   // in points_
-  std::size_t found_ = 0;  // points in the file
+  GpxTrack track_;
   bool timed_ = false;
-  std::optional<double> lastTime_;
+  std::size_t segment_ = 0;
+  std::size_t point_ = 0;  // in the segment
 };
 
-GpxRecording::GpxRecording(const std::string& xml) {
-  for (const auto& node : gpx::load(document_, xml)) {
-    if (gpx::localName(node) == "trk") addTrack(node);
+GpxRecording::GpxRecording(GpxTrack track) : track_(std::move(track)) {
+  std::vector<Segment>& segments = track_.segments;
+  timed_ = std::any_of(segments.begin(), segments.end(), [](const Segment& segment) {
+    return std::any_of(segment.begin(), segment.end(), isTimed);
+  });
+  if (timed_) {
+    for (Segment& segment : segments) passOverUntimed(segment, track_.passedOver);
+    putInOrder(segments);
+    passOverUnordered(segments, track_.passedOver);
+  } else {
+    setASecondApart(segments);
   }
-  if (points_.empty()) throw InputError("no track points in the GPX file");
-}
-
-void GpxRecording::addTrack(const pugi::xml_node& track) {
-  std::vector<Point> points;
-  bool timed = false;
-  for (const auto& segment : track) {
-    if (gpx::localName(segment) != "trkseg") continue;
-    for (const auto& node : segment) {
-      if (gpx::localName(node) != "trkpt") continue;
-      points.push_back({node, ++found_});
-      timed = timed || !gpx::text(gpx::child(node, "time")).empty();
-    }
-  }
-  if (timed && !timed_) {
-    timed_ = true;
-    points_.clear();
-  }
-  if (timed == timed_) points_.insert(points_.end(), points.begin(), points.end());
 }
 
 std::optional<std::string> GpxRecording::note() const {
-  if (!timed_) {
-    return std::string(localized("the track has no times: its points are taken one second apart"));
-  }
-  if (points_.size() == found_) return std::nullopt;
-  return localizedStringWithFormat("%d track points are passed over, as their tracks have no times",
-                                   found_ - points_.size());
+  auto left = track_.passedOver.note();
+  if (timed_) return left;
+  std::string note(localized("the track has no times: its points are taken one second apart"));
+  if (left) note += "; " + *left;
+  return note;
 }
 
 std::optional<Event> GpxRecording::next() {
-  if (next_ == points_.size()) return std::nullopt;
-  const Point& point = points_[next_++];
-  try {
-    const CLLocation fix = readPoint(point);
-    lastTime_ = fix.timestamp.timeIntervalSinceReferenceDate;
-    return Event{*lastTime_, event::Locate{{fix}}};
-  } catch (const InputError& error) {
-    throw InputError("track point " + std::to_string(point.number) + ": " + error.what());
+  while (segment_ < track_.segments.size() && point_ == track_.segments[segment_].size()) {
+    ++segment_;
+    point_ = 0;
   }
-}
-
-CLLocation GpxRecording::readPoint(const Point& point) const {
-  CLLocation fix;
-  fix.coordinate = gpx::coordinate(point.node);
-  fix.horizontalAccuracy = accuracyOf(point.node, "hdop");
-  fix.verticalAccuracy = accuracyOf(point.node, "vdop");
-  fix.altitude = gpx::number(point.node, "ele").value_or(0);
-  fix.speed = numberOrExtension(point.node, "speed").value_or(-1);
-  fix.course = numberOrExtension(point.node, "course").value_or(-1);
-  fix.timestamp = {timeOf(point)};
-  return fix;
-}
-
-double GpxRecording::timeOf(const Point& point) const {
-  if (!timed_) return static_cast<double>(point.number - 1);
-  const std::string_view written = gpx::text(gpx::child(point.node, "time"));
-  if (written.empty()) throw InputError("time: missing, while other points have one");
-  const auto date = dateOfIsoTime(written);
-  if (!date || std::abs(date->timeIntervalSinceReferenceDate) > kFarthestTime) {
-    throw InputError("time: expected the like of 2010-10-04T05:13:19Z");
+  if (segment_ == track_.segments.size()) {
+    if (track_.fault) throw InputError(*track_.fault);
+    return std::nullopt;
   }
-  const double t = date->timeIntervalSinceReferenceDate;
-  if (lastTime_ && t < *lastTime_) {
-    throw InputError("time: " + shortestText(*lastTime_ - t) +
-                     " seconds before the time of the point before");
-  }
-  return t;
+  const TrackPoint& point = track_.segments[segment_][point_++];
+  return Event{point.time(), event::Locate{{point.fix}}};
 }
 
 }  // namespace
 
-std::unique_ptr<Recording> openGpxTrack(const std::string& xml) {
-  return std::make_unique<GpxRecording>(xml);
+std::unique_ptr<Recording> openGpxTrack(std::string bytes) {
+  return std::make_unique<GpxRecording>(readGpxTrack(std::move(bytes)));
 }
 
 }  // namespace wayfell

@@ -1,4 +1,5 @@
-// The waypoints of a GPX 1.0 or 1.1 file, in its order; tracks and routes are left aside.
+// The waypoints of a GPX 1.0 or 1.1 file, in its order, or else the points of its routes; tracks
+// are left aside.
 #pragma once
 
 #include <cstddef>
@@ -15,8 +16,8 @@ struct GpxWaypoint {
   CLLocationCoordinate2D position;
 };
 
-/// Throws InputError for a text that is no GPX file, and for a waypoint without a position, whose
-/// number it names.
-std::vector<GpxWaypoint> waypointsOfGpx(const std::string& xml);
+/// Throws InputError for bytes that are no GPX file, and for a waypoint without a position, whose
+/// line it names.
+std::vector<GpxWaypoint> waypointsOfGpx(std::string bytes);
 
 }  // namespace wayfell

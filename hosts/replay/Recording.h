@@ -17,7 +17,7 @@ class Recording {
   virtual ~Recording() = default;
   /// None after the last event. Throws InputError, after which nothing more can be read.
   virtual std::optional<Event> next() = 0;
-  /// What the user should know of how the recording is read; none for most.
+  /// What the user should know of how the recording is read, as far as it has been; none for most.
   virtual std::optional<std::string> note() const { return std::nullopt; }
 };
 
@@ -28,9 +28,9 @@ std::unique_ptr<Recording> openRecording(InputBytes input);
 // The three kinds, each in the source of its name.
 std::unique_ptr<Recording> openScenario(std::unique_ptr<LineReader> lines);
 std::unique_ptr<Recording> openGpsdReports(std::unique_ptr<LineReader> lines);
-std::unique_ptr<Recording> openGpxTrack(const std::string& xml);
+std::unique_ptr<Recording> openGpxTrack(std::string bytes);
 
 /// GPX files are held in memory. Longer ones are refused.
-inline constexpr std::size_t kLongestGpxFile = std::size_t{64} << 20U;
+inline constexpr std::size_t kLongestGpxFile = std::size_t{256} << 20U;
 
 }  // namespace wayfell

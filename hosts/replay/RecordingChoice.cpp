@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "hosts/replay/Demo.h"
+#include "hosts/replay/OtherFormats.h"
 #include "hosts/settings/KnownSettings.h"
 #include "hosts/text/InputError.h"
 #include "hosts/text/TextWidth.h"
@@ -60,18 +61,29 @@ void FirstSettings::writeTo(ReplayedWidget& widget) const {
 }
 
 ChosenRecording::ChosenRecording(const RecordingChoice& choice, Slow slow) {
-  ByteSource bytes;
   if (choice.demo) {
-    bytes = demoBytes();
-  } else {
-    file_.emplace(choice.file);
-    bytes = bytesOfFile(file_->descriptor());
+    recording_ = openRecording(InputBytes(demoBytes()));
+    return;
   }
-  if (file_ && slow == Slow::readAll && !file_->isOnDisk()) {
-    text_ = InputBytes(std::move(bytes)).readAll(kLongestInput);
-    bytes = bytesOfText(text_);
-  }
-  recording_ = openRecording(InputBytes(std::move(bytes)));
+  file_.emplace(choice.file);
+  recording_ = openRecording(file_->isOnDisk()       ? InputBytes(bytesOfFile(file_->descriptor()))
+                             : slow == Slow::readAll ? all()
+                                                     : untilSignal());
+}
+
+InputBytes ChosenRecording::all() {
+  InputBytes input(bytesOfFile(file_->descriptor()));
+  refuseOtherFiles(input.peek(kToldBy));
+  text_ = input.readAll(kLongestInput);
+  return InputBytes(bytesOfText(text_));
+}
+
+InputBytes ChosenRecording::untilSignal() {
+  slow_.emplace(file_->descriptor());
+  slow_->onWait = [this] {
+    if (onWait) onWait();
+  };
+  return InputBytes([this](char* buffer, std::size_t size) { return slow_->read(buffer, size); });
 }
 
 }  // namespace wayfell

@@ -1,6 +1,7 @@
 // What a command line says of the recording to play, and the recording itself.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -9,7 +10,9 @@
 
 #include "hosts/replay/Recording.h"
 #include "hosts/replay/ReplayedWidget.h"
+#include "hosts/text/InputBytes.h"
 #include "hosts/text/InputFile.h"
+#include "hosts/text/InputUntilSignal.h"
 
 namespace wayfell {
 
@@ -44,8 +47,8 @@ struct FirstSettings {
 /// A chosen recording, open for as long as this lives.
 class ChosenRecording {
  public:
-  /// How an input is read that is no file on a disk, and may be slow: as events are asked for, or
-  /// to its end at once.
+  /// How an input is read that is no file on a disk, and may be slow: as events are asked for,
+  /// until its end or Ctrl-C (InputUntilSignal), or to its end at once.
   enum class Slow { wait, readAll };
 
   /// Throws InputError.
@@ -55,8 +58,15 @@ class ChosenRecording {
 
   Recording& operator*() const { return *recording_; }
 
+  /// Called while a slow input is waited for, after something has come (InputUntilSignal).
+  std::function<void()> onWait;
+
  private:
+  InputBytes all();
+  InputBytes untilSignal();
+
   std::optional<InputFile> file_;
+  std::optional<InputUntilSignal> slow_;
   std::string text_;
   std::unique_ptr<Recording> recording_;
 };

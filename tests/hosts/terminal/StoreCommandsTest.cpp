@@ -230,11 +230,12 @@ TEST_F(StoreCommandsTest, TakesWaypointsOfGpxFiles) {
            "<g:wpt lat='46.25' lon='8.5'><g:name>Spring</g:name></g:wpt>"
            "<g:wpt lat='-1.5' lon='-2.5'><g:name>Spring</g:name></g:wpt>"
            "<g:wpt lat='3' lon='4'/><g:rte><g:rtept lat='5' lon='6'/></g:rte></g:gpx>");
-  const std::string one = "<gpx><wpt lat='-1' lon='2'/></gpx>";
+  const std::string one = "<gpx><rte><rtept lat='-1' lon='2'/></rte></gpx>";
   putBytes(path("one.gpx"), one);
   putBytes(path("none.gpx"), "<gpx/>");
   putBytes(path("bad.gpx"), "<gpx><wpt lat='1' lon='2'/><wpt lat='95' lon='2'/></gpx>");
   putBytes(path("open.gpx"), "<gpx>\n<wpt>");
+  putBytes(path("packed.gpx"), "\x1F\x8B\x08");
 
   done("waypoint set --gpx huts.gpx --name 'Upper hut'");
   EXPECT_THAT(saved(kSuite),
@@ -252,8 +253,9 @@ TEST_F(StoreCommandsTest, TakesWaypointsOfGpxFiles) {
       {"huts.gpx --name spring", "no waypoint has the name \"spring\"; there are\n" + springs},
       {"huts.gpx", springs + "  waypoint 4  3.00000000 4.00000000  without a name\n"},
       {"none.gpx", "no waypoints"},
-      {"bad.gpx", "waypoint 2: lat: beyond 90"},
+      {"bad.gpx", "line 1: the waypoint is not on Earth"},
       {"open.gpx", "line 2: not well-formed XML"},
+      {"packed.gpx", "this is gzip: zcat FILE | wayfell waypoint set --gpx -"},
   };
   for (const auto& [arguments, complaint] : cases) {
     const Finished finished = wayfell("waypoint set --gpx " + arguments);
