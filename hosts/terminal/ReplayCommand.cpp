@@ -9,6 +9,7 @@
 #include "hosts/replay/Snapshot.h"
 #include "hosts/terminal/Commands.h"
 #include "hosts/terminal/Output.h"
+#include "hosts/terminal/PassingLines.h"
 #include "hosts/terminal/PrintedPanel.h"
 #include "hosts/terminal/Progress.h"
 #include "hosts/text/ElapsedText.h"
@@ -38,29 +39,45 @@ struct ReplayCommand {
   bool text = false;
 };
 
-void printPanel(const ReplayedWidget& widget, double seconds, Output& output) {
-  for (const std::string& line : printedPanel(widget.interface(), elapsedText(seconds))) {
-    output.line(line);
-  }
+void printPanel(const std::vector<std::string>& lines, const ReplayedWidget& widget,
+                Output& output) {
+  for (const std::string& line : lines) output.line(line);
   for (const auto& url : widget.host().urls.requests) {
     output.line("opened " + (url ? url->absoluteString() : "nothing, as the URL was not valid"));
   }
 }
 
-void play(const ReplayCommand& command, const std::string& name, Recording& recording,
+void play(const ReplayCommand& command, const std::string& name, ChosenRecording& chosen,
           ReplayedWidget& widget, Output& output) {
-  if (const auto note = recording.note()) complain(name + ": " + *note);
+  Recording& recording = *chosen;
   Progress progress;
+  const auto tell = [&](const std::string& news) {
+    progress.clear();
+    complain(name + ": " + news);
+  };
+  const auto note = recording.note();
+  if (note) tell(*note);
   std::optional<double> start;
   const auto elapsed = [&start](double t) {
     if (!start) start = t;
     return t - *start;
   };
+  const auto panel = [&] {
+    const double now = widget.host().loop.now().timeIntervalSinceReferenceDate;
+    return printedPanel(widget.interface(), elapsedText(elapsed(now)));
+  };
+  // A receiver's panel is seen as it goes.
+  PassingLines passing(output);
+  chosen.onWait = [&] {
+    progress.clear();
+    if (command.text && widget.loaded()) passing.show(panel());
+    output.flush();
+  };
   const auto show = [&](ReplayedWidget& shown) {
     progress.clear();
+    passing.clear();
     if (command.text) {
-      const double now = shown.host().loop.now().timeIntervalSinceReferenceDate;
-      printPanel(shown, elapsed(now), output);
+      printPanel(panel(), shown, output);
     } else {
       output.line(snapshotLine(shown));
     }
@@ -71,11 +88,9 @@ void play(const ReplayCommand& command, const std::string& name, Recording& reco
     const double seconds = elapsed(t);
     progress.reach([seconds] { return "replayed " + elapsedText(seconds); });
   };
-  const auto tell = [&](const std::string& note) {
-    progress.clear();
-    complain(name + ": " + note);
-  };
   replay(recording, widget, command.every, {show, tellProgress, tell});
+  output.flush();
+  if (recording.note() != note) tell(*recording.note());
 }
 
 int runReplay(const ReplayCommand& command) {
@@ -85,8 +100,8 @@ int runReplay(const ReplayCommand& command) {
   Output output;
   int status = kDone;
   try {
-    const ChosenRecording recording(command.recording);
-    play(command, name, *recording, widget, output);
+    ChosenRecording recording(command.recording);
+    play(command, name, recording, widget, output);
   } catch (const InputError& error) {
     output.flush();
     complain(name + ": " + error.what());

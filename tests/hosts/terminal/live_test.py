@@ -141,6 +141,17 @@ class LivePanel(unittest.TestCase):
             screen.wait_for_text("the recording cannot come from it")
             screen.wait_for_text("status 2")
 
+    def test_a_receiver_through_a_pipe_is_seen_as_it_goes_and_ends_with_ctrl_c(self):
+        fix = '{"class":"TPV","mode":3,"time":"2024-05-01T08:00:00Z","lat":46.5,"lon":8.25}'
+        reports = f"echo '{fix}'; exec tail -f /dev/null"
+        replay = f"trap : INT; {PROGRAM} replay - --text; echo status $?"
+        with Screen(["bash", "--norc"]) as screen:
+            screen.type_line(f"clear; ({reports}) | ({replay})")
+            screen.wait_for_text("46.50000°N")
+            screen.keys("C-c")
+            screen.wait_for_text("status 0")
+            self.assertEqual("\n".join(screen.lines()).count("46.50000°N"), 1)
+
     def test_a_recording_with_a_fault(self):
         with tempfile.NamedTemporaryFile("w", suffix=".jsonl") as file:
             file.write(WALK.read_text(encoding="utf-8").replace('{"t":1003', '{"t":"x"', 1))
