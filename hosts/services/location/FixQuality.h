@@ -5,10 +5,13 @@
 #pragma once
 
 #include <cmath>
+#include <optional>
+
+#include "platform/CLLocation.h"
 
 namespace wayfell {
 
-/// Where nothing is known of it.
+/// Where nothing is known of it, whoever reports the fix.
 inline constexpr double kUsualAccuracy = 5;         // metres
 inline constexpr double kUsualHeadingAccuracy = 5;  // degrees
 
@@ -17,6 +20,18 @@ inline constexpr double kUsualHeadingAccuracy = 5;  // degrees
 inline double courseAt(double speed, double course) {
   constexpr double kStandstill = 0.25;  // metres per second
   return speed >= 0 && speed < kStandstill ? -1 : course;
+}
+
+/// An estimate of an error, or a dilution of precision, if it is one: receivers and programs write
+/// 0, less, or not-a-number where they have none. The system would drop a fix with such an
+/// accuracy.
+inline std::optional<double> estimate(double error) {
+  return std::isfinite(error) && error > 0 ? std::optional(error) : std::nullopt;
+}
+
+/// A location that has no altitude says so by one of 0 with an invalid accuracy.
+inline bool hasAltitude(const CLLocation& fix) {
+  return fix.verticalAccuracy >= 0 || fix.altitude != 0;
 }
 
 /// GPX and NMEA have dilutions of precision: the accuracy is 5 m times the dilution.

@@ -6,7 +6,8 @@
 //                       before 3.20, or else altHAE less geoidSep. What has only a height above
 //                       the ellipsoid keeps that, up to 107 m off, with an invalid accuracy.
 //                       Without any it is 0, likewise.
-//   horizontalAccuracy  is 0.617 eph, or else 0.545 of the root of epx^2 + epy^2, or else 5 m.
+//   horizontalAccuracy  is 0.617 eph, or else 0.545 of the root of epx^2 + epy^2, or else 5 m. An
+//                       estimate of 0 or less is none.
 //   verticalAccuracy    is 0.507 epv, or else 5 m; -1 unless the fix is three-dimensional and has
 //                       an altitude above mean sea level.
 //   speed               is speed, or else -1.

@@ -93,10 +93,10 @@ GpsdReport GpsdDecoder::decodePosition() {
   found.threeDimensional = fix.mode >= MODE_3D;
   found.altitude = altitude(fix);
   found.heightAboveEllipsoid = known(fix.altHAE);
-  found.horizontalError = known(fix.eph);
-  found.eastError = known(fix.epx);
-  found.northError = known(fix.epy);
-  found.verticalError = known(fix.epv);
+  found.horizontalError = estimate(fix.eph);
+  found.eastError = estimate(fix.epx);
+  found.northError = estimate(fix.epy);
+  found.verticalError = estimate(fix.epv);
   found.speed = known(fix.speed);
   found.track = known(fix.track);
   return report;

@@ -150,7 +150,8 @@ void GpsdSource::tick() {
   update();
 }
 
-void GpsdSource::deliver(const std::vector<CLLocation>& fixes) {
+void GpsdSource::deliver(std::vector<CLLocation> fixes) {
+  for (CLLocation& fix : fixes) fix = altitude_.completed(fix);
   if (locationUser_ != nullptr) locationUser_->deliverLocations(fixes);
 }
 

@@ -25,6 +25,7 @@
 #include "hosts/services/location/GpsdLink.h"
 #include "hosts/services/location/GpsdNotice.h"
 #include "hosts/services/location/GpsdReport.h"
+#include "hosts/services/location/KeptAltitude.h"
 #include "platform/CLLocationManager.h"
 #include "platform/Host.h"
 
@@ -87,7 +88,7 @@ class GpsdSource : public LocationSource {
   void waitForParts();
   void stopWaiting();
   void loseFix();
-  void deliver(const std::vector<CLLocation>& fixes);
+  void deliver(std::vector<CLLocation> fixes);
   void forgetDaemon();
   void update();
   GpsdState::Kind kind() const;
@@ -106,6 +107,7 @@ class GpsdSource : public LocationSource {
 
   GpsdDecoder decoder_;
   FixEpochs epochs_;
+  KeptAltitude altitude_;
   RunLoop::TimerId partsTimer_ = 0;
   FollowedDevice receiver_;  // followed while it has a fix
   FollowedDevice compass_;

@@ -17,6 +17,10 @@ double attribute(const QGeoPositionInfo& info, QGeoPositionInfo::Attribute which
   return info.hasAttribute(which) && std::isfinite(value) && value >= 0 ? value : other;
 }
 
+double accuracy(const QGeoPositionInfo& info, QGeoPositionInfo::Attribute which) {
+  return estimate(attribute(info, which, 0)).value_or(kUsualAccuracy);
+}
+
 NSDate timeOf(const QGeoPositionInfo& info, NSDate now) {
   if (!info.timestamp().isValid()) return now;
   const auto milliseconds = static_cast<double>(info.timestamp().toMSecsSinceEpoch());
@@ -28,13 +32,12 @@ NSDate timeOf(const QGeoPositionInfo& info, NSDate now) {
 std::optional<CLLocation> locationOf(const QGeoPositionInfo& info, NSDate now) {
   const QGeoCoordinate coordinate = info.coordinate();
   if (!coordinate.isValid()) return std::nullopt;
-  const bool hasAltitude = std::isfinite(coordinate.altitude());
+  const bool isHigh = std::isfinite(coordinate.altitude());
   CLLocation location;
   location.coordinate = {coordinate.latitude(), coordinate.longitude()};
-  location.altitude = hasAltitude ? coordinate.altitude() : 0;
-  location.horizontalAccuracy = attribute(info, QGeoPositionInfo::HorizontalAccuracy, -1);
-  location.verticalAccuracy =
-      hasAltitude ? attribute(info, QGeoPositionInfo::VerticalAccuracy, kUsualAccuracy) : -1;
+  location.altitude = isHigh ? coordinate.altitude() : 0;
+  location.horizontalAccuracy = accuracy(info, QGeoPositionInfo::HorizontalAccuracy);
+  location.verticalAccuracy = isHigh ? accuracy(info, QGeoPositionInfo::VerticalAccuracy) : -1;
   location.speed = attribute(info, QGeoPositionInfo::GroundSpeed, -1);
   location.course = courseAt(location.speed, attribute(info, QGeoPositionInfo::Direction, -1));
   location.timestamp = timeOf(info, now);

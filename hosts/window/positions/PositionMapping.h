@@ -3,9 +3,8 @@
 // In the location of a QGeoPositionInfo
 //   coordinate          is its latitude and longitude.
 //   altitude            is that of its coordinate, or else 0.
-//   horizontalAccuracy  is HorizontalAccuracy, or else -1: the system drops such a fix.
-//   verticalAccuracy    is VerticalAccuracy. Without one it is -1 where there is no altitude, and
-//                       5 m where there is, as for recorded tracks.
+//   horizontalAccuracy  is HorizontalAccuracy, or else 5 m; 0 is none.
+//   verticalAccuracy    is VerticalAccuracy, or else 5 m, likewise; -1 where there is no altitude.
 //   speed, course       are GroundSpeed and Direction, or else -1. Below 0.25 m/s a course is -1
 //                       too, as it is noise.
 //   timestamp           is its own, or else now.

@@ -61,7 +61,7 @@ void QtPositionSource::takePosition(const QGeoPositionInfo& info) {
     variation_ = info.attribute(QGeoPositionInfo::MagneticVariation);
   }
   if (const auto location = locationOf(info, clock_.now())) {
-    locationUser_->deliverLocations({*location});
+    locationUser_->deliverLocations({altitude_.completed(*location)});
   }
 }
 

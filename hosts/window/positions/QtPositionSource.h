@@ -13,6 +13,7 @@
 #include <string>
 
 #include "hosts/loop/IoRunLoop.h"
+#include "hosts/services/location/KeptAltitude.h"
 #include "hosts/window/positions/PositionFeed.h"
 #include "platform/CLLocationManager.h"
 #include "platform/Host.h"
@@ -53,6 +54,7 @@ class QtPositionSource : public LocationSource {
   std::unique_ptr<QCompass> compass_ = std::make_unique<QCompass>();
   CLLocationManager* locationUser_ = nullptr;
   CLLocationManager* headingUser_ = nullptr;
+  KeptAltitude altitude_;
   std::optional<double> variation_;  // degrees, east positive
   std::optional<std::chrono::steady_clock::time_point> lastHeading_;
   std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);  // for what is still to be performed

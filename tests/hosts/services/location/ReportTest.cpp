@@ -7,6 +7,7 @@
 #include "hosts/services/location/FixEpochs.h"
 #include "hosts/services/location/GpsdAddress.h"
 #include "hosts/services/location/GpsdReport.h"
+#include "hosts/services/location/KeptAltitude.h"
 
 namespace wayfell {
 namespace {
@@ -27,6 +28,7 @@ TEST(GpsdFix, HasItsAltitudeAboveMeanSeaLevel) {
       {R"(,"altHAE":455,"altMSL":408,"alt":408,"geoidSep":46)", 408, 5},
       {R"(,"alt":408)", 408, 5},
       {R"(,"altHAE":455,"geoidSep":47.5)", 407.5, 5},
+      {R"(,"alt":408,"epv":0)", 408, 5},
       {R"(,"altHAE":455,"epv":10)", 455, -1},
       {R"(,"epv":10)", 0, -1},
   };
@@ -40,7 +42,10 @@ TEST(GpsdFix, HasItsAltitudeAboveMeanSeaLevel) {
 TEST(GpsdFix, MakesItsAccuracyOfTheErrors) {
   EXPECT_NEAR(locationOf(R"(,"eph":7.5,"epx":3,"epy":4)").horizontalAccuracy, 4.62548, 1e-5);
   EXPECT_NEAR(locationOf(R"(,"epx":3,"epy":4)").horizontalAccuracy, 2.72315, 1e-5);
-  EXPECT_EQ(locationOf(R"(,"epx":3)").horizontalAccuracy, 5);
+  EXPECT_NEAR(locationOf(R"(,"eph":0,"epx":3,"epy":4)").horizontalAccuracy, 2.72315, 1e-5);
+  for (const char* none : {R"(,"epx":3)", R"(,"eph":0)", R"(,"eph":-1)", R"(,"epx":0,"epy":4)"}) {
+    EXPECT_EQ(locationOf(none).horizontalAccuracy, 5) << none;
+  }
 }
 
 TEST(GpsdFix, HasACourseOnlyWhileItMoves) {
@@ -84,6 +89,29 @@ TEST(GpsdDecoder, ReadsHeadings) {
         decoder.decode(R"({"class":"ATT","device":"/dev/c",)" + std::string(each.fields) + "}");
     EXPECT_EQ(report.heading, each.heading) << each.fields;
     EXPECT_EQ(report.device, "/dev/c");
+  }
+}
+
+TEST(KeptAltitude, IsThatOfTheFixesBeforeForTenSeconds) {
+  const struct {
+    double time, altitude, accuracy, expected;
+  } fixes[] = {
+      {0, 0, -1, 0},                             // none known yet
+      {1, 455, -1, 455},       {2, 0, -1, 455},  // above the ellipsoid
+      {3, 408, 5, 408},        {4, 455, -1, 408},  {5, 0, -1, 408}, {13, 0, -1, 408},
+      {13.5, 0, -1, 0},        {14, 460, -1, 460}, {15, 0, 5, 0},   {16, 80, -1, 0},  // at the sea
+      {-619315184, 0, -1, 0},  // the receiver's weeks have run over
+      {-619315183, 90, 5, 90},
+  };
+  KeptAltitude altitude;
+  for (const auto& each : fixes) {
+    CLLocation fix;
+    fix.timestamp = {each.time};
+    fix.altitude = each.altitude;
+    fix.verticalAccuracy = each.accuracy;
+    const CLLocation completed = altitude.completed(fix);
+    EXPECT_EQ(completed.altitude, each.expected) << each.time;
+    EXPECT_EQ(completed.verticalAccuracy, each.accuracy);
   }
 }
 

@@ -24,9 +24,10 @@ TEST(PositionMapping, TakesEachFieldThatThereIs) {
 
 TEST(PositionMapping, SaysWhatIsUnknown) {
   const QGeoPositionInfo flat(QGeoCoordinate(1, 2), QDateTime());
-  EXPECT_EQ(locationOf(flat, kNow), (CLLocation{{1, 2}, 0, -1, -1, -1, -1, kNow}));
-  const QGeoPositionInfo high(QGeoCoordinate(1, 2, 300), QDateTime());
-  EXPECT_EQ(locationOf(high, kNow)->verticalAccuracy, 5);
+  EXPECT_EQ(locationOf(flat, kNow), (CLLocation{{1, 2}, 0, 5, -1, -1, -1, kNow}));
+  QGeoPositionInfo high(QGeoCoordinate(1, 2, 300), QDateTime());
+  high.setAttribute(QGeoPositionInfo::HorizontalAccuracy, 0);
+  EXPECT_EQ(locationOf(high, kNow), (CLLocation{{1, 2}, 300, 5, 5, -1, -1, kNow}));
   EXPECT_FALSE(locationOf(QGeoPositionInfo(), kNow));
 }
 
