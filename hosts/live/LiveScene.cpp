@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "hosts/scene/FixAge.h"
+#include "hosts/scene/FixWarning.h"
 #include "platform/NSBundle.h"
 #include "settings/UserDefaults.h"
 
@@ -73,29 +73,22 @@ void LiveScene::settle() {
   }
 }
 
-double LiveScene::fixAge() const {
+std::optional<double> LiveScene::fixAge() const {
+  if (!lastFix_) return std::nullopt;
   return std::chrono::duration<double>(now_() - lastFixCame_).count();
 }
 
 Freshness LiveScene::freshness() const {
   // A fix without a course leaves the heading where it was.
   const bool hasCourse = lastFix_ && lastFix_->course >= 0;
-  return {.fix = lastFix_ && isFreshFix(fixAge()),
+  const auto age = fixAge();
+  return {.fix = age && isFreshFix(*age),
           .heading = followsCourse() ? hasCourse : source_.deliversHeadings()};
 }
 
-std::string LiveScene::warning() const {
-  if (!onScreen_) return "";
-  const std::string trouble = source_.trouble();
-  if (!lastFix_) return trouble.empty() ? noFixText() : trouble;
-  const std::string old = fixAgeText(fixAge());
-  // The age first, which is never cut off.
-  if (trouble.empty() || old.empty()) return old + trouble;
-  return old + ", " + trouble;
-}
-
 Scene::Lines LiveScene::lines() const {
-  return {Kind::live, source_.name(), headingState(), warning(),
+  return {Kind::live, source_.name(), headingState(),
+          onScreen_ ? fixWarning(*controller_, fixAge(), source_.trouble()) : "",
           host_.reverseGeocoder().attribution()};
 }
 

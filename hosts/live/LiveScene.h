@@ -59,10 +59,9 @@ class LiveScene : public Scene {
   void followCourseOrCompass();
   void handOverLastFix();
   std::string headingState() const;
-  /// Seconds since the fix that is shown came; there is one. By that, as the machine's clock may be
-  /// wrong, or the receiver's.
-  double fixAge() const;
-  std::string warning() const;
+  /// Seconds since the fix that is shown came; none before the first. By that, as the machine's
+  /// clock may be wrong, or the receiver's.
+  std::optional<double> fixAge() const;
 
   LiveHost& host_;
   SourceStatus source_;

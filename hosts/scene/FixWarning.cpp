@@ -1,24 +1,49 @@
-#include "hosts/scene/FixAge.h"
+#include "hosts/scene/FixWarning.h"
+
+#include <cmath>
 
 #include "hosts/scene/SpanText.h"
+#include "hosts/services/location/FixQuality.h"
 #include "platform/NSBundle.h"
+#include "platform/Numbers.h"
 
 namespace wayfell {
 namespace {
 
 constexpr double kFreshSeconds = 5;
+// The panel takes every fix that is so good in the plane, if its altitude is good.
+constexpr double kGoodHorizontalAccuracy = 50;  // metres
 
 constexpr SpanKeys kAgeKeys = {textKey("fix %d s old"), textKey("fix %d min old"),
                                textKey("fix %d h old"), textKey("fix %d days old")};
 
-}  // namespace
+// Why the panel does not show the last fix that came; empty if it does.
+std::string refusal(const TodayViewController& widget) {
+  const auto& last = widget.oldLocation;
+  if (!last || last == widget.currentLocation) return "";
+  const auto metres = [](double accuracy) { return truncatedToInt32(std::ceil(accuracy)); };
+  if (last->horizontalAccuracy > kGoodHorizontalAccuracy) {
+    return localizedStringWithFormat("fix too inaccurate: %d m", metres(last->horizontalAccuracy));
+  }
+  return localizedStringWithFormat("fix too inaccurate in height: %d m",
+                                   metres(last->verticalAccuracy));
+}
 
-std::string noFixText() { return std::string(localized("no fix yet")); }
+}  // namespace
 
 bool isFreshFix(double seconds) { return seconds <= kFreshSeconds; }
 
-std::string fixAgeText(double seconds) {
-  return isFreshFix(seconds) ? "" : spanText(kAgeKeys, seconds);
+std::string fixWarning(const TodayViewController& widget, std::optional<double> age,
+                       const std::string& trouble) {
+  if (age && isFreshFix(*age)) {
+    if (!trouble.empty()) return trouble;
+    return hasAltitude(*widget.currentLocation) ? "" : std::string(localized("no altitude"));
+  }
+  const std::string reason = trouble.empty() ? refusal(widget) : trouble;
+  if (!age) return reason.empty() ? std::string(localized("no fix yet")) : reason;
+  // The age first, which is never cut off.
+  const std::string old = spanText(kAgeKeys, *age);
+  return reason.empty() ? old : old + ", " + reason;
 }
 
 }  // namespace wayfell

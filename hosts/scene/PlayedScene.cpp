@@ -3,7 +3,7 @@
 #include <chrono>
 #include <utility>
 
-#include "hosts/scene/FixAge.h"
+#include "hosts/scene/FixWarning.h"
 #include "hosts/scene/SpanText.h"
 #include "hosts/text/ElapsedText.h"
 #include "platform/NSBundle.h"
@@ -67,8 +67,7 @@ Scene::Lines PlayedScene::lines() const {
     if (playback_.rate() != 1) addState("×" + shortestText(playback_.rate()));
     if (playback_.untilNext() > kLongWait) addState(spanText(kGapKeys, player_.gap()));
   }
-  const auto age = fixAge();
-  lines.warning = age ? fixAgeText(*age) : noFixText();
+  lines.warning = fixWarning(player_.widget().controller(), fixAge());
   return lines;
 }
 

@@ -105,6 +105,35 @@ TEST_F(LiveScenes, TellOfTheSourcesTroubleAndTheFixsAge) {
   EXPECT_EQ(scene->lines().warning, "");
 }
 
+TEST_F(LiveScenes, TellWhyWhatComesIsNotShown) {
+  // From which on a fix is old.
+  const auto come = [this](double horizontal, double vertical, double altitude = 100) {
+    now += 6s;
+    source.deliver(std::vector{
+        CLLocation{{0, 1}, altitude, horizontal, vertical, -1, -1, systemClock().now()}});
+    scene->settle();
+  };
+  const std::tuple<double, double, const char*> cases[] = {
+      {25000, -1, "fix too inaccurate: 25000 m"},
+      {200.2, 5, "fix too inaccurate: 201 m"},  // better ones teach what to expect
+      {50, 70, ""},
+      {50, 80, "fix 6 s old, fix too inaccurate in height: 80 m"},  // the mean is 75 m now
+      {900, 5, "fix 12 s old, fix too inaccurate: 900 m"},
+  };
+  for (const auto& [horizontal, vertical, warning] : cases) {
+    come(horizontal, vertical);
+    EXPECT_EQ(scene->lines().warning, warning);
+  }
+  // What the source says comes first.
+  trouble = "no contact";
+  EXPECT_EQ(scene->lines().warning, "fix 12 s old, no contact");
+  trouble = "";
+  come(5, -1, 0);
+  EXPECT_EQ(scene->lines().warning, "no altitude");
+  come(5, -1, 408);  // kept by the source
+  EXPECT_EQ(scene->lines().warning, "");
+}
+
 // c goes from what there is to the other one for good, and back.
 TEST_F(LiveScenes, ShowTheCompassOrTheCourse) {
   report(1, 45);
