@@ -16,6 +16,7 @@
 #include "hosts/replay/Recording.h"
 #include "hosts/services/location/GpsdNotice.h"
 #include "hosts/services/location/GpsdReport.h"
+#include "hosts/services/location/KeptAltitude.h"
 #include "hosts/text/InputError.h"
 #include "hosts/text/LineReader.h"
 #include "platform/NSBundle.h"
@@ -53,6 +54,7 @@ class GpsdRecording : public Recording {
   std::unique_ptr<LineReader> lines_;
   std::optional<std::size_t> unreadLine_;  // the last one, if it could not be read
   GpsdDecoder decoder_;
+  KeptAltitude altitude_;
   std::optional<double> now_;       // of the last event
   std::optional<double> lastTime_;  // of a fix, by the receiver's clock
   double ahead_ = 0;                // that clock of the replay's, seconds
@@ -104,7 +106,7 @@ std::optional<Event> GpsdRecording::locate(const GpsdFix& fix, std::optional<dou
   if (time) setClock(*time);
   const double instant = *lastTime_ - ahead_;
   now_ = std::max(now_.value_or(instant), instant);
-  return Event{*now_, event::Locate{{fix.location({instant})}}};
+  return Event{*now_, event::Locate{{altitude_.completed(fix.location({instant}))}}};
 }
 
 void GpsdRecording::setClock(double time) {
@@ -123,7 +125,7 @@ Event GpsdRecording::turn(const CLHeading& heading, std::optional<double> time) 
 
 Event GpsdRecording::nextUntimed() {
   now_ = now_ ? *now_ + kBetweenFixes : 0;
-  Event event{*now_, event::Locate{{untimed_.front().location({*now_})}}};
+  Event event{*now_, event::Locate{{altitude_.completed(untimed_.front().location({*now_}))}}};
   untimed_.pop_front();
   return event;
 }

@@ -14,10 +14,10 @@
 namespace wayfell {
 namespace {
 
-// An accuracy of the point, from a dilution of precision. Writers that know none may give 0.
+// An accuracy of the point, from a dilution of precision.
 double accuracyOf(const pugi::xml_node& point, const char* dilution) {
-  const auto given = gpx::number(point, dilution);
-  return given && *given > 0 ? *given * kMetresPerDilution : kUsualAccuracy;
+  const auto known = estimate(gpx::number(point, dilution).value_or(0));
+  return known ? *known * kMetresPerDilution : kUsualAccuracy;
 }
 
 // The number in an element of the point itself, or in one anywhere in its extensions; or else -1.

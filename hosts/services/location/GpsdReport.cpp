@@ -40,6 +40,15 @@ std::optional<NSDate> dateOf(const timespec& time) {
                 static_cast<double>(time.tv_nsec) / 1e9};
 }
 
+// A leap second, 23:59:60, comes out as the second after it, and would pass for the same instant.
+// So it is pressed into the second half of the second before.
+bool isLeapSecond(std::string_view line) { return line.find("T23:59:60") != std::string::npos; }
+
+NSDate beforeMidnight(NSDate time) {
+  const double seconds = time.timeIntervalSinceReferenceDate;
+  return {std::floor(seconds) - 0.5 + (seconds - std::floor(seconds)) / 2};
+}
+
 std::optional<double> known(double value) {
   return std::isfinite(value) ? std::optional(value) : std::nullopt;
 }
@@ -74,6 +83,8 @@ GpsdReport GpsdDecoder::decode(std::string line) {
   if (!position) mendCommas(line);
   gps_unpack(line.data(), data_.get());
   GpsdReport report = position ? decodePosition() : decodeAttitude();
+  if (report.time && isLeapSecond(line)) report.time = beforeMidnight(*report.time);
+  if (report.fix) report.fix->time = report.time;
   report.device = data_->dev.path;
   return report;
 }
@@ -88,7 +99,6 @@ GpsdReport GpsdDecoder::decodePosition() {
     return report;
   }
   GpsdFix& found = report.fix.emplace();
-  found.time = report.time;
   found.coordinate = {fix.latitude, fix.longitude};
   found.threeDimensional = fix.mode >= MODE_3D;
   found.altitude = altitude(fix);

@@ -134,6 +134,22 @@ TEST_F(LiveScenes, TellWhyWhatComesIsNotShown) {
   EXPECT_EQ(scene->lines().warning, "");
 }
 
+// Its weeks have run over, it is put right, and it falls back: the panel follows, as fresh as ever.
+TEST_F(LiveScenes, AreNotMisledByAReceiversDate) {
+  constexpr double kWeeks = 1024 * 7 * 86400.0;
+  const double start = systemClock().now().timeIntervalSinceReferenceDate;
+  int second = 0;
+  for (const double wrong : {0.0, kWeeks, kWeeks, 0.0, 0.0, kWeeks, kWeeks}) {
+    now += 6s;
+    const double longitude = ++second * 0.0001;
+    source.deliver(
+        std::vector{CLLocation{{0, longitude}, 100, 5, 5, 11, 90, {start - wrong + second}}});
+    scene->settle();
+    EXPECT_EQ(scene->controller().currentLocation->coordinate.longitude, longitude);
+    EXPECT_EQ(scene->lines().warning, "");
+  }
+}
+
 // c goes from what there is to the other one for good, and back.
 TEST_F(LiveScenes, ShowTheCompassOrTheCourse) {
   report(1, 45);

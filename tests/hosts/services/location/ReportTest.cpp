@@ -15,6 +15,14 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
+std::vector<double> timesOf(const std::vector<CLLocation>& fixes) {
+  std::vector<double> times;
+  for (const CLLocation& fix : fixes) {
+    times.push_back(fix.timestamp.timeIntervalSinceReferenceDate);
+  }
+  return times;
+}
+
 CLLocation locationOf(const std::string& fields) {
   GpsdDecoder decoder;
   const GpsdReport report =
@@ -58,6 +66,23 @@ TEST(GpsdFix, HasACourseOnlyWhileItMoves) {
   for (const auto& [fields, speed, course] : cases) {
     EXPECT_EQ(locationOf(fields).speed, speed) << fields;
     EXPECT_EQ(locationOf(fields).course, course) << fields;
+  }
+}
+
+// 2017 begins 504921600 s after the reference date (GNU date), after a minute of 61 seconds.
+TEST(GpsdDecoder, TellsALeapSecondFromTheOneAfterIt) {
+  const std::pair<const char*, double> times[] = {{"2016-12-31T23:59:59.000Z", 504921599},
+                                                  {"2016-12-31T23:59:60.000Z", 504921599.5},
+                                                  {"2016-12-31T23:59:60.500Z", 504921599.75},
+                                                  {"2017-01-01T00:00:00.000Z", 504921600}};
+  GpsdDecoder decoder;
+  FixEpochs epochs;
+  for (const auto& [text, seconds] : times) {
+    const GpsdReport report =
+        decoder.decode(R"({"class":"TPV","mode":3,"time":")" + std::string(text) +
+                       R"(","lat":1,"lon":2,"altMSL":3,)"
+                       R"("eph":4,"epv":5,"speed":6})");
+    EXPECT_THAT(timesOf(epochs.add(report.fix.value())), ElementsAre(seconds)) << text;
   }
 }
 
@@ -127,14 +152,6 @@ GpsdFix wholeAt(double time, double latitude) {
   part.threeDimensional = true;
   part.altitude = part.horizontalError = part.verticalError = part.speed = 1;
   return part;
-}
-
-std::vector<double> timesOf(const std::vector<CLLocation>& fixes) {
-  std::vector<double> times;
-  for (const CLLocation& fix : fixes) {
-    times.push_back(fix.timestamp.timeIntervalSinceReferenceDate);
-  }
-  return times;
 }
 
 TEST(FixEpochs, GiveAWholeFixAtOnceAndItsTimeOnce) {
