@@ -46,7 +46,8 @@ bool LiveScene::followsCourse() const {
     case HeadingChoice::whatIsThere:
       break;
   }
-  return !source_.deliversHeadings();
+  // A compass may not know the true heading, where that is to be shown: then the panel has none.
+  return !source_.deliversHeadings() || controller_->currentHeading < 0;
 }
 
 // Shows what the one that is followed from now on has told last, not the other's until it tells

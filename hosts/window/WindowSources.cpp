@@ -54,7 +54,7 @@ Sources windowSources() {
         .takes = [](const std::string& where) { return where.empty(); },
         .open =
             [](HostRunLoop& loop, const std::string& /*where*/) {
-              return onFeed(loop, std::make_unique<GeoclueFeed>());
+              return onFeed(loop, std::make_unique<GeoclueFeed>(loop));
             },
         .called = [] { return std::string("GeoClue"); },
         .isThere = [](HostRunLoop& /*loop*/) { return geoclueIsThere(); }},

@@ -3,6 +3,7 @@
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
 #include <QDBusMessage>
+#include <utility>
 
 #include "platform/NSBundle.h"
 
@@ -26,34 +27,45 @@ bool geoclueIsThere() {
          answer.arguments().value(0).toStringList().contains(kService);
 }
 
+GeoclueFeed::GeoclueFeed(IoRunLoop& loop, const RetryDelays& delays)
+    : loop_(loop), delay_(delays) {}
+
 void GeoclueFeed::open() {
-  denied_ = false;
+  delay_.succeeded();
   trouble_ = textKey("waiting for GeoClue");
-  // Without the service the plug-in would report its troubles to a log only.
-  if (!geoclueIsThere()) {
-    trouble_ = textKey("there is no GeoClue");
-    return;
-  }
-  source_.reset(QGeoPositionInfoSource::createSource(
-      QStringLiteral("geoclue2"),
-      {{QStringLiteral("desktopId"), QStringLiteral("org.wayfell.Widget")}}, nullptr));
-  if (!source_) {
-    trouble_ = textKey("Qt's plug-in for GeoClue is not installed");
-    return;
-  }
-  QObject::connect(source_.get(), &QGeoPositionInfoSource::positionUpdated, source_.get(),
-                   [this](const QGeoPositionInfo& position) {
-                     trouble_ = "";
-                     if (onPosition) onPosition(position);
-                   });
-  QObject::connect(source_.get(), &QGeoPositionInfoSource::errorOccurred, source_.get(),
-                   [this](QGeoPositionInfoSource::Error error) { fail(error); });
-  source_->startUpdates();
+  begin();
 }
 
 void GeoclueFeed::close() {
-  source_.reset();
+  end();
+  if (timer_) loop_.cancelTimer(*std::exchange(timer_, std::nullopt));
   trouble_ = "";
+  denied_ = false;
+}
+
+void GeoclueFeed::begin() {
+  attempt_ = std::make_shared<bool>(true);
+  // Without the service the plug-in would report its troubles to a log only.
+  if (!geoclueIsThere()) return fail(textKey("there is no GeoClue"));
+  source_.reset(QGeoPositionInfoSource::createSource(
+      QStringLiteral("geoclue2"),
+      {{QStringLiteral("desktopId"), QStringLiteral("org.wayfell.Widget")}}, nullptr));
+  if (!source_) return fail(textKey("Qt's plug-in for GeoClue is not installed"));
+  QObject::connect(source_.get(), &QGeoPositionInfoSource::positionUpdated, source_.get(),
+                   [this](const QGeoPositionInfo& position) { takePosition(position); });
+  QObject::connect(source_.get(), &QGeoPositionInfoSource::errorOccurred, source_.get(),
+                   [this](QGeoPositionInfoSource::Error error) { takeError(error); });
+  watcher_ = std::make_unique<QDBusServiceWatcher>(kService, QDBusConnection::systemBus(),
+                                                   QDBusServiceWatcher::WatchForUnregistration);
+  QObject::connect(watcher_.get(), &QDBusServiceWatcher::serviceUnregistered, watcher_.get(),
+                   [this] { fail(textKey("there is no GeoClue")); });
+  source_->startUpdates();
+}
+
+void GeoclueFeed::end() {
+  attempt_.reset();
+  source_.reset();
+  watcher_.reset();
 }
 
 std::string GeoclueFeed::trouble() const {
@@ -64,11 +76,21 @@ CLAuthorizationStatus GeoclueFeed::authorization() const {
   return denied_ ? CLAuthorizationStatus::denied : CLAuthorizationStatus::authorizedWhenInUse;
 }
 
-void GeoclueFeed::fail(QGeoPositionInfoSource::Error error) {
+// GeoClue estimates the accuracy of each. What comes without is the last position of an earlier
+// run, with which the plug-in begins.
+void GeoclueFeed::takePosition(const QGeoPositionInfo& position) {
+  if (!position.hasAttribute(QGeoPositionInfo::HorizontalAccuracy)) return;
+  trouble_ = "";
+  denied_ = false;
+  delay_.succeeded();
+  if (onPosition) onPosition(position);
+}
+
+void GeoclueFeed::takeError(QGeoPositionInfoSource::Error error) {
   switch (error) {
     case QGeoPositionInfoSource::AccessError:
       denied_ = true;
-      trouble_ = textKey("GeoClue refuses: see the desktop's privacy settings");
+      fail(textKey("GeoClue refuses: see the desktop's privacy settings"));
       break;
     case QGeoPositionInfoSource::UpdateTimeoutError:
       trouble_ = textKey("no fix");
@@ -77,9 +99,22 @@ void GeoclueFeed::fail(QGeoPositionInfoSource::Error error) {
       break;
     case QGeoPositionInfoSource::ClosedError:
     case QGeoPositionInfoSource::UnknownSourceError:
-      trouble_ = textKey("GeoClue has failed");
+      fail(textKey("GeoClue has failed"));
       break;
   }
+}
+
+// Who reports a failure is still at work, and is about to be ended.
+void GeoclueFeed::fail(std::string_view trouble) {
+  trouble_ = trouble;
+  loop_.perform([this, attempt = std::weak_ptr(attempt_)] {
+    if (attempt.expired()) return;
+    end();
+    timer_ = loop_.scheduleTimer(delay_.afterFailure(), false, [this] {
+      timer_.reset();
+      begin();
+    });
+  });
 }
 
 }  // namespace wayfell

@@ -44,12 +44,13 @@ std::optional<CLLocation> locationOf(const QGeoPositionInfo& info, NSDate now) {
   return location;
 }
 
-CLHeading headingOf(double azimuth, double calibrationLevel, std::optional<double> variation) {
+CLHeading headingOf(double azimuth, std::optional<double> calibrationLevel,
+                    std::optional<double> variation) {
   constexpr double kTurn = 360;
   CLHeading heading;
   heading.magneticHeading = azimuth;
   if (variation) heading.trueHeading = std::fmod(azimuth + *variation + kTurn, kTurn);
-  heading.headingAccuracy = calibrationLevel > 0 ? kUsualHeadingAccuracy : -1;
+  heading.headingAccuracy = calibrationLevel.value_or(1) > 0 ? kUsualHeadingAccuracy : -1;
   return heading;
 }
 

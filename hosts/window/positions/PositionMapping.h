@@ -16,7 +16,7 @@
 //   trueHeading         is that and the variation which the last position told (MagneticVariation,
 //                       east positive), or else -1.
 //   headingAccuracy     5 degrees, as Qt estimates none; -1 while the compass is not calibrated
-//                       (level 0).
+//                       (level 0). The desktop's sensor service knows of no calibration.
 #pragma once
 
 #include <QGeoPositionInfo>
@@ -30,7 +30,8 @@ namespace wayfell {
 /// None for what has no position.
 std::optional<CLLocation> locationOf(const QGeoPositionInfo& info, NSDate now);
 
-/// Degrees; the level is from 0 to 1.
-CLHeading headingOf(double azimuth, double calibrationLevel, std::optional<double> variation);
+/// Degrees; the level is from 0 to 1, if the compass tells one.
+CLHeading headingOf(double azimuth, std::optional<double> calibrationLevel,
+                    std::optional<double> variation);
 
 }  // namespace wayfell

@@ -68,7 +68,10 @@ void QtPositionSource::takePosition(const QGeoPositionInfo& info) {
 void QtPositionSource::takeReading() {
   const QCompassReading* const reading = compass_->reading();
   if (!headingUser_ || !reading) return;
-  const CLHeading heading = headingOf(reading->azimuth(), reading->calibrationLevel(), variation_);
+  // The desktop's sensor service tells no level, and Qt leaves it at 0.
+  std::optional<double> level;
+  if (compass_->identifier() != "iio-sensor-proxy.compass") level = reading->calibrationLevel();
+  const CLHeading heading = headingOf(reading->azimuth(), level, variation_);
   if (heading.headingAccuracy >= 0) lastHeading_ = std::chrono::steady_clock::now();
   headingUser_->deliverHeading(heading);
 }

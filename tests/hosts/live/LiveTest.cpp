@@ -155,8 +155,11 @@ TEST_F(LiveScenes, ShowTheCompassOrTheCourse) {
   report(1, 45);
   EXPECT_EQ(heading(), "45°");
   EXPECT_EQ(scene->lines().state, "course");
-  source.deliver(CLHeading{90, 88, 5});  // from which on the source knows that it has a compass
+  source.deliver(CLHeading{-1, 88, 5});  // from which on the source knows that it has a compass
   hasCompass = true;
+  scene->settle();
+  EXPECT_EQ(scene->lines().state, "course");  // while the true heading is not known
+  source.deliver(CLHeading{90, 88, 5});
   scene->settle();
   EXPECT_EQ(heading(), "90°");
   EXPECT_EQ(scene->lines().state, "compass, true");

@@ -8,7 +8,6 @@
 #include <cstdio>
 
 #include "hosts/loop/qt/QtRunLoop.h"
-#include "hosts/window/positions/GeoclueFeed.h"
 #include "hosts/window/positions/NmeaFeed.h"
 #include "hosts/window/positions/QtPositionSource.h"
 #include "support/Locations.h"
@@ -135,12 +134,6 @@ TEST_F(Nmea, SaysWhyADeviceCannotBeRead) {
   runUntil(loop, [&] { return !source->feed().trouble().empty(); });
   runUntil(loop, [&] { return source->feed().trouble() != "receiver silent"; });
   EXPECT_EQ(source->feed().trouble(), "no contact: No such file or directory");
-}
-
-TEST_F(Nmea, WithoutGeoclueItIsSaidAndNothingElseHappens) {
-  if (geoclueIsThere()) GTEST_SKIP() << "this machine has a GeoClue";
-  follow(std::make_unique<GeoclueFeed>());
-  EXPECT_EQ(source->feed().trouble(), "there is no GeoClue");
 }
 
 }  // namespace
