@@ -51,7 +51,7 @@ void NmeaFeed::begin() {
   if (!device_) return;
   QObject::connect(device_.get(), &QIODevice::readyRead, device_.get(),
                    [this] { lastBytes_ = Clock::now(); });
-  reader_ = std::make_unique<QNmeaPositionInfoSource>(QNmeaPositionInfoSource::RealTimeMode);
+  reader_ = std::make_unique<NmeaReader>();
   reader_->setUserEquivalentRangeError(kRangeError);
   reader_->setDevice(device_.get());
   QObject::connect(reader_.get(), &QGeoPositionInfoSource::positionUpdated, reader_.get(),
@@ -59,7 +59,7 @@ void NmeaFeed::begin() {
                      lastPosition_ = Clock::now();
                      delay_.succeeded();
                      failure_.clear();
-                     if (onPosition) onPosition(position);
+                     if (onPosition) onPosition(reader_->asSaid(position));
                    });
   reader_->startUpdates();
 }

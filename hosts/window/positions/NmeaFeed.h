@@ -3,7 +3,6 @@
 #pragma once
 
 #include <QIODevice>
-#include <QNmeaPositionInfoSource>
 #include <chrono>
 #include <cstdint>
 #include <functional>
@@ -13,6 +12,7 @@
 
 #include "hosts/loop/IoRunLoop.h"
 #include "hosts/services/RetryDelay.h"
+#include "hosts/window/positions/NmeaReader.h"
 #include "hosts/window/positions/PositionFeed.h"
 
 namespace wayfell {
@@ -46,7 +46,7 @@ class NmeaFeed : public PositionFeed {
   RetryDelay delay_;
   std::shared_ptr<bool> attempt_;  // outlived by what its device may still report
   std::unique_ptr<QIODevice> device_;
-  std::unique_ptr<QNmeaPositionInfoSource> reader_;
+  std::unique_ptr<NmeaReader> reader_;
   std::optional<RunLoop::TimerId> timer_;
   std::string failure_;
   std::optional<Clock::time_point> lastBytes_;
