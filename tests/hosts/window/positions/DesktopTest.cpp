@@ -9,7 +9,7 @@
 #include <QDBusVirtualObject>
 #include <QProcess>
 #include <QThread>
-#include <map>
+#include <limits>
 
 #include "hosts/loop/qt/QtRunLoop.h"
 #include "hosts/window/positions/GeoclueFeed.h"
