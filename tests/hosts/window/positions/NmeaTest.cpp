@@ -6,8 +6,11 @@
 #include <unistd.h>
 
 #include <cstdio>
+#include <fstream>
+#include <nlohmann/json.hpp>
 
 #include "hosts/loop/qt/QtRunLoop.h"
+#include "hosts/text/IsoTime.h"
 #include "hosts/window/positions/NmeaFeed.h"
 #include "hosts/window/positions/QtPositionSource.h"
 #include "support/Locations.h"
@@ -136,113 +139,40 @@ TEST_F(Nmea, SaysWhyADeviceCannotBeRead) {
   EXPECT_EQ(source->feed().trouble(), "no contact: No such file or directory");
 }
 
-// What receivers really say, and the last fix of it, worked by hand: 46° 6' N and 8° 12' E, 46.1
-// and 8.2, unless the text says otherwise; 7.2 knots of 1852 m an hour are 3.704 m/s; 2024-05-01
-// 08:00:01 is 736243201 s after the reference date (GNU date).
-struct Said {
-  const char* is;
-  std::string text;
-  std::size_t fixes;
-  CLLocation last;
-  bool isDated = true;
-};
-
-const std::string kPlace = "4606.000,N,00812.000,E";
-
-std::string withoutChecksum(const std::string& text) { return "$" + text + "\r\n"; }
-
-std::string inLowerCase(std::string sentence) {
-  for (std::size_t i = sentence.find('*'); i < sentence.size(); ++i) {
-    sentence[i] = static_cast<char>(std::tolower(sentence[i]));
+// What receivers really say, and the last fix of it, worked by hand: a line of nmea.jsonl for each.
+// What begins with no "$" gets one, and its checksum. The place is 46° 6' N and 8° 12' E; 7.2 knots
+// of 1852 m an hour are 3.704 m/s.
+std::string bytesOf(const nlohmann::json& says) {
+  std::string bytes;
+  for (const std::string text : says) {
+    bytes += text.empty() || text.find('$') != std::string::npos ? text + "\r\n" : sentence(text);
   }
-  return sentence;
+  return bytes;
 }
 
-const Said kSaid[] = {
-    {"a mouse that sends RMC alone",
-     sentence("GPRMC,080001,A," + kPlace + ",7.2,84.4,010524,,"),
-     1,
-     {{46.1, 8.2}, 0, 5, -1, 3.704, 84.4, {736243201}}},
-    {"a chart plotter that sends GLL alone",
-     sentence("GPGLL," + kPlace + ",080000,A") + sentence("GPGLL," + kPlace + ",080001,A") +
-         sentence("GPGLL," + kPlace + ",080002,A"),
-     2,
-     {{46.1, 8.2}, 0, 5, -1, -1, -1, {}},
-     false},
-    {"a fix in the plane: GGA without an altitude, the dilution 2 of 5 m",
-     sentence("GNRMC,080001,A," + kPlace + ",7.2,84.4,010524,,,A") +
-         sentence("GNGGA,080001," + kPlace + ",1,03,2.0,,M,,M,,"),
-     1,
-     {{46.1, 8.2}, 0, 10, -1, 3.704, 84.4, {736243201}}},
-    {"a dilution of 0, which is none",
-     sentence("GPRMC,080001,A," + kPlace + ",7.2,84.4,010524,,,A") +
-         sentence("GPGGA,080001," + kPlace + ",1,08,0.0,408.0,M,47.0,M,,"),
-     1,
-     {{46.1, 8.2}, 408, 5, 5, 3.704, 84.4, {736243201}}},
-    {"a receiver that has lost its fix and repeats its last place",
-     sentence("GPRMC,080001,V," + kPlace + ",7.2,84.4,010524,,,N") +
-         sentence("GPGLL," + kPlace + ",080001,V,N"),
-     0,
-     {}},
-    {"satellites of Russia, and of Europe",
-     sentence("GLRMC,080000,A," + kPlace + ",7.2,84.4,010524,,,A") +
-         sentence("GARMC,080001,A," + kPlace + ",7.2,84.4,010524,,,A"),
-     2,
-     {{46.1, 8.2}, 0, 5, -1, 3.704, 84.4, {736243201}}},
-    {"a checksum in small letters",
-     inLowerCase(sentence("GPRMC,080001,A," + kPlace + ",7.2,84.5,010524,,,A")),
-     1,
-     {{46.1, 8.2}, 0, 5, -1, 3.704, 84.5, {736243201}}},
-    {"a receiver of the first version, without checksums",
-     withoutChecksum("GPRMC,080001,A," + kPlace + ",7.2,84.4,010524,,"),
-     1,
-     {{46.1, 8.2}, 0, 5, -1, 3.704, 84.4, {736243201}}},
-    {"who stands: speed and course are empty",
-     sentence("GPRMC,080001,A," + kPlace + ",,,010524,,,A"),
-     1,
-     {{46.1, 8.2}, 0, 5, -1, -1, -1, {736243201}}},
-    {"weeks that have run over: 1024 weeks early",
-     sentence("GPRMC,080001,A," + kPlace + ",7.2,84.4,150904,,,A"),
-     1,
-     {{46.1, 8.2}, 0, 5, -1, 3.704, 84.4, {736243201 - 1024 * 7 * 86400.0}}},
-    {"a date by ZDA alone, and a speed by VTG",
-     sentence("GPZDA,080001,01,05,2024,00,00") +
-         sentence("GPGGA,080001," + kPlace + ",1,08,0.9,408.0,M,47.0,M,,") +
-         sentence("GPVTG,84.4,T,,M,7.2,N,13.5,K"),
-     1,
-     {{46.1, 8.2}, 408, 4.5, 5, 3.75, 84.4, {736243201}}},
-    {"bytes of another speed, half a sentence, a wrong checksum, and words between",
-     "\xff\x00\x80\x17$GPRMC,0800$GPTXT,01,01,02,u-blox*\r\n\r\n$PMTK010,001*2E\r\n" +
-         sentence("GPRMC,080001,A," + kPlace + ",7.2,84.4,010524,,,A") +
-         "$GPRMC,080002,A,4706.000,N,00812.000,E,7.2,84.4,010524,,,A*00\r\n",
-     1,
-     {{46.1, 8.2}, 0, 5, -1, 3.704, 84.4, {736243201}}},
-    {"midnight, told by a GGA first",
-     sentence("GPRMC,235959,A," + kPlace + ",7.2,84.4,300424,,,A") +
-         sentence("GPGGA,000000," + kPlace + ",1,08,0.9,408.0,M,47.0,M,,") +
-         sentence("GPRMC,000000,A," + kPlace + ",7.2,84.4,010524,,,A"),
-     2,
-     {{46.1, 8.2}, 408, 4.5, 5, 3.704, 84.4, {736243201 - 8 * 3600 - 1}}},
-    {"a leap second",
-     sentence("GPRMC,235960,A," + kPlace + ",7.2,84.4,311216,,,A"),
-     1,
-     {{46.1, 8.2}, 0, 5, -1, 3.704, 84.4, {504921599.5}}},
-    {"a clock that is put right, an hour back",
-     sentence("GPRMC,090000,A," + kPlace + ",7.2,84.4,010524,,,A") +
-         sentence("GPRMC,080000,A," + kPlace + ",7.2,84.4,010524,,,A") +
-         sentence("GPRMC,080001,A," + kPlace + ",7.2,84.4,010524,,,A"),
-     3,
-     {{46.1, 8.2}, 0, 5, -1, 3.704, 84.4, {736243201}}},
-};
+void expectLast(const CLLocation& last, const nlohmann::json& said) {
+  EXPECT_NEAR(last.coordinate.latitude, 46.1, 1e-9);
+  EXPECT_NEAR(last.coordinate.longitude, 8.2, 1e-9);
+  EXPECT_NEAR(last.altitude, said.value("altitude", 0.0), 1e-6);
+  EXPECT_NEAR(last.horizontalAccuracy, said.value("accuracy", 5.0), 1e-6);
+  EXPECT_EQ(last.verticalAccuracy, said.value("vertical", -1.0));
+  EXPECT_NEAR(last.speed, said.value("speed", -1.0), 1e-5);
+  EXPECT_NEAR(last.course, said.value("course", -1.0), 1e-5);
+  const std::string time = isoTimeOf(last.timestamp);
+  EXPECT_EQ(time, said.value("time", time));
+}
 
 TEST(SaidNmea, ComesToTheFixThatWasWorkedByHand) {
   // Comes last, so that it is known what did not come.
   const std::string end = sentence("GPRMC,235958,A,1000.000,N,01000.000,E,0,0,311249,,,A");
-  for (const Said& said : kSaid) {
-    SCOPED_TRACE(said.is);
+  std::ifstream cases(WAYFELL_SOURCES "/tests/hosts/window/positions/nmea.jsonl");
+  ASSERT_TRUE(cases);
+  for (std::string line; std::getline(cases, line);) {
+    const auto said = nlohmann::json::parse(line);
+    SCOPED_TRACE(said["is"].get<std::string>());
     QtRunLoop loop;
     LoopbackServer server(loop);
-    server.greeting = said.text + end;
+    server.greeting = bytesOf(said["says"]) + end;
     LocationHost host;
     QtPositionSource source(
         loop, host.loop,
@@ -255,19 +185,8 @@ TEST(SaidNmea, ComesToTheFixThatWasWorkedByHand) {
     auto& fixes = received->fixes;
     runUntil(loop, [&] { return !fixes.empty() && fixes.back().coordinate.latitude == 10; });
     fixes.pop_back();
-    EXPECT_EQ(fixes.size(), said.fixes);
-    if (fixes.empty()) continue;
-    const CLLocation& last = fixes.back();
-    EXPECT_NEAR(last.coordinate.latitude, said.last.coordinate.latitude, 1e-9);
-    EXPECT_NEAR(last.coordinate.longitude, said.last.coordinate.longitude, 1e-9);
-    EXPECT_NEAR(last.altitude, said.last.altitude, 1e-6);
-    EXPECT_NEAR(last.horizontalAccuracy, said.last.horizontalAccuracy, 1e-6);
-    EXPECT_NEAR(last.verticalAccuracy, said.last.verticalAccuracy, 1e-6);
-    EXPECT_NEAR(last.speed, said.last.speed, 1e-5);
-    EXPECT_NEAR(last.course, said.last.course, 1e-5);
-    if (said.isDated) {
-      EXPECT_EQ(last.timestamp, said.last.timestamp);
-    }
+    EXPECT_EQ(fixes.size(), said["fixes"]);
+    if (!fixes.empty()) expectLast(fixes.back(), said);
   }
 }
 
