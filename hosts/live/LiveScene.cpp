@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "hosts/places/DatumNote.h"
 #include "hosts/scene/FixWarning.h"
 #include "platform/NSBundle.h"
 #include "settings/UserDefaults.h"
@@ -88,9 +89,12 @@ Freshness LiveScene::freshness() const {
 }
 
 Scene::Lines LiveScene::lines() const {
-  return {Kind::live, source_.name(), headingState(),
+  return {Kind::live,
+          source_.name(),
+          headingState(),
           onScreen_ ? fixWarning(*controller_, fixAge(), source_.trouble()) : "",
-          host_.reverseGeocoder().attribution()};
+          host_.reverseGeocoder().attribution(),
+          selectedDatumNote()};
 }
 
 std::string LiveScene::headingState() const {

@@ -1,6 +1,7 @@
 #include "hosts/places/DatumSearch.h"
 
 #include <algorithm>
+#include <array>
 #include <utility>
 
 #include "datums/DatumManager.h"
@@ -11,6 +12,35 @@
 
 namespace wayfell {
 namespace {
+
+struct ShortName {
+  std::string_view name;
+  std::string_view datum;  // of the catalogue, before the region
+};
+
+// As the EPSG dataset abbreviates these datums, whose codes there stand behind. The catalogue has
+// Pulkovo 1942, System 42 and in Russian SK-42, under two names.
+constexpr std::array kShortNames = {
+    ShortName{"AGD66", "Australian Geodetic 1966"},             // 6202
+    ShortName{"AGD84", "Australian Geodetic 1984"},             // 6203
+    ShortName{"CH1903", "CH1903-LV03"},                         // 6149
+    ShortName{"ED50", "European 1950"},                         // 6230
+    ShortName{"ED79", "European 1979"},                         // 6668
+    ShortName{"HK80", "Hong Kong 1980"},                        // 6611
+    ShortName{"NAD27", "North American 1927"},                  // 6267
+    ShortName{"NAD83", "North American 1983"},                  // 6269
+    ShortName{"NZGD49", "Geodetic Datum 1949"},                 // 6272
+    ShortName{"OSGB36", "Ordnance Survey Great Britain 1936"},  // 6277
+    ShortName{"PSAD56", "Provisional South American 1956"},     // 6248
+    ShortName{"Pulkovo 1942", "S-42 (Pulkovo 1942)"},           // 6284
+    ShortName{"S-42", "Pulkovo 1942"},                          // 6284
+    ShortName{"S-42", "S-42 (Pulkovo 1942)"},                   // 6284
+    ShortName{"SK-42", "Pulkovo 1942"},                         // 6284
+    ShortName{"SK-42", "S-42 (Pulkovo 1942)"},                  // 6284
+    ShortName{"SAD69", "South American 1969"},                  // 6618
+    ShortName{"WGS 72", "WGS 1972"},                            // 6322
+    ShortName{"WGS 84", "WGS 1984"},                            // 6326
+};
 
 // The catalogue writes ø for a degree sign.
 std::string foldedName(std::string_view text) {
@@ -42,12 +72,22 @@ DatumSearch::DatumSearch() {
     addText(entry, name);
     entry.name = entry.text;
     addText(entry, manager.getEllipsoidFromDatum(name).value_or(""));
+    addShortNames(entry, std::string_view(name).substr(0, name.find("---")));
     entries_.push_back(std::move(entry));
   }
   std::sort(words_.begin(), words_.end(),
             [](const Word& a, const Word& b) { return a.folded < b.folded; });
   const auto same = [](const Word& a, const Word& b) { return a.folded == b.folded; };
   words_.erase(std::unique(words_.begin(), words_.end(), same), words_.end());
+}
+
+void DatumSearch::addShortNames(Entry& entry, std::string_view datum) {
+  entry.withoutRegion.push_back(foldedName(datum));
+  for (const ShortName& each : kShortNames) {
+    if (each.datum != datum) continue;
+    addText(entry, each.name);
+    entry.withoutRegion.push_back(foldedName(each.name));
+  }
 }
 
 void DatumSearch::addText(Entry& entry, std::string_view text) {
@@ -75,15 +115,21 @@ void DatumSearch::addText(Entry& entry, std::string_view text) {
   endWord();
 }
 
-std::optional<std::size_t> DatumSearch::named(std::string_view name) const {
+std::vector<std::size_t> DatumSearch::named(std::string_view name) const {
   const auto& names = DatumManager::sharedInstance().datumAndRegions();
-  const auto exact = std::find(names.begin(), names.end(), name);
-  if (exact != names.end()) return static_cast<std::size_t>(exact - names.begin());
-  const auto found =
-      std::find_if(entries_.begin(), entries_.end(),
-                   [folded = foldedName(name)](const Entry& e) { return e.name == folded; });
-  if (found == entries_.end()) return std::nullopt;
-  return static_cast<std::size_t>(found - entries_.begin());
+  const std::string folded = foldedName(name);
+  std::vector<std::size_t> found;
+  std::vector<std::size_t> regions;
+  for (std::size_t i = 0; i < entries_.size(); ++i) {
+    const Entry& entry = entries_[i];
+    if (names[i] == name) return {i};
+    if (entry.name == folded) found.push_back(i);
+    if (std::find(entry.withoutRegion.begin(), entry.withoutRegion.end(), folded) !=
+        entry.withoutRegion.end()) {
+      regions.push_back(i);
+    }
+  }
+  return found.empty() ? regions : found;
 }
 
 bool DatumSearch::Entry::has(std::string_view folded) const {

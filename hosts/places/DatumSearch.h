@@ -3,11 +3,10 @@
 // Case, blanks, hyphens and other marks do not matter, nor do diacritics on either side: "16on"
 // finds "16øN" and "réunion" finds "Reunion". A word is found where a word of the name begins, or
 // its digits, and may run on over the next ones: "hutzushan" finds "Hu-Tzu-Shan", but "oman" does
-// not find "Romania". Names of ellipsoids are searched, too.
+// not find "Romania". Names of ellipsoids are searched, too, and usual short names: "NAD27".
 #pragma once
 
 #include <cstddef>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -19,8 +18,9 @@ class DatumSearch {
   /// Searches the datum manager's catalogue as it is now; a number below is a place in its order.
   DatumSearch();
 
-  /// The datum of exactly this name, or else of this name but for what does not matter.
-  std::optional<std::size_t> named(std::string_view name) const;
+  /// The datum of exactly this name, or else of this name but for what does not matter; or else
+  /// those of this name before the region, or of this usual short name.
+  std::vector<std::size_t> named(std::string_view name) const;
   /// Datums that have all the words of a text; all datums for an empty one.
   std::vector<std::size_t> find(std::string_view text) const;
 
@@ -36,8 +36,9 @@ class DatumSearch {
 
  private:
   struct Entry {
-    std::string name;          // folded
-    std::string text;          // folded: the name and the ellipsoid's
+    std::string name;                        // folded
+    std::string text;                        // folded: the name, the ellipsoid's and short names
+    std::vector<std::string> withoutRegion;  // folded: the name, and short names
     std::vector<bool> starts;  // for each letter of the text, whether a word begins there
     bool has(std::string_view folded) const;
   };
@@ -47,6 +48,7 @@ class DatumSearch {
   };
 
   void addText(Entry& entry, std::string_view text);
+  void addShortNames(Entry& entry, std::string_view datum);
   bool known(std::string_view folded) const;
   std::vector<std::string_view> wordsOf(std::string_view text) const;
   std::vector<const Word*> nearWords(std::string_view folded) const;

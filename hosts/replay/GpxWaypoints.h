@@ -1,5 +1,5 @@
-// The waypoints of a GPX 1.0 or 1.1 file, in its order, or else the points of its routes; tracks
-// are left aside.
+// The waypoints of a GPX 1.0 or 1.1 file, in its order, and then the points of its routes, each
+// name at a place once; tracks are left aside.
 #pragma once
 
 #include <cstddef>
@@ -11,7 +11,7 @@
 namespace wayfell {
 
 struct GpxWaypoint {
-  std::size_t number = 0;  ///< in the file, from 1
+  std::size_t number = 0;  ///< in this order, from 1
   std::string name;        ///< without blanks around it; empty if it has none
   CLLocationCoordinate2D position;
 };

@@ -3,6 +3,7 @@
 #include <chrono>
 #include <utility>
 
+#include "hosts/places/DatumNote.h"
 #include "hosts/scene/FixWarning.h"
 #include "hosts/scene/SpanText.h"
 #include "hosts/text/ElapsedText.h"
@@ -58,7 +59,7 @@ std::optional<double> PlayedScene::fixAge() const {
 }
 
 Scene::Lines PlayedScene::lines() const {
-  Lines lines{kind_, title_, elapsedText(player_.elapsed()), {}, {}};
+  Lines lines{kind_, title_, elapsedText(player_.elapsed()), {}, {}, selectedDatumNote()};
   const auto addState = [&lines](std::string_view word) { lines.state.append("  ").append(word); };
   if (player_.ended()) {
     addState(localized("ended"));

@@ -21,6 +21,7 @@ class Scene {
     std::string state;    ///< how that goes
     std::string warning;  ///< what should not be taken for fresh
     std::string credit;   ///< whose data is shown, where they ask for it
+    std::string note;     ///< what the datum's shift leaves out
     friend bool operator==(const Lines&, const Lines&) = default;
   };
 

@@ -7,6 +7,7 @@
 #include <stdexcept>
 
 #include "datums/Catalogue.h"
+#include "hosts/places/DatumNote.h"
 #include "hosts/places/PositionText.h"
 #include "hosts/places/PositionWords.h"
 #include "hosts/terminal/Commands.h"
@@ -215,6 +216,7 @@ int convert(const ConvertCommand& command) {
     const auto datum = chosenDatum(*command.datum);
     if (!datum) return kBadUsage;
     host.local.set("selectedDatum", PropertyValue(*datum));
+    if (const std::string note = selectedDatumNote(); !note.empty()) complain(note);
   }
   Converter converter(command);
   const int status = command.input.empty() ? convertLines(notationOf(command), converter)

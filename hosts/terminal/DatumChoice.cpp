@@ -28,18 +28,29 @@ void suggest(const DatumSearch& search, std::string_view name) {
   }
 }
 
+void listRegions(std::string_view name, const std::vector<std::size_t>& datums) {
+  complain(inQuotes(name) + " is several datums; name one of");
+  for (const std::size_t number : datums) {
+    complainMore("  " + DatumManager::sharedInstance().datumAndRegions()[number]);
+  }
+}
+
 }  // namespace
 
 std::optional<std::string> chosenDatum(std::string_view name) {
   const DatumSearch search;
-  const auto number = search.named(name);
-  if (!number) {
+  const auto named = search.named(name);
+  if (named.size() > 1) {
+    listRegions(name, named);
+    return std::nullopt;
+  }
+  if (named.empty()) {
     complain("there is no datum " + inQuotes(name));
     suggest(search, name);
     return std::nullopt;
   }
   const DatumManager& manager = DatumManager::sharedInstance();
-  const std::string& datum = manager.datumAndRegions()[*number];
+  const std::string& datum = manager.datumAndRegions()[named.front()];
   if (manager.getAxisFromDatum(datum) > 0) return datum;
   complain("the datum " + inQuotes(datum) + " cannot be used: its ellipsoid, " +
            inQuotes(manager.getEllipsoidFromDatum(datum).value_or("")) +

@@ -8,7 +8,7 @@
 namespace wayfell {
 
 /// The catalogue's name of it. None, and a complaint that suggests others, when the catalogue
-/// lacks it or cannot convert to it.
+/// lacks it, has it for several regions, or cannot convert to it.
 std::optional<std::string> chosenDatum(std::string_view name);
 
 }  // namespace wayfell

@@ -57,7 +57,9 @@ void addBeside(std::vector<TextRow>& rows, const std::string& told, const std::s
 
 }  // namespace
 
-int leastRowsOf(const HostLines& lines) { return lines.scene.credit.empty() ? 2 : 3; }
+int leastRowsOf(const HostLines& lines) {
+  return 2 + (lines.scene.note.empty() ? 0 : 1) + (lines.scene.credit.empty() ? 0 : 1);
+}
 
 std::vector<TextRow> composeHostLines(const HostLines& lines, int columns, int mostRows) {
   const int end = std::max(columns - kRight, kText + 2);
@@ -82,8 +84,10 @@ std::vector<TextRow> composeHostLines(const HostLines& lines, int columns, int m
     addWrapped(rows, told, TextStyle::remark, room, most - forWarning);
     addWrapped(rows, warning, TextStyle::warning, room, forWarning);
   }
-  if (!lines.scene.credit.empty()) {
-    rows.push_back({{kText, fitted(printable(lines.scene.credit), room), TextStyle::remark}});
+  for (const std::string* const text : {&lines.scene.note, &lines.scene.credit}) {
+    if (!text->empty()) {
+      rows.push_back({{kText, fitted(printable(*text), room), TextStyle::remark}});
+    }
   }
   return rows;
 }

@@ -6,6 +6,7 @@
 #include <memory>
 #include <stdexcept>
 
+#include "hosts/places/DatumNote.h"
 #include "hosts/places/PositionText.h"
 #include "hosts/places/PositionWords.h"
 #include "hosts/replay/GpxWaypoints.h"
@@ -53,7 +54,9 @@ Waypoints waypointsIn(const std::string& file) {
 Waypoints called(const Waypoints& waypoints, const std::string& name) {
   Waypoints found;
   std::copy_if(waypoints.begin(), waypoints.end(), std::back_inserter(found),
-               [&name](const GpxWaypoint& waypoint) { return waypoint.name == name; });
+               [wanted = comparableName(name)](const GpxWaypoint& waypoint) {
+                 return comparableName(waypoint.name) == wanted;
+               });
   return found;
 }
 
@@ -139,12 +142,24 @@ double number(const SqliteStore& suite, const char* key) {
   return value != nullptr ? value->doubleValue() : 0;
 }
 
+// What the datum's shift leaves out, where the position was read on that datum.
+void tellOfDatum(ChosenDatum& chosen, const std::vector<std::string>& words,
+                 const PositionNotation& notation, const CLLocationCoordinate2D& position) {
+  const std::string note = selectedDatumNote();
+  if (note.empty()) return;
+  chosen.host.local.set("selectedDatum", std::nullopt);
+  const CLLocationCoordinate2D unshifted = onePosition(words, notation);
+  if (unshifted.latitude != position.latitude) complain(note);
+}
+
 std::optional<CLLocationCoordinate2D> typedPosition(const std::vector<std::string>& words) {
-  const ChosenDatum chosen;
+  ChosenDatum chosen;
   PositionNotation notation = userNotation();
   if (UserDefaults::checkIntDefaults("utmType") == 1) notation.utmLetters = UtmLetters::bands;
   try {
-    return onePosition(words, notation);
+    const CLLocationCoordinate2D position = onePosition(words, notation);
+    tellOfDatum(chosen, words, notation, position);
+    return position;
   } catch (const std::invalid_argument& error) {
     complain(error.what());
     return std::nullopt;
@@ -158,10 +173,10 @@ struct WaypointWish {
   std::optional<std::string> name;    // of the one in the file; unset: it has only one
 };
 
-std::optional<CLLocationCoordinate2D> chosenPosition(const WaypointWish& wish) {
-  if (!wish.gpx) return typedPosition(wish.position);
-  const auto waypoint = chosenWaypoint(*wish.gpx, wish.name);
-  return waypoint ? std::optional(waypoint->position) : std::nullopt;
+std::optional<GpxWaypoint> wishedWaypoint(const WaypointWish& wish) {
+  if (wish.gpx) return chosenWaypoint(*wish.gpx, wish.name);
+  const auto position = typedPosition(wish.position);
+  return position ? std::optional(GpxWaypoint{0, "", *position}) : std::nullopt;
 }
 
 int set(const WaypointWish& wish) {
@@ -169,13 +184,15 @@ int set(const WaypointWish& wish) {
     complain("a position or --gpx FILE is missing");
     return kBadUsage;
   }
-  const auto position = chosenPosition(wish);
-  if (!position) return kBadInput;
-  const int status = saveInSuite({{kLatitude, PropertyValue(position->latitude)},
-                                  {kLongitude, PropertyValue(position->longitude)},
+  const auto waypoint = wishedWaypoint(wish);
+  if (!waypoint) return kBadInput;
+  const CLLocationCoordinate2D& position = waypoint->position;
+  const int status = saveInSuite({{kLatitude, PropertyValue(position.latitude)},
+                                  {kLongitude, PropertyValue(position.longitude)},
                                   {kHasWaypoint, PropertyValue(true)}});
   if (status == kDone) {
-    remark("the waypoint is " + plainPosition(*position) +
+    const std::string name = waypoint->name.empty() ? "" : inQuotes(waypoint->name) + ", ";
+    remark("the waypoint is " + name + plainPosition(position) +
            "; a running panel shows it when it next appears");
   }
   return status;

@@ -11,6 +11,7 @@
 #include <memory>
 
 #include "hosts/text/Characters.h"
+#include "hosts/text/TextScanner.h"
 #include "hosts/text/Utf8.h"
 
 namespace wayfell {
@@ -35,6 +36,16 @@ struct Free {
   void operator()(std::uint8_t* bytes) const { std::free(bytes); }
 };
 
+// Empty for what is not UTF-8.
+std::string caseFolded(std::string_view text, uninorm_t form) {
+  std::size_t size = 0;
+  const std::unique_ptr<std::uint8_t, Free> folded(
+      u8_casefold(reinterpret_cast<const std::uint8_t*>(text.data()), text.size(), nullptr, form,
+                  nullptr, &size));
+  if (!folded) return "";
+  return {reinterpret_cast<const char*>(folded.get()), size};
+}
+
 char smallLetter(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
 
 }  // namespace
@@ -49,6 +60,19 @@ char32_t baseLetter(char32_t codePoint) {
   return uc_is_alpha(parts[0]) ? parts[0] : codePoint;
 }
 
+std::string comparableName(std::string_view name) {
+  const std::string folded = caseFolded(name, UNINORM_NFC);
+  std::string result;
+  TextScanner scanner(folded);
+  while (!scanner.atEnd()) {
+    const std::string_view word = scanner.word();
+    if (!result.empty()) result += ' ';
+    result += word;
+    scanner.take(word);
+  }
+  return result;
+}
+
 std::string foldedText(std::string_view text) {
   std::string folded;
   if (isAscii(text)) {
@@ -57,12 +81,8 @@ std::string foldedText(std::string_view text) {
     }
     return folded;
   }
-  std::size_t size = 0;
-  const std::unique_ptr<std::uint8_t, Free> decomposed(
-      u8_casefold(reinterpret_cast<const std::uint8_t*>(text.data()), text.size(), nullptr,
-                  UNINORM_NFKD, nullptr, &size));
-  if (!decomposed) return folded;
-  std::string_view rest(reinterpret_cast<const char*>(decomposed.get()), size);
+  const std::string decomposed = caseFolded(text, UNINORM_NFKD);
+  std::string_view rest = decomposed;
   while (!rest.empty()) {
     const char32_t codePoint = takeCodePoint(rest).value_or(U' ');
     if (uc_is_alnum(codePoint)) appendCodePoint(folded, baseLetter(codePoint));

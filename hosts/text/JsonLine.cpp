@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "hosts/text/InputError.h"
+#include "hosts/text/TextWidth.h"
 #include "hosts/text/Utf8.h"
 
 namespace wayfell {
@@ -69,7 +70,9 @@ class JsonLine::Builder {
     std::string what = error.what();
     what.erase(0, what.find("] ") + 2);
     if (what.rfind("parse error", 0) == 0) what.erase(0, what.find(": ") + 2);
-    what.resize(std::min({what.size(), what.find("; last read"), std::size_t{200}}));
+    what.resize(std::min(what.size(), what.find("; last read")));
+    constexpr int kLongest = 200;  // columns
+    what.resize(cut(what, kLongest).size());
     throw InputError("not JSON at column " + std::to_string(position) + ": " + what);
   }
   // NOLINTEND(readability-identifier-naming)

@@ -6,6 +6,7 @@
 #include <system_error>
 
 #include "hosts/text/Characters.h"
+#include "hosts/text/TextWidth.h"
 
 namespace wayfell {
 namespace {
@@ -123,11 +124,12 @@ std::string_view TextScanner::word() {
 }
 
 std::string inQuotes(std::string_view piece) {
-  constexpr std::size_t kLongest = 40;
+  constexpr int kLongest = 40;  // columns
   std::string text = "\"";
-  text += piece.substr(0, kLongest);
+  const std::string_view shown = cut(piece, kLongest);
+  text += shown;
   std::replace(text.begin(), text.end(), '\0', ' ');  // which would end the message
-  if (piece.size() > kLongest) text += "...";
+  if (shown.size() < piece.size()) text += "...";
   return text + '"';
 }
 

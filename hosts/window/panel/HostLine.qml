@@ -162,6 +162,11 @@ Rectangle {
             onTextChanged: line.tell(this)
         }
         Paragraph {
+            objectName: "hostNote"
+            text: line.panel.note
+            color: line.look.caption
+        }
+        Paragraph {
             objectName: "hostCredit"
             text: line.panel.credit
             color: line.look.caption

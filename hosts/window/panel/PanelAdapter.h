@@ -84,6 +84,7 @@ class PanelAdapter : public QObject {
   Q_PROPERTY(QString title READ title NOTIFY linesChanged)
   Q_PROPERTY(QString state READ state NOTIFY linesChanged)
   Q_PROPERTY(QString warning READ warning NOTIFY linesChanged)
+  Q_PROPERTY(QString note READ note NOTIFY linesChanged)
   Q_PROPERTY(QString credit READ credit NOTIFY linesChanged)
   Q_PROPERTY(QString message READ message NOTIFY linesChanged)
   Q_PROPERTY(QString fault READ fault NOTIFY linesChanged)
@@ -176,6 +177,7 @@ class PanelAdapter : public QObject {
   QString title() const { return QString::fromStdString(lines_.title); }
   QString state() const { return QString::fromStdString(lines_.state); }
   QString warning() const { return QString::fromStdString(lines_.warning); }
+  QString note() const { return QString::fromStdString(lines_.note); }
   QString credit() const { return QString::fromStdString(lines_.credit); }
   /// The fault, or else the news until the next request.
   QString message() const;

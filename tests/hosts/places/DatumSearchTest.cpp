@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "datums/DatumManager.h"
+#include "hosts/places/DatumNote.h"
 #include "platform/SimulatedHost.h"
 
 namespace wayfell {
@@ -53,15 +54,32 @@ TEST_F(DatumSearchTest, AllWordsMustBeginAWord) {
 TEST_F(DatumSearchTest, NamesOneDatum) {
   struct Case {
     const char* text;
-    std::optional<std::size_t> number;  // rows of the catalogue, from 0
+    std::vector<std::size_t> numbers;  // rows of the catalogue, from 0
   };
-  const Case cases[] = {{"Adindan---Sudan", 7},
-                        {"adindan sudan", 7},
-                        {"Indian 1960---Vietnam (Near 16oN)", 87},
-                        {"Adindan", std::nullopt},
-                        {"WGS 84", std::nullopt},
-                        {"", std::nullopt}};
-  for (const Case& c : cases) EXPECT_EQ(search.named(c.text), c.number) << c.text;
+  const Case cases[] = {{"Adindan---Sudan", {7}},
+                        {"adindan sudan", {7}},
+                        {"Indian 1960---Vietnam (Near 16oN)", {87}},
+                        {"Adindan", {1, 2, 3, 4, 5, 6, 7}},
+                        {"cape", {42}},
+                        {"wgs84", {0}},
+                        {"agd66", {31}},
+                        {"ETRS89", {}},
+                        {"", {}}};
+  for (const Case& c : cases) EXPECT_EQ(search.named(c.text), c.numbers) << c.text;
+  // As many regions as the catalogue's lines have with these names.
+  EXPECT_THAT(search.named("ED50"), SizeIs(16));
+  EXPECT_THAT(search.named("NAD27"), SizeIs(20));
+  EXPECT_THAT(search.named("s42"), SizeIs(8));
+  EXPECT_THAT(found("nad83 hawaii"), ElementsAre("North American 1983---Hawaii"));
+}
+
+// The catalogue's dz of these: 685, -161.76, 0, and 114 of one without an ellipsoid.
+TEST_F(DatumSearchTest, NotesWhatShiftsLeaveOut) {
+  EXPECT_EQ(datumNote("Tokyo---Japan"), "Tokyo---Japan: shifted without dz, up to 685 m off");
+  EXPECT_THAT(datumNote("Hong Kong 1980---Hong Kong"), testing::HasSubstr("up to 162 m"));
+  for (const char* name : {"GDA94---Australia", "Herat North---Afghanistan", "", "unknown"}) {
+    EXPECT_EQ(datumNote(name), "") << name;
+  }
 }
 
 TEST_F(DatumSearchTest, SuggestsNearNames) {

@@ -37,7 +37,7 @@ TEST(HostLines, WarningsComeBeforeHintsAndAreTheLastToBeCut) {
             "\n  Open: wayfell://openFro…  fix 8 s old"},
            {"a long message", "", 12, 3, "\n  a long\n  message"},
        }) {
-    const HostLines lines = {{Scene::Kind::demo, "a walk", "", warning, ""},
+    const HostLines lines = {{Scene::Kind::demo, "a walk", "", warning, "", ""},
                              message,
                              {"t layout  ? keys  q quit", "? keys  q quit"}};
     std::string text;

@@ -212,7 +212,8 @@ TEST_F(StoreCommandsTest, SetsShowsAndClearsTheWaypoint) {
   EXPECT_THAT(wayfell("waypoint show").output, HasSubstr("33 S 500000.0mE 4000000."));
   // A reference is of the datum that it is shown on.
   done("settings --local set selectedDatum 'Tokyo---Japan'");
-  done("waypoint set 54S UE 88000 49000");
+  EXPECT_EQ(wayfell("waypoint set 54S UE 88000 49000").errors,
+            "wayfell: Tokyo---Japan: shifted without dz, up to 685 m off\n");
   done("settings set coordinateUnits 3");
   EXPECT_EQ(wayfell("waypoint show").output, "54S UE 88000 49000\n");
 
@@ -229,7 +230,9 @@ TEST_F(StoreCommandsTest, TakesWaypointsOfGpxFiles) {
            "<g:wpt lat='46.5' lon='8.25'><g:name> Upper hut </g:name></g:wpt>"
            "<g:wpt lat='46.25' lon='8.5'><g:name>Spring</g:name></g:wpt>"
            "<g:wpt lat='-1.5' lon='-2.5'><g:name>Spring</g:name></g:wpt>"
-           "<g:wpt lat='3' lon='4'/><g:rte><g:rtept lat='5' lon='6'/></g:rte></g:gpx>");
+           "<g:wpt lat='3' lon='4'/><g:rte>"
+           "<g:rtept lat='46.5' lon='8.25'><g:name>Upper hut</g:name></g:rtept>"
+           "<g:rtept lat='5' lon='6'><g:name>Zu\u0308rich  See</g:name></g:rtept></g:rte></g:gpx>");
   const std::string one = "<gpx><rte><rtept lat='-1' lon='2'/></rte></gpx>";
   putBytes(path("one.gpx"), one);
   putBytes(path("none.gpx"), "<gpx/>");
@@ -237,6 +240,9 @@ TEST_F(StoreCommandsTest, TakesWaypointsOfGpxFiles) {
   putBytes(path("open.gpx"), "<gpx>\n<wpt>");
   putBytes(path("packed.gpx"), "\x1F\x8B\x08");
 
+  // Neither case, composition nor blanks matter.
+  done("waypoint set --gpx huts.gpx --name ' ZÜRICH see'");
+  EXPECT_THAT(saved(kSuite), HasSubstr("waypointLatitude real 5.0\nwaypointLongitude real 6.0\n"));
   done("waypoint set --gpx huts.gpx --name 'Upper hut'");
   EXPECT_THAT(saved(kSuite),
               HasSubstr("waypointLatitude real 46.5\nwaypointLongitude real 8.25\n"));
@@ -249,8 +255,9 @@ TEST_F(StoreCommandsTest, TakesWaypointsOfGpxFiles) {
       "  waypoint 2  46.25000000 8.50000000  \"Spring\"\n"
       "  waypoint 3  -1.50000000 -2.50000000  \"Spring\"\n";
   const std::pair<std::string, std::string> cases[] = {
-      {"huts.gpx --name Spring", springs},
-      {"huts.gpx --name spring", "no waypoint has the name \"spring\"; there are\n" + springs},
+      {"huts.gpx --name spring", "several waypoints have the name \"spring\""},
+      {"huts.gpx --name spring", springs},
+      {"huts.gpx --name sprin", "no waypoint has the name \"sprin\"; there are\n" + springs},
       {"huts.gpx", springs + "  waypoint 4  3.00000000 4.00000000  without a name\n"},
       {"none.gpx", "no waypoints"},
       {"bad.gpx", "line 1: the waypoint is not on Earth"},

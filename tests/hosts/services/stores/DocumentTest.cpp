@@ -43,13 +43,24 @@ class Document : public testing::Test {
 
 TEST_F(Document, ShowsTheSchemaThatTheStoreMakes) {
   const auto sql = boxes("sql");
-  ASSERT_EQ(sql.size(), 2U);
+  const auto python = boxes("python");
+  ASSERT_TRUE(sql.size() == 2 && python.size() == 1);
   const std::string shown = folder_ / "shown.db";
   const char* const dump =
       "PRAGMA application_id; PRAGMA user_version; PRAGMA journal_mode;\n.schema";
   outputOf({"sqlite3", "-bail", shown}, sql[0]);
   WatchedStore made(file_);
-  EXPECT_EQ(outputOf({"sqlite3", file_}, dump), outputOf({"sqlite3", shown}, dump));
+  const std::string schema = outputOf({"sqlite3", file_}, dump);
+  EXPECT_EQ(schema, outputOf({"sqlite3", shown}, dump));
+
+  // A program that writes first, where there is not even a folder.
+  const std::string first = folder_ / "first";
+  outputOf({"env", "XDG_DATA_HOME=" + first, "python3", "-"}, python[0]);
+  const std::filesystem::path suite = first + "/wayfell/" + file_.filename().string();
+  EXPECT_EQ(outputOf({"sqlite3", suite}, dump), schema);
+  using std::filesystem::perms;
+  EXPECT_EQ(std::filesystem::status(suite).permissions(), perms::owner_read | perms::owner_write);
+  EXPECT_EQ(std::filesystem::status(suite.parent_path()).permissions(), perms::owner_all);
 
   // The store takes the one that is there already for what it is.
   WatchedStore opened(shown);

@@ -195,6 +195,7 @@ TEST(HostLine, HasRoomForAllItSays) {
                          "a-long-walk-over-the-hills-and-back-again.gpx",
                          "12:05:00  angehalten, wartet auf den Empfänger  ×0.1",
                          "Vorführung: nicht Ihre Position, und die letzte ist 3600 Sekunden alt",
+                         {},
                          {}};
     line.scene().failed =
         "line 1234: the number of satellites in \"used\" is no whole number: \"many\"";
