@@ -44,7 +44,7 @@ void SqliteStore::Implementation::refresh() {
   }
   if (!table_) return;
   try {
-    if (table_->dataVersion() != dataVersion_) load();
+    loadChanges();
     reading_.over();
   } catch (const SQLite::Exception& error) {
     if (isDamage(error) && putAside(error)) {
@@ -53,6 +53,16 @@ void SqliteStore::Implementation::refresh() {
       tell(reading_, std::string("cannot be read just now: ") + error.what() +
                          "; the settings stay as they were last read");
     }
+  }
+}
+
+void SqliteStore::Implementation::loadChanges() {
+  try {
+    if (table_->dataVersion() != dataVersion_) load();
+  } catch (const SQLite::Exception& error) {
+    if (!isForAnUnfinishedChange(error)) throw;
+    undoUnfinishedChange();
+    load();
   }
 }
 

@@ -42,6 +42,7 @@ class SqliteStore::Implementation {
  private:
   void refresh();
   bool isReplaced() const;
+  void loadChanges();
   void load();
 
   void open();
@@ -49,6 +50,8 @@ class SqliteStore::Implementation {
   void connect();
   FileKind startReading();
   FileKind startReading(DatabaseAccess access);
+  FileKind readWithoutFilesBeside(const SQLite::Exception& why);
+  void undoUnfinishedChange();
   void startWriting(FileKind::Kind kind);
 
   bool putAside(const SQLite::Exception& damage);

@@ -81,19 +81,47 @@ FileKind SqliteStore::Implementation::startReading() {
   try {
     return startReading(DatabaseAccess::readOnly);
   } catch (const SQLite::Exception& error) {
-    // SQLite needs its files beside the database, and may not be able to make them in this folder.
-    // It can do without as long as there is nothing in them that is not in the database itself.
-    const bool canDoWithout = isForWantOfAccess(error) || isForWantOfSpace(error);
-    if (!canDoWithout || isDenied(file_, R_OK)) throw;
-    if (mark_->logSize > 0) {
-      const std::string what = isForWantOfSpace(error) ? "the full disk" : "its folder";
-      throw SQLite::Exception("the latest changes are still in its -wal file, which " + what +
-                                  " does not let be opened",
-                              error.getErrorCode());
-    }
+    if (!isForAnUnfinishedChange(error)) return readWithoutFilesBeside(error);
+  }
+  undoUnfinishedChange();
+  return startReading(DatabaseAccess::readOnly);
+}
+
+// SQLite needs its files beside the database, and may not be able to make them in this folder. It
+// can do without as long as there is nothing in them that is not in the database itself, or, in a
+// journal, that is to be undone in it.
+FileKind SqliteStore::Implementation::readWithoutFilesBeside(const SQLite::Exception& why) {
+  const bool canDoWithout = isForWantOfAccess(why) || isForWantOfSpace(why);
+  if (!canDoWithout || mark_->journalSize > 0 || isDenied(file_, R_OK)) throw why;
+  if (mark_->logSize > 0) {
+    const std::string what = isForWantOfSpace(why) ? "the full disk" : "its folder";
+    throw SQLite::Exception(
+        "the latest changes are still in its -wal file, which " + what + " does not let be opened",
+        why.getErrorCode());
   }
   sealed_ = true;
   return startReading(DatabaseAccess::immutable);
+}
+
+// As the first one does who opens the file for writing and reads. What is undone was never part of
+// the file, so this is done to a file that is not ours too: before it nobody can tell whose it is.
+void SqliteStore::Implementation::undoUnfinishedChange() {
+  try {
+    // Without this the file would be undone, and the journal stay, again and again.
+    if (isDenied(std::filesystem::canonical(file_).parent_path(), W_OK)) {
+      throw SQLite::Exception("its folder is read-only", SQLITE_READONLY);
+    }
+    SQLite::Database database = openDatabase(file_, DatabaseAccess::readWrite);
+    waitForLocks(database, patience_);
+    kindOf(database);
+  } catch (const SQLite::Exception& error) {
+    if (isDamage(error) || isForWantOfALock(error)) throw;
+    throw SQLite::Exception(
+        "a program was ended in the middle of a change, which cannot be undone with its -journal "
+        "file: " +
+            whyNotWritten(error, file_),
+        SQLITE_READONLY);
+  }
 }
 
 FileKind SqliteStore::Implementation::startReading(DatabaseAccess access) {

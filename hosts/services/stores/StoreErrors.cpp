@@ -20,6 +20,10 @@ bool isForWantOfAccess(const SQLite::Exception& error) {
   return error.getErrorCode() == SQLITE_CANTOPEN || error.getErrorCode() == SQLITE_READONLY;
 }
 
+bool isForAnUnfinishedChange(const SQLite::Exception& error) {
+  return error.getExtendedErrorCode() == SQLITE_READONLY_ROLLBACK;
+}
+
 bool isForWantOfSpace(const SQLite::Exception& error) {
   return error.getExtendedErrorCode() == SQLITE_IOERR_SHMSIZE;
 }

@@ -18,6 +18,9 @@ bool isDamage(const SQLite::Exception& error);
 bool isForWantOfALock(const SQLite::Exception& error);
 /// A file, or one that SQLite has beside it, may not be opened or written to.
 bool isForWantOfAccess(const SQLite::Exception& error);
+/// A program was ended in the middle of a change, which has to be undone before anything is read;
+/// to undo it is to write.
+bool isForAnUnfinishedChange(const SQLite::Exception& error);
 /// There is no room for the -shm file, which whoever comes first makes and gives its size.
 bool isForWantOfSpace(const SQLite::Exception& error);
 

@@ -22,9 +22,14 @@ constexpr mode_t kUserOnlyFolder = 0700;
 
 [[noreturn]] void fail() { throw std::system_error(errno, std::generic_category()); }
 
-// SQLite has files beside a database whose names go on with "-wal" and "-shm".
+// SQLite has files beside a database whose names go on with "-journal", "-wal" and "-shm".
 fs::path beside(const fs::path& file, std::string_view suffix) {
   return file.string().append(suffix);
+}
+
+off_t sizeOf(const fs::path& file) {
+  struct stat status {};
+  return stat(file.c_str(), &status) == 0 ? status.st_size : 0;
 }
 
 void createFolders(const fs::path& folder) {
@@ -58,14 +63,13 @@ fs::path freeNameFor(const fs::path& file) {
 std::optional<FileMark> markOf(const fs::path& file) {
   struct stat status {};
   if (stat(file.c_str(), &status) != 0) return std::nullopt;
-  struct stat log {};
-  const bool hasLog = stat(beside(file, "-wal").c_str(), &log) == 0;
   const std::int64_t seconds = status.st_mtim.tv_sec;
   return FileMark{status.st_dev,
                   status.st_ino,
                   status.st_size,
                   seconds * 1'000'000'000 + status.st_mtim.tv_nsec,
-                  hasLog ? log.st_size : 0,
+                  sizeOf(beside(file, "-wal")),
+                  sizeOf(beside(file, "-journal")),
                   S_ISREG(status.st_mode)};
 }
 
@@ -94,8 +98,9 @@ std::optional<fs::path> setAside(const fs::path& file, const FileMark& damaged) 
 
   if (!isStillAt(file, damaged)) return std::nullopt;
   const fs::path name = freeNameFor(file);
-  // The file itself goes last: a new one must not find another's log beside it.
-  for (const char* suffix : {"-wal", "-shm", ""}) {
+  // The file itself goes last: a new one must not find another's log or journal beside
+  // it.
+  for (const char* suffix : {"-journal", "-wal", "-shm", ""}) {
     if (std::rename(beside(file, suffix).c_str(), beside(name, suffix).c_str()) != 0 &&
         errno != ENOENT) {
       fail();

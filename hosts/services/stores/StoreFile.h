@@ -30,6 +30,7 @@ struct FileMark {
   off_t size = 0;
   std::int64_t modified = 0;  ///< nanoseconds since 1970
   off_t logSize = 0;          ///< of the write-ahead log beside it; 0 without one
+  off_t journalSize = 0;      ///< of the rollback journal beside it; 0 without one
   bool isFile = true;         ///< and not a folder, a pipe ...
 
   friend bool operator==(const FileMark&, const FileMark&) = default;
@@ -45,9 +46,9 @@ bool isStillAt(const std::filesystem::path& file, const FileMark& mark);
 /// file and folders that are there stay as they are. Throws std::system_error.
 void createPrivateFile(const std::filesystem::path& file);
 
-/// Renames a damaged database and the log beside it to "NAME.corrupt-20251231T235959Z" and returns
-/// the new path. None when the path is not that file's any more: another process was faster.
-/// Throws std::system_error.
+/// Renames a damaged database and the log or journal beside it to "NAME.corrupt-20251231T235959Z"
+/// and returns the new path. None when the path is not that file's any more: another process was
+/// faster. Throws std::system_error.
 std::optional<std::filesystem::path> setAside(const std::filesystem::path& file,
                                               const FileMark& damaged);
 

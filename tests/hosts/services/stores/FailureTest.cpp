@@ -4,6 +4,7 @@
 #include <sys/resource.h>
 #include <sys/stat.h>
 
+#include <algorithm>
 #include <csignal>
 
 #include "Child.h"
@@ -90,6 +91,8 @@ TEST(Failure, PutsDamagedFilesAside) {
     makeSettings(file);
     const std::string damaged = c.damage(bytesOf(file));
     putBytes(file, damaged);
+    const std::string journal(512, '\0');  // as one is left that is done with
+    putBytes(folder / "suite.db-journal", journal);
     WatchedStore opened(file);
     EXPECT_EQ(opened.store.state(), State::writable) << c.name;
     EXPECT_EQ(unitsIn(opened.store), 0);
@@ -101,6 +104,8 @@ TEST(Failure, PutsDamagedFilesAside) {
     EXPECT_THAT(aside.string(), testing::ContainsRegex("suite.db.corrupt-[0-9]+T[0-9]+Z"));
     EXPECT_THAT(opened.warnings[0], HasSubstr(aside.filename().string()));
     EXPECT_TRUE(bytesOf(aside) == damaged) << c.name;
+    EXPECT_EQ(bytesOf(aside.string() + "-journal"), journal);
+    EXPECT_FALSE(exists(folder / "suite.db-journal"));
     EXPECT_EQ(unitsIn(WatchedStore(file).store), 2);
 
     // What is only to be read is not renamed.
@@ -235,6 +240,89 @@ TEST(Failure, DoesNotReadPastALog) {
                          ": cannot be read: the latest changes are still in its -wal "
                          "file, which its folder does not let be opened"));
   chmod(copy.path().c_str(), 0755);
+}
+
+// Somebody is killed with half of a change in the file.
+void killAWriterOf(const std::filesystem::path& file) {
+  EXPECT_EQ(statusOf(startWorker({"--die-writing", file})), -1);
+  EXPECT_GT(std::filesystem::file_size(file), 400'000U);
+  EXPECT_GT(std::filesystem::file_size(file.string() + "-journal"), 512U);
+}
+
+// A settings file in rollback mode: "units" 1, and 400 texts of zeros.
+void makeRollbackSettings(const std::filesystem::path& file) {
+  makeSettings(file);
+  execute(file,
+          "PRAGMA journal_mode = DELETE;"
+          "WITH n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 400) "
+          "INSERT INTO settings SELECT 'key' || i, 'text', hex(zeroblob(1000)) FROM n");
+}
+
+std::size_t changedIn(const SqliteStore& store) {
+  const auto isChanged = [](const auto& setting) {
+    return setting.second == PropertyValue(std::string(2000, '1'));
+  };
+  return static_cast<std::size_t>(
+      std::count_if(store.values().begin(), store.values().end(), isChanged));
+}
+
+TEST(Failure, ShowsNothingThatWasNotCommitted) {
+  struct Case {
+    const char* name;
+    mode_t folder;
+    mode_t file;
+    Access access;
+    const char* report;
+  };
+  const std::string cannot =
+      "cannot be read: a program was ended in the middle of a change, which cannot be undone with "
+      "its -journal file: ";
+  const Case cases[] = {
+      {"for writing", 0777, 0666, Access::readWrite, "0 1 there saved 2:"},
+      {"for reading", 0777, 0666, Access::readOnly, "1 1 there not saved 2:"},
+      {"read-only file", 0777, 0444, Access::readOnly, "3 0 not there not saved 2:"},
+      {"read-only folder", 0555, 0666, Access::readWrite, "3 0 not there not saved 2:"},
+  };
+  for (const Case& c : cases) {
+    const Folder folder;
+    const auto file = folder / "cloud.db";
+    makeRollbackSettings(file);
+    killAWriterOf(file);
+    EXPECT_NE(bytesOf(file).find(std::string(900, '1')), std::string::npos);
+    chmod((file.string() + "-journal").c_str(), 0666);
+    chmod(file.c_str(), c.file);
+    chmod(folder.path().c_str(), c.folder);
+    const std::string answer = asSomebody([&] { return report(file, c.access); });
+    chmod(folder.path().c_str(), 0755);
+    EXPECT_THAT(answer, StartsWith(c.report)) << c.name;
+    const bool isRead = c.report[0] != '3';
+    EXPECT_EQ(answer.find(cannot) == std::string::npos, isRead) << c.name << ": " << answer;
+    // Whoever may write finds what was there before.
+    WatchedStore later(file, Access::readOnly);
+    EXPECT_EQ(later.store.values().size(), 401U) << c.name;
+    EXPECT_EQ(changedIn(later.store), 0U) << c.name;
+    EXPECT_THAT(later.warnings, IsEmpty());
+  }
+}
+
+// A store that is open sees it through, and two who are killed as the file is made leave none.
+TEST(Failure, UndoesWhatOthersLeaveUnfinished) {
+  const Folder folder;
+  const auto file = folder / "cloud.db";
+  makeRollbackSettings(file);
+  WatchedStore opened(file, Access::readOnly);
+  EXPECT_EQ(unitsIn(opened.store), 1);
+  killAWriterOf(file);
+  EXPECT_EQ(opened.store.values().size(), 401U);
+  EXPECT_EQ(changedIn(opened.store), 0U);
+  EXPECT_THAT(opened.warnings, IsEmpty());
+
+  const auto fresh = folder / "suite.db";
+  for (int i = 0; i < 2; ++i) killAWriterOf(fresh);
+  WatchedStore found(fresh);
+  EXPECT_TRUE(found.store.values().empty());
+  EXPECT_TRUE(found.store.setAll({{"units", 1}}));
+  EXPECT_THAT(found.warnings, IsEmpty());
 }
 
 // Lets no file of this process grow further, and returns what the limit was.

@@ -4,14 +4,20 @@
 //                                   not be saved, with 2 when there was a warning, else with 0
 //   --count FILE                    n and n.again count on for ever, together, and each number is
 //                                   printed once it is saved
+//   --die-writing FILE              another program, without a write-ahead log: makes every 0 in
+//   the
+//                                   texts a 1, or a table if there is none, which is much more
+//                                   than it may keep in memory, and is killed before it commits
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <csignal>
 #include <cstdlib>
 #include <iostream>
 #include <string>
 
 #include "hosts/services/stores/SqliteStore.h"
+#include "support/Sql.h"
 
 namespace wayfell {
 namespace {
@@ -38,6 +44,21 @@ int countOn(const char* file) {
   }
 }
 
+int dieWriting(const char* file) {
+  SQLite::Database database = otherProgram(file);
+  database.exec("PRAGMA cache_size = 2; PRAGMA cache_spill = 1; BEGIN IMMEDIATE");
+  if (database.tableExists("settings")) {
+    database.exec("UPDATE settings SET value = replace(value, '0', '1') WHERE type = 'text'");
+    return raise(SIGKILL);
+  }
+  database.exec(
+      "CREATE TABLE settings (key TEXT PRIMARY KEY NOT NULL, type TEXT NOT NULL, value) "
+      "WITHOUT ROWID;"
+      "WITH n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 400) "
+      "INSERT INTO settings SELECT 'key' || i, 'text', hex(zeroblob(1000)) FROM n");
+  return raise(SIGKILL);
+}
+
 }  // namespace
 }  // namespace wayfell
 
@@ -47,6 +68,7 @@ int main(int count, char** arguments) {
     return wayfell::writePairs(arguments[2], arguments[3], std::atoi(arguments[4]));
   }
   if (what == "--count" && count == 3) return wayfell::countOn(arguments[2]);
+  if (what == "--die-writing" && count == 3) return wayfell::dieWriting(arguments[2]);
   testing::InitGoogleMock(&count, arguments);
   return RUN_ALL_TESTS();
 }

@@ -25,7 +25,8 @@ inline std::vector<std::filesystem::path> putAsideIn(const std::filesystem::path
   std::vector<std::filesystem::path> files;
   for (const auto& entry : std::filesystem::directory_iterator(folder)) {
     const std::string name = entry.path().filename();
-    const bool isBeside = name.ends_with("-wal") || name.ends_with("-shm");
+    const bool isBeside =
+        name.ends_with("-journal") || name.ends_with("-wal") || name.ends_with("-shm");
     if (name.starts_with("suite.db.corrupt-") && !isBeside) files.push_back(entry.path());
   }
   return files;
