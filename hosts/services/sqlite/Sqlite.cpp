@@ -34,14 +34,29 @@ std::string uriOf(const std::filesystem::path& path) {
   return uri;
 }
 
+void trustNothingIn(SQLite::Database& database) {
+  sqlite3* const handle = database.getHandle();
+  sqlite3_db_config(handle, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
+  sqlite3_db_config(handle, SQLITE_DBCONFIG_ENABLE_TRIGGER, 0, nullptr);
+  sqlite3_db_config(handle, SQLITE_DBCONFIG_ENABLE_VIEW, 0, nullptr);
+  sqlite3_db_config(handle, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
+  sqlite3_limit(handle, SQLITE_LIMIT_LENGTH, kLargestRow);
+  // A LIKE in a constraint could take for ever; no statement of ours has one.
+  sqlite3_limit(handle, SQLITE_LIMIT_LIKE_PATTERN_LENGTH, 0);
+  database.exec("PRAGMA cell_size_check = 1");
+}
+
 }  // namespace
 
 SQLite::Database openDatabase(const std::filesystem::path& path, DatabaseAccess access) {
   const int rights = access == DatabaseAccess::readWrite
                          ? SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE
                          : SQLITE_OPEN_READONLY;
-  return {uriOf(path) + (access == DatabaseAccess::immutable ? "?immutable=1" : ""),
-          rights | SQLITE_OPEN_URI | SQLITE_OPEN_NOMUTEX};
+  SQLite::Database database(
+      uriOf(path) + (access == DatabaseAccess::immutable ? "?immutable=1" : ""),
+      rights | SQLITE_OPEN_URI | SQLITE_OPEN_NOMUTEX);
+  trustNothingIn(database);
+  return database;
 }
 
 void waitForLocks(SQLite::Database& database, std::chrono::milliseconds longest) {

@@ -20,6 +20,14 @@ enum class DatabaseAccess {
   immutable,
 };
 
+/// The largest row, and so the largest value, that is read or written, in bytes. A setting is a few
+/// of them; one of hundreds of megabytes is a mistake or meant to do harm.
+inline constexpr int kLargestRow = 16 * 1024 * 1024;
+
+/// No code in the file is run: its triggers and views count for nothing, and it cannot make
+/// functions do anything but compute. A value larger than kLargestRow is SQLITE_TOOBIG when it is
+/// read, a row so large when it is written, and pages are looked at before they are trusted.
+///
 /// Throws SQLite::Exception. That the file is no database shows at the first statement.
 SQLite::Database openDatabase(const std::filesystem::path& path, DatabaseAccess access);
 

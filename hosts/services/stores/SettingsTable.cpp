@@ -4,6 +4,7 @@
 
 #include <utility>
 
+#include "hosts/services/stores/StoreErrors.h"
 #include "hosts/services/stores/StoredValue.h"
 #include "hosts/text/TextScanner.h"
 
@@ -48,6 +49,10 @@ void bindKey(SQLite::Statement& statement, const std::string& key) {
   }
 }
 
+// Beside the key and the value a row has the type, and a few bytes that say how long each is.
+constexpr std::size_t kRestOfRow = 64;
+constexpr const char* kTooLarge = "it is larger than 16 MiB";
+
 PropertyValue valueOfRow(const SQLite::Column& type, const SQLite::Column& value) {
   return decode(type.getText(), valueIn(value));
 }
@@ -57,7 +62,7 @@ PropertyValue valueOfRow(const SQLite::Column& type, const SQLite::Column& value
 SettingsTable::SettingsTable(SQLite::Database database)
     : database_(std::move(database)),
       dataVersion_(database_, "PRAGMA data_version"),
-      readAll_(database_, "SELECT key, type, value FROM settings"),
+      readAll_(database_, "SELECT key, type, value FROM settings LIMIT -1 OFFSET ?1"),
       readOne_(database_, "SELECT type, value FROM settings WHERE key = ?1") {}
 
 std::int64_t SettingsTable::dataVersion() {
@@ -67,9 +72,48 @@ std::int64_t SettingsTable::dataVersion() {
 }
 
 SettingsTable::Contents SettingsTable::read() {
+  std::int64_t row = 0;
+  try {
+    Contents contents;
+    readOn(contents, row);
+    return contents;
+  } catch (const SQLite::Exception& error) {
+    if (!isForSize(error)) throw;
+  }
+  // A statement ends at a row that is too large, so each such row takes another one to get past it.
+  const SQLite::Transaction atOneInstant(database_);
   Contents contents;
+  row = 0;
+  for (bool isWhole = false; !isWhole;) {
+    try {
+      readOn(contents, row);
+      isWhole = true;
+    } catch (const SQLite::Exception& error) {
+      if (!isForSize(error)) throw;
+      contents.faults.push_back("the row of " + nameOfRow(row) + " holds no value: " + kTooLarge);
+      ++row;
+    }
+  }
+  return contents;
+}
+
+// The key, if that is not what is too large.
+std::string SettingsTable::nameOfRow(std::int64_t row) {
+  try {
+    SQLite::Statement key(database_, "SELECT key FROM settings LIMIT 1 OFFSET ?1");
+    key.bind(1, row);
+    if (key.executeStep()) return inQuotes(key.getColumn(0).getString());
+  } catch (const SQLite::Exception& error) {
+    if (!isForSize(error)) throw;
+  }
+  return "a large key";
+}
+
+// From that row to the last; after an error it is the row that could not be read.
+void SettingsTable::readOn(Contents& contents, std::int64_t& row) {
   const StatementRun run(readAll_);
-  while (readAll_.executeStep()) {
+  readAll_.bind(1, row);
+  for (; readAll_.executeStep(); ++row) {
     const SQLite::Column keyColumn = readAll_.getColumn(0);
     const SQLite::Column type = readAll_.getColumn(1);
     // The schema allows neither. A page that has been cut off reads as zeros, which are these.
@@ -87,7 +131,14 @@ SettingsTable::Contents SettingsTable::read() {
       contents.faults.push_back("the row of " + inQuotes(key) + " holds no value: " + fault.what());
     }
   }
-  return contents;
+}
+
+void SettingsTable::check(const std::string& key, const PropertyValue& value) {
+  const Column column = encode(value).value;
+  std::size_t size = key.size() + kRestOfRow;
+  if (const auto* text = std::get_if<std::string>(&column)) size += text->size();
+  if (const auto* bytes = std::get_if<PropertyValue::Data>(&column)) size += bytes->size();
+  if (size > std::size_t{kLargestRow}) throw BadValue(kTooLarge);
 }
 
 bool SettingsTable::holds(const std::string& key, const std::optional<PropertyValue>& value) {

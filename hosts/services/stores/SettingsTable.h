@@ -28,6 +28,8 @@ class SettingsTable {
     std::vector<std::string> faults;
   };
   Contents read();
+  /// Throws BadValue for what cannot be kept: it nests too deep, or is too large with its key.
+  static void check(const std::string& key, const PropertyValue& value);
   /// Whether the value, or none, is what the row holds just now.
   bool holds(const std::string& key, const std::optional<PropertyValue>& value);
 
@@ -40,6 +42,8 @@ class SettingsTable {
   }
 
  private:
+  void readOn(Contents& contents, std::int64_t& row);
+  std::string nameOfRow(std::int64_t row);
   void writeOne(const std::string& key, const std::optional<PropertyValue>& value);
 
   SQLite::Database database_;

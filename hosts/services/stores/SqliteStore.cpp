@@ -94,7 +94,7 @@ void SqliteStore::Implementation::load() {
 bool SqliteStore::Implementation::setAll(const Changes& changes) {
   try {
     for (const auto& [key, value] : changes) {
-      if (value) encode(*value);
+      if (value) SettingsTable::check(key, *value);
     }
   } catch (const BadValue& fault) {
     tell(saving_, std::string("a value cannot be kept: ") + fault.what() + "; it is ignored");

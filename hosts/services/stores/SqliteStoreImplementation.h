@@ -47,6 +47,7 @@ class SqliteStore::Implementation {
 
   void open();
   bool openOnce();
+  bool isDanglingLink();
   void connect();
   FileKind startReading();
   FileKind startReading(DatabaseAccess access);

@@ -23,6 +23,7 @@ bool SqliteStore::Implementation::openOnce() {
   values_.clear();
   overlay(unsaved_, values_);
   mark_ = markOf(file_);
+  if (!mark_ && isDanglingLink()) return true;
   if (!mark_ && access_ == Access::readOnly) {
     state_ = State::missing;
     opening_.over();
@@ -48,6 +49,18 @@ bool SqliteStore::Implementation::openOnce() {
     tell(opening_, "cannot be read: " + whyNotRead(error, file_) +
                        "; its settings count as missing, and changes last until the program ends");
   }
+  return true;
+}
+
+// What it should lead to is not made: a folder that is missing may be on a disk that is not there.
+bool SqliteStore::Implementation::isDanglingLink() {
+  const std::filesystem::path end = endOfDanglingLink(file_);
+  if (end.empty()) return false;
+  if (access_ == Access::readOnly) state_ = State::missing;
+  const bool hasFolder = std::filesystem::exists(end.parent_path());
+  tell(opening_, "is a symbolic link to " + end.string() + ", which is not there" +
+                     (hasFolder ? "" : ", nor is the folder " + end.parent_path().string()) +
+                     "; its settings count as missing, and changes last until the program ends");
   return true;
 }
 

@@ -28,6 +28,8 @@ bool isForWantOfSpace(const SQLite::Exception& error) {
   return error.getExtendedErrorCode() == SQLITE_IOERR_SHMSIZE;
 }
 
+bool isForSize(const SQLite::Exception& error) { return error.getErrorCode() == SQLITE_TOOBIG; }
+
 bool isDenied(const std::filesystem::path& path, int access) {
   return ::access(path.c_str(), access) != 0;
 }

@@ -24,6 +24,9 @@ bool isForAnUnfinishedChange(const SQLite::Exception& error);
 /// There is no room for the -shm file, which whoever comes first makes and gives its size.
 bool isForWantOfSpace(const SQLite::Exception& error);
 
+/// A row, or a value in it, is larger than kLargestRow.
+bool isForSize(const SQLite::Exception& error);
+
 /// Whether the user may not do that with the path: R_OK or W_OK. errno says why.
 bool isDenied(const std::filesystem::path& path, int access);
 

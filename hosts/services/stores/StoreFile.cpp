@@ -79,6 +79,16 @@ bool isStillAt(const fs::path& file, const FileMark& mark) {
          status.st_ino == mark.inode;
 }
 
+fs::path endOfDanglingLink(const fs::path& file) {
+  constexpr int kMostLinks = 40;  // as many as the system follows
+  std::error_code error;
+  fs::path end = file;
+  for (int i = 0; i < kMostLinks && fs::is_symlink(end, error); ++i) {
+    end = (end.parent_path() / fs::read_symlink(end, error)).lexically_normal();
+  }
+  return end == file || fs::exists(end, error) ? fs::path() : end;
+}
+
 void createPrivateFile(const fs::path& file) {
   createFolders(file.parent_path());
   // Exclusively, since closing a descriptor of a database that is open gives up SQLite's locks.

@@ -42,6 +42,9 @@ std::optional<FileMark> markOf(const std::filesystem::path& file);
 /// much.
 bool isStillAt(const std::filesystem::path& file, const FileMark& mark);
 
+/// Where a symbolic link at the path leads that has nothing at its end; empty if there is none.
+std::filesystem::path endOfDanglingLink(const std::filesystem::path& file);
+
 /// Makes the file, empty, and the folders that it takes, for the user alone whatever the umask. A
 /// file and folders that are there stay as they are. Throws std::system_error.
 void createPrivateFile(const std::filesystem::path& file);

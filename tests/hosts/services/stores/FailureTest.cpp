@@ -325,6 +325,45 @@ TEST(Failure, UndoesWhatOthersLeaveUnfinished) {
   EXPECT_THAT(found.warnings, IsEmpty());
 }
 
+// A trigger without an end, and a row too large, which can be written over.
+TEST(Failure, RunsNoCodeAndReadsNoHugeRows) {
+  const Folder folder;
+  const auto file = folder / "suite.db";
+  makeSettings(file);
+  execute(
+      file,
+      "UPDATE settings SET value = zeroblob(16777217), type = 'data', key = 'big';"
+      "INSERT INTO settings VALUES ('units', 'integer', 1);"
+      "CREATE TRIGGER hang BEFORE INSERT ON settings BEGIN SELECT count(*) FROM (WITH RECURSIVE "
+      "n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n) SELECT i FROM n); END;");
+  WatchedStore opened(file);
+  EXPECT_EQ(opened.store.values(), (PropertyValue::Dictionary{{"units", 1}}));
+  EXPECT_THAT(
+      opened.warnings,
+      ElementsAre(HasSubstr("the row of \"big\" holds no value: it is larger than 16 MiB;")));
+  EXPECT_TRUE(opened.store.setAll({{"big", 1}, {"units", 3}}));
+  EXPECT_EQ(opened.store.values(), (PropertyValue::Dictionary{{"big", 1}, {"units", 3}}));
+  EXPECT_FALSE(opened.store.setAll({{"big", std::string(16'777'200, 'x')}}));
+  EXPECT_THAT(opened.warnings.back(), HasSubstr("cannot be kept: it is larger than 16 MiB"));
+  EXPECT_TRUE(opened.store.setAll({{"big", std::nullopt}}));
+}
+
+TEST(Failure, TellsOfALinkThatLeadsNowhere) {
+  for (const Access access : {Access::readOnly, Access::readWrite}) {
+    const Folder folder;
+    const auto file = folder / "suite.db";
+    std::filesystem::create_symlink("gone/away.db", file);
+    WatchedStore opened(file, access);
+    const std::string end = folder / "gone/away.db";
+    EXPECT_THAT(opened.warnings,
+                ElementsAre(StartsWith(file.string() + ": is a symbolic link to " + end +
+                                       ", which is not there, nor is the folder " +
+                                       (folder / "gone").string() + ";")));
+    makeSettings(end);
+    EXPECT_EQ(unitsIn(opened.store), 1);
+  }
+}
+
 // Lets no file of this process grow further, and returns what the limit was.
 rlimit limitFiles(rlim_t bytes) {
   signal(SIGXFSZ, SIG_IGN);
