@@ -98,10 +98,11 @@ double degreesOf(std::span<const Part> parts, const Axis& axis) {
 bool isOfLatitude(char letter) { return letter == 'N' || letter == 'S'; }
 
 // A forgotten number, or a blank in place of a point, is not to go unnoticed.
-void checkCounts(std::span<const Part> first, std::span<const Part> second) {
+void checkCounts(std::span<const Part> first, std::span<const Part> second, bool isMixed) {
   const bool areMarked = first[0].unit != Unit::none && second[0].unit != Unit::none;
   if (first.size() != second.size() && !areMarked) {
-    refuseNotation("one coordinate has more numbers than the other");
+    refuseNotation(isMixed ? "there are a decimal point and a decimal comma"
+                           : "one coordinate has more numbers than the other");
   }
 }
 
@@ -122,13 +123,15 @@ bool longitudeIsFirst(std::span<const Part> first, std::span<const Part> second)
 }  // namespace
 
 CLLocationCoordinate2D takeDegrees(TextScanner& scanner, const HemisphereLetters& letters) {
+  const bool isMixed = scanner.rest().find('.') != std::string_view::npos &&
+                       scanner.rest().find('.') != std::string_view::npos;
   const DegreesParts taken = takeDegreesParts(scanner, letters);
   const std::span<const Part> parts(taken.parts.data(), taken.count);
   if (parts.empty()) refuseNotation("a position is missing");
   const std::size_t count = countOfFirst(parts);
   auto latitude = parts.first(count);
   auto longitude = parts.subspan(count);
-  checkCounts(latitude, longitude);
+  checkCounts(latitude, longitude, isMixed);
   if (longitudeIsFirst(latitude, longitude)) std::swap(latitude, longitude);
   return {degreesOf(latitude, kLatitude), degreesOf(longitude, kLongitude)};
 }

@@ -10,8 +10,8 @@
 // coordinate has a fraction. What could be read in two ways is refused.
 //
 // A comma between two digits is a decimal comma, unless the text has a point, or has no other comma
-// or semicolon and an even number of groups of digits: "46,98 7,94" is 46.98 and 7.94, and "46,98"
-// is 46 and 98.
+// or semicolon and an even number of groups of digits: "46,98 7,94" is 46.98 and 7.94, and "46 58,7
+// 56" is 46 58 and 7 56. readPosition refuses "46,98" by itself, which may be either.
 //
 // An s is seconds after minutes that are marked with an m, and the south everywhere else.
 #pragma once

@@ -63,6 +63,7 @@ bool isGeoUri(std::string_view text) {
 
 CLLocationCoordinate2D positionOfGeoUri(std::string_view uri) {
   uri.remove_prefix(kScheme.size());
+  uri = uri.substr(0, uri.find('?'));  // phones write how much of a map to show there
   const bool hasParameters = uri.find(';') != std::string_view::npos;
   std::string_view coordinates = takeUpTo(';', uri);
   const auto commas = std::count(coordinates.begin(), coordinates.end(), ',');

@@ -65,10 +65,24 @@ void passLabel(TextScanner& scanner) {
   }
 }
 
+// Whole degrees, or degrees with a decimal comma and no longitude: "46,98".
+bool mayBeOneNumber(TextScanner scanner) {
+  const std::string_view word = scanner.word();
+  if (word != scanner.rest()) return false;
+  if (!scanner.take("-")) scanner.take("+");
+  return !scanner.digits().empty() && scanner.take(",") && !scanner.digits().empty() &&
+         scanner.atEnd();
+}
+
 }  // namespace
 
 CLLocationCoordinate2D readPosition(std::string_view text, const PositionNotation& notation) {
   TextScanner scanner(text);
+  if (mayBeOneNumber(scanner)) {
+    throw std::invalid_argument(
+        "a comma between whole numbers may be decimal or not; write a point "
+        "or a blank for it");
+  }
   passLabel(scanner);
   const CLLocationCoordinate2D position = takePosition(scanner, notation);
   if (!scanner.atEnd()) throw std::invalid_argument(inQuotes(scanner.rest()) + " is too much");

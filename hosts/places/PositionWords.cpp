@@ -26,16 +26,8 @@ Position joined(Words words, const PositionNotation& notation) {
   return readPosition(text, notation);
 }
 
-bool mayBeOneNumber(std::string_view word) {
-  TextScanner scanner(word);
-  if (!scanner.take("-")) scanner.take("+");
-  return !scanner.digits().empty() && scanner.take(",") && !scanner.digits().empty() &&
-         scanner.atEnd();
-}
-
 // One of several words as a position.
 std::optional<Position> alone(const std::string& word, const PositionNotation& notation) {
-  if (mayBeOneNumber(word)) return std::nullopt;
   try {
     return readPosition(word, notation);
   } catch (const std::invalid_argument&) {
@@ -73,9 +65,6 @@ void checkOthers(Words words, const PositionNotation& notation) {
   if (std::none_of(words.begin(), words.end(), isAlone)) return;
   const auto wrong = std::find_if_not(words.begin(), words.end(), isAlone);
   if (wrong == words.end()) return;
-  if (mayBeOneNumber(*wrong)) {
-    refuse(inQuotes(*wrong) + " may be one number or two; write a point or a blank for the comma");
-  }
   try {
     readPosition(*wrong, notation);
   } catch (const std::invalid_argument& error) {

@@ -1,9 +1,7 @@
 // Positions among the words of a command line: which words belong together.
 //
-// A word that is a position by itself is never joined with others. Among several words, one like
-// "46,98" is no position by itself: it may be one number with a decimal comma. Words that could be
-// joined in several ways are refused. The functions throw std::invalid_argument as readPosition
-// does.
+// A word that is a position by itself is never joined with others. Words that could be joined in
+// several ways are refused. The functions throw std::invalid_argument as readPosition does.
 #pragma once
 
 #include <string>

@@ -69,9 +69,9 @@ void replay(Recording& recording, ReplayedWidget& widget, std::optional<double> 
       }
     }
   }
-  if (goesOn && player.fault()) throw InputError(*player.fault());
   for (; goesOn && spans.due() <= player.now(); spans.pass()) show();
-  show();
+  if (goesOn) show();
+  if (goesOn && player.fault()) throw InputError(*player.fault());
 }
 
 }  // namespace wayfell

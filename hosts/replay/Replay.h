@@ -33,8 +33,8 @@ struct ReplayOutput {
   std::function<void(const std::string& note)> note = [](const std::string&) {};
 };
 
-/// Plays to the end, or until `show` returns false. Throws what the recording throws; what was
-/// shown before then stands.
+/// Plays to the end, or until `show` returns false. Throws what the recording throws, when all that
+/// could be read has been shown to its end.
 void replay(Recording& recording, ReplayedWidget& widget, std::optional<double> every,
             const ReplayOutput& output);
 

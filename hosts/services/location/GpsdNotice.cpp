@@ -1,12 +1,25 @@
 #include "hosts/services/location/GpsdNotice.h"
 
+#include <algorithm>
+
 #include "hosts/text/InputError.h"
 #include "hosts/text/JsonLine.h"
 
 namespace wayfell {
 namespace {
 
-constexpr std::string_view kBeginning = "{\"class\":\"";
+// Goes past a mark and the blanks before it, which gpsd leaves out, and other programs that have
+// its reports pass through them do not. False for something else.
+bool take(std::string_view mark, std::string_view& line) {
+  const std::string_view rest = line.substr(std::min(line.find_first_not_of(" \t"), line.size()));
+  if (!rest.starts_with(mark)) return false;
+  line = rest.substr(mark.size());
+  return true;
+}
+
+bool takeBeginning(std::string_view& line) {
+  return take("{", line) && take("\"class\"", line) && take(":", line) && take("\"", line);
+}
 
 // A receiver is closed that has been activated at the time 0. One that has not been activated at
 // all is waiting for gpsd to open it.
@@ -29,12 +42,11 @@ std::vector<GpsdDevice> devicesOf(JsonLine::Value object) {
 
 }  // namespace
 
-bool isGpsdObject(std::string_view line) { return line.substr(0, kBeginning.size()) == kBeginning; }
+bool isGpsdObject(std::string_view line) { return takeBeginning(line); }
 
 bool isGpsdObject(std::string_view line, std::string_view className) {
-  if (!isGpsdObject(line)) return false;
-  line.remove_prefix(kBeginning.size());
-  return line.substr(0, className.size()) == className && line.substr(className.size(), 1) == "\"";
+  return takeBeginning(line) && line.starts_with(className) &&
+         line.substr(className.size()).starts_with('"');
 }
 
 GpsdNotice readNotice(std::string_view line) {

@@ -8,7 +8,8 @@
 
 namespace wayfell {
 
-/// Whether the line is an object as gpsd writes them, of whatever class.
+/// Whether the line is an object as gpsd writes them, the class first, of whatever class. There may
+/// be blanks around the class.
 bool isGpsdObject(std::string_view line);
 /// Whether it is one of this class.
 bool isGpsdObject(std::string_view line, std::string_view className);

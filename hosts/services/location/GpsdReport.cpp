@@ -19,8 +19,13 @@ constexpr double kReferenceDate = 978307200;  // 2001-01-01 in Unix seconds
 // Positions and attitudes hold no reports within them. Others are kept from libgps 3.22, which
 // never returns when it finds a class after something that it cannot read.
 bool isFlat(std::string_view line) {
-  constexpr std::string_view kTag = "\"class\":";
+  constexpr std::string_view kTag = "\"class\"";
   return line.find(kTag, kTag.size()) == std::string_view::npos;
+}
+
+// libgps knows no blanks around the class, which reports have that other programs have passed on.
+void closeUpBeginning(std::string& line, std::string_view className) {
+  line.replace(0, line.find(className), "{\"class\":\"");
 }
 
 // gpsd 3.22 misplaces the commas around the time of an attitude, which has one where the receiver
@@ -76,7 +81,9 @@ GpsdDecoder::~GpsdDecoder() = default;
 GpsdReport GpsdDecoder::decode(std::string line) {
   if (line.size() > kLongestReport) return {};
   const bool position = isGpsdObject(line, "TPV");
-  if ((!position && !isGpsdObject(line, "ATT")) || !isFlat(line)) return {};
+  if (!position && !isGpsdObject(line, "ATT")) return {};
+  closeUpBeginning(line, position ? "TPV" : "ATT");
+  if (!isFlat(line)) return {};
   // gps_unpack adds to the set and reports no errors; a field that it could not read is not set.
   data_->set = 0;
   data_->dev.path[0] = '\0';

@@ -211,7 +211,7 @@ TEST(Replaying, SaysWhatIsWrongAndKeepsWhatWasWritten) {
       shell(R"(printf '{"t":0,"show":true}\n{"t":1,"shw":1}\n' | wayfell replay -)");
   EXPECT_EQ(broken.errors, "wayfell: standard input: line 2: shw: unknown event\n");
   EXPECT_EQ(broken.status, 1);
-  EXPECT_EQ(linesOf(broken.output), 1);
+  EXPECT_EQ(linesOf(broken.output), 2);  // what was asked for, and the end of what could be read
   const std::string missing = "/nowhere: cannot be opened: No such file or directory\n";
   for (const char* command : {"wayfell replay ", "wayfell today --source replay="}) {
     const Finished finished = shell(command + std::string("/nowhere"));
