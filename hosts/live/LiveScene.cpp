@@ -85,7 +85,8 @@ Freshness LiveScene::freshness() const {
   const bool hasCourse = lastFix_ && lastFix_->course >= 0;
   const auto age = fixAge();
   return {.fix = age && isFreshFix(*age),
-          .heading = followsCourse() ? hasCourse : source_.deliversHeadings()};
+          .heading = followsCourse() ? hasCourse : source_.deliversHeadings(),
+          .moving = controller_->velocityManager().averageSpeed() > 0};
 }
 
 Scene::Lines LiveScene::lines() const {

@@ -100,7 +100,7 @@ bool isHeadingFresh(const PanelViews& views, const Freshness& fresh) {
          (fresh.fix || !views.compassRotatingView.compassDisplayCourse());
 }
 
-bool isDim(PanelRow row, bool fix, bool heading) {
+bool isDim(PanelRow row, const Freshness& fresh, bool heading) {
   switch (row) {
     case PanelRow::heading:
       return !heading;
@@ -109,8 +109,9 @@ bool isDim(PanelRow row, bool fix, bool heading) {
     case PanelRow::altitude:
     case PanelRow::speed:
     case PanelRow::waypointDistance:
+      return !fresh.fix;
     case PanelRow::eta:
-      return !fix;
+      return !fresh.fix || !fresh.moving;
     default:
       return false;
   }
@@ -167,7 +168,7 @@ PanelReading readPanel(const WidgetInterface& interface, const Freshness& fresh)
   for (std::size_t i = 0; i < kPanelRows; ++i) {
     const PanelRow row{static_cast<int>(i)};
     reading.rows[i] = readRow(views, row, reading.compact);
-    reading.rows[i].dim = isDim(row, fresh.fix, headingFresh);
+    reading.rows[i].dim = isDim(row, fresh, headingFresh);
   }
   const PanelReading::Row& position = reading[PanelRow::position];
   reading.captionNamesLines =

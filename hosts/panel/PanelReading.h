@@ -35,6 +35,7 @@ inline constexpr std::size_t kPanelRows = static_cast<std::size_t>(PanelRow::lay
 struct Freshness {
   bool fix = true;
   bool heading = true;
+  bool moving = true;  ///< nobody arrives who stands still, whatever the time of arrival says
   friend bool operator==(const Freshness&, const Freshness&) = default;
 };
 

@@ -74,7 +74,8 @@ Scene::Lines PlayedScene::lines() const {
 
 Freshness PlayedScene::freshness() const {
   const auto age = fixAge();
-  return {.fix = age && isFreshFix(*age)};
+  return {.fix = age && isFreshFix(*age),
+          .moving = player_.widget().controller().velocityManager().averageSpeed() > 0};
 }
 
 std::optional<std::string> PlayedScene::takeNews() {

@@ -224,16 +224,16 @@ TEST_F(LiveScenes, AreFreshWhenTheyAppearAgainButForTheLastFix) {
   EXPECT_EQ(heading(), "");
   source.deliver(CLHeading{180, 178, 5});
   EXPECT_EQ(heading(), "180°");
-  EXPECT_EQ(scene->freshness(), (Freshness{.fix = false, .heading = true}));
+  EXPECT_EQ(scene->freshness(), (Freshness{.fix = false, .heading = true, .moving = false}));
 
   scene->act({PanelAction::chooseHeading});
   scene->disappear();
   scene->appear();
   EXPECT_EQ(heading(), "45°");
-  EXPECT_EQ(scene->freshness(), (Freshness{.fix = false, .heading = true}));
+  EXPECT_EQ(scene->freshness(), (Freshness{.fix = false, .heading = true, .moving = false}));
   report(2);
   EXPECT_EQ(heading(), "45°");
-  EXPECT_EQ(scene->freshness(), (Freshness{.fix = true, .heading = false}));
+  EXPECT_EQ(scene->freshness(), (Freshness{.fix = true, .heading = false, .moving = false}));
 }
 
 // The widget's ticks of 0.5, 2 and 5 s are of one appearance, and a hidden one has none.
