@@ -5,16 +5,18 @@
 namespace wayfell {
 namespace {
 
-Host* installed = nullptr;
+Host* inUse = nullptr;
 
 }  // namespace
 
-void Host::install(Host* host) { installed = host; }
+void Host::install(Host* host) { inUse = host; }
 
 Host& Host::current() {
-  if (!installed) throw std::logic_error("no host is installed");
-  return *installed;
+  if (!inUse) throw std::logic_error("no host is installed");
+  return *inUse;
 }
+
+Host* Host::installed() { return inUse; }
 
 NSDate NSDate::date() { return Host::current().clock().now(); }
 

@@ -119,6 +119,8 @@ class Host {
   static void install(Host* host);
   /// Throws std::logic_error while no host is installed.
   static Host& current();
+  /// Null while no host is installed.
+  static Host* installed();
 };
 
 }  // namespace wayfell

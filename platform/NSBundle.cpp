@@ -6,7 +6,9 @@ namespace wayfell {
 
 std::string_view NSBundle::localizedStringForKeyValueTable(std::string_view key,
                                                            std::string_view value) const {
-  if (const auto translation = Host::current().stringTable().find(key)) return *translation;
+  Host* const host = Host::installed();
+  const auto translation = host ? host->stringTable().find(key) : std::nullopt;
+  if (translation) return *translation;
   return value.empty() ? key : value;
 }
 

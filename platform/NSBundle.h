@@ -12,8 +12,8 @@ class NSBundle {
  public:
   static NSBundle mainBundle() { return {}; }
 
-  /// The translation; without one the value, or the key when the value is empty. Only the
-  /// default table exists. The result lives as long as the arguments and the host's table.
+  /// The translation; without one, or a host, the value, or the key when the value is empty. Only
+  /// the default table exists. The result lives as long as the arguments and the host's table.
   std::string_view localizedStringForKeyValueTable(std::string_view key,
                                                    std::string_view value) const;
 };

@@ -14,18 +14,15 @@ AddressChoice chosenAddresses(const KeyValueStore* local) {
 LiveHost::LiveHost(IoRunLoop& loop, LocationSource& source, const Warn& warn)
     : timers_(loop),
       source_(source),
+      texts_(userTexts(warn)),
       stores_([&loop] { return loop.turn(); }, warn),
       geocoder_(makeGeocoder(chosenAddresses(stores_.standardDefaults()), loop, warn)),
-      texts_(userTexts(warn)),
-      opener_(loop, warn) {
-  install(this);
-}
+      opener_(loop, warn) {}
 
 LiveHost::~LiveHost() {
   // Timers and the lookup under way own controllers, which need their host to stop their updates.
   endTimers();
   geocoder_.reset();
-  install(nullptr);
 }
 
 }  // namespace wayfell

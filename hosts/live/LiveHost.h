@@ -41,9 +41,16 @@ class LiveHost : public Host {
  private:
   WidgetTimers timers_;
   LocationSource& source_;
+  CatalogueTexts texts_;
+  /// Before the services, which tell what is wrong with them in the user's language.
+  struct Installation {
+    explicit Installation(LiveHost& host) { install(&host); }
+    ~Installation() { install(nullptr); }
+    Installation(const Installation&) = delete;
+    Installation& operator=(const Installation&) = delete;
+  } installation_{*this};
   Stores stores_;
   std::unique_ptr<AttributedGeocoder> geocoder_;
-  CatalogueTexts texts_;
   DesktopUrlOpener opener_;
 };
 

@@ -11,6 +11,7 @@
 #include "hosts/services/addresses/BookFile.h"
 #include "hosts/services/addresses/StreetText.h"
 #include "hosts/services/sqlite/Sqlite.h"
+#include "platform/NSBundle.h"
 #include "platform/UnitFactors.h"
 
 namespace wayfell {
@@ -156,7 +157,7 @@ void AddressBook::reverseGeocode(const std::optional<CLLocation>& location, Comp
 }
 
 std::string AddressBook::attribution() const {
-  return pages_ ? "Addresses: OpenAddresses and its sources" : "";
+  return std::string(pages_ ? localized("Addresses: OpenAddresses and its sources") : "");
 }
 
 void AddressBook::takeUpFile() {
@@ -166,7 +167,9 @@ void AddressBook::takeUpFile() {
   seen_ = now;
   pages_.reset();
   if (!now) {
-    if (missing_ == Missing::isWarnedAbout) putAside("there is no address book");
+    if (missing_ == Missing::isWarnedAbout) {
+      putAside(std::string(localized("there is no address book")));
+    }
     return;
   }
   try {
@@ -178,8 +181,9 @@ void AddressBook::takeUpFile() {
 
 void AddressBook::putAside(const std::string& why) {
   pages_.reset();
-  warn_(file_.string() + ": " + why +
-        "; there are no addresses until \"wayfell addresses import\" makes a new one");
+  warn_(localizedStringWithFormat(
+      "%@: %@; there are no addresses until \"wayfell addresses import\" makes a new one",
+      file_.string(), why));
 }
 
 }  // namespace wayfell

@@ -8,6 +8,7 @@
 #include "hosts/services/addresses/Nominatim.h"
 #include "hosts/services/stores/StorePaths.h"
 #include "hosts/text/TextScanner.h"
+#include "platform/NSBundle.h"
 
 namespace wayfell {
 namespace {
@@ -56,7 +57,7 @@ std::unique_ptr<AttributedGeocoder> makeGeocoder(const AddressChoice& choice, Io
   try {
     return serviceOf(choice, loop, warn);
   } catch (const std::exception& error) {
-    warn(std::string("addresses: ") + error.what() + "; there are none");
+    warn(localizedStringWithFormat("addresses: %@; there are none", error.what()));
   }
   return std::make_unique<NoGeocoder>();
 }

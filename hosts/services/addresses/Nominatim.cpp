@@ -10,6 +10,7 @@
 #include "hosts/services/addresses/StreetText.h"
 #include "hosts/text/InputError.h"
 #include "hosts/text/JsonLine.h"
+#include "platform/NSBundle.h"
 
 namespace wayfell {
 namespace {
@@ -106,7 +107,7 @@ void Nominatim::awaitTurn() {
   turn_ = loop_.scheduleTimer(wait.value_or(0), false, [this, isComing = wait.has_value()] {
     turn_.reset();
     if (isComing) return send();
-    fail("wants to be left alone for a while");
+    fail(std::string(localized("wants to be left alone for a while")));
     complete(std::nullopt);
   });
 }
@@ -122,11 +123,12 @@ Nominatim::Places Nominatim::placesOf(const HttpClient::Answer& answer) {
     turns_.putOff(std::clamp(asked, kBetweenRequests, kLongestPause));
   }
   if (!answer.redirection.empty()) {
-    fail("sends on to " + answer.redirection + ", which nobody has agreed to");
+    fail(localizedStringWithFormat("sends on to %@, which nobody has agreed to",
+                                   answer.redirection));
   } else if (!answer.error.empty()) {
     fail(answer.error);
   } else if (answer.status != kOk) {
-    fail("answers with HTTP status " + std::to_string(answer.status));
+    fail(localizedStringWithFormat("answers with HTTP status %@", std::to_string(answer.status)));
   } else {
     try {
       NominatimAnswer read = readNominatimAnswer(answer.body);
@@ -136,14 +138,17 @@ Nominatim::Places Nominatim::placesOf(const HttpClient::Answer& answer) {
       if (attribution_.empty()) attribution_ = kUsualAttribution;
       return std::vector{*read.placemark};
     } catch (const InputError& error) {
-      fail(std::string("answers with something else than an address (") + error.what() + ')');
+      fail(localizedStringWithFormat("answers with something else than an address (%@)",
+                                     error.what()));
     }
   }
   return std::nullopt;
 }
 
 void Nominatim::fail(const std::string& why) {
-  if (!warned_) warn_(server_.shown() + ": " + why + "; there are no addresses until it answers");
+  if (warned_) return;
+  warn_(localizedStringWithFormat("%@: %@; there are no addresses until it answers",
+                                  server_.shown(), why));
   warned_ = true;
 }
 

@@ -7,6 +7,7 @@
 #include "hosts/services/stores/StoreErrors.h"
 #include "hosts/services/stores/StoredValue.h"
 #include "hosts/text/TextScanner.h"
+#include "platform/NSBundle.h"
 
 namespace wayfell {
 namespace {
@@ -90,7 +91,8 @@ SettingsTable::Contents SettingsTable::read() {
       isWhole = true;
     } catch (const SQLite::Exception& error) {
       if (!isForSize(error)) throw;
-      contents.faults.push_back("the row of " + nameOfRow(row) + " holds no value: " + kTooLarge);
+      contents.faults.push_back(
+          localizedStringWithFormat("the row of %@ holds no value: %@", nameOfRow(row), kTooLarge));
       ++row;
     }
   }
@@ -128,7 +130,8 @@ void SettingsTable::readOn(Contents& contents, std::int64_t& row) {
       }
       contents.values.insert_or_assign(key, valueOfRow(type, readAll_.getColumn(2)));
     } catch (const BadValue& fault) {
-      contents.faults.push_back("the row of " + inQuotes(key) + " holds no value: " + fault.what());
+      contents.faults.push_back(localizedStringWithFormat("the row of %@ holds no value: %@",
+                                                          inQuotes(key), fault.what()));
     }
   }
 }

@@ -6,6 +6,7 @@
 
 #include "hosts/services/stores/SqliteStoreImplementation.h"
 #include "hosts/services/stores/StoredValue.h"
+#include "platform/NSBundle.h"
 
 namespace wayfell {
 namespace {
@@ -50,8 +51,9 @@ void SqliteStore::Implementation::refresh() {
     if (isDamage(error) && putAside(error)) {
       open();
     } else {
-      tell(reading_, std::string("cannot be read just now: ") + error.what() +
-                         "; the settings stay as they were last read");
+      tell(reading_, localizedStringWithFormat(
+                         "cannot be read just now: %@; the settings stay as they were last read",
+                         error.what()));
     }
   }
 }
@@ -83,10 +85,13 @@ void SqliteStore::Implementation::load() {
     rows_.over();
     return;
   }
+  const std::string& fault = contents.faults.front();
   const std::size_t others = contents.faults.size() - 1;
-  tell(rows_, contents.faults.front() +
-                  (others > 0 ? " (and " + std::to_string(others) + " more like it)" : "") +
-                  "; it is left there and counts as missing");
+  tell(rows_, others == 0
+                  ? localizedStringWithFormat("%@; it is left there and counts as missing", fault)
+                  : localizedStringWithFormat(
+                        "%@ (and %@ more like it); it is left there and counts as missing", fault,
+                        std::to_string(others)));
 }
 
 // ---- Writing ----
@@ -97,7 +102,8 @@ bool SqliteStore::Implementation::setAll(const Changes& changes) {
       if (value) SettingsTable::check(key, *value);
     }
   } catch (const BadValue& fault) {
-    tell(saving_, std::string("a value cannot be kept: ") + fault.what() + "; it is ignored");
+    tell(saving_,
+         localizedStringWithFormat("a value cannot be kept: %@; it is ignored", fault.what()));
     return false;
   }
   if (unsaved_.empty() && isThere(changes)) return true;
@@ -120,7 +126,8 @@ bool SqliteStore::Implementation::isThere(const Changes& changes) {
 
 bool SqliteStore::Implementation::save() {
   if (access_ == Access::readOnly) {
-    tell(saving_, "is open for reading only; changes last until the program ends");
+    tell(saving_,
+         std::string(localized("is open for reading only; changes last until the program ends")));
     return false;
   }
   for (int attempt = 0; attempt < kOpenAttempts; ++attempt) {
@@ -135,7 +142,8 @@ bool SqliteStore::Implementation::save() {
       return true;
     }
   }
-  tell(saving_, "changes cannot be saved: the file is being replaced again and again");
+  tell(saving_, std::string(localized(
+                    "changes cannot be saved: the file is being replaced again and again")));
   return false;
 }
 
@@ -150,7 +158,7 @@ SqliteStore::Implementation::Outcome SqliteStore::Implementation::write() {
       return Outcome::putAside;
     }
     if (isForWantOfALock(error)) table_->waitForLocks(kImpatience);
-    tell(saving_, std::string("changes cannot be saved: ") + error.what());
+    tell(saving_, localizedStringWithFormat("changes cannot be saved: %@", error.what()));
     return Outcome::failed;
   }
 }

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "hosts/services/stores/SqliteStoreImplementation.h"
+#include "platform/NSBundle.h"
 
 namespace wayfell {
 
@@ -39,15 +40,18 @@ bool SqliteStore::Implementation::openOnce() {
     connect();
     return true;
   } catch (const std::system_error& error) {
-    tell(opening_, "cannot be created: " + error.code().message() +
-                       "; settings are kept only until the program ends");
+    tell(opening_, localizedStringWithFormat(
+                       "cannot be created: %@; settings are kept only until the program ends",
+                       error.code().message()));
   } catch (const SQLite::Exception& error) {
     table_.reset();
     state_ = State::unreadable;
     if (isDamage(error)) return !putAside(error);
     if (!isStillAt(file_, *mark_)) return false;
-    tell(opening_, "cannot be read: " + whyNotRead(error, file_) +
-                       "; its settings count as missing, and changes last until the program ends");
+    tell(opening_,
+         localizedStringWithFormat("cannot be read: %@; its settings count as missing, and "
+                                   "changes last until the program ends",
+                                   whyNotRead(error, file_)));
   }
   return true;
 }
@@ -57,10 +61,16 @@ bool SqliteStore::Implementation::isDanglingLink() {
   const std::filesystem::path end = endOfDanglingLink(file_);
   if (end.empty()) return false;
   if (access_ == Access::readOnly) state_ = State::missing;
-  const bool hasFolder = std::filesystem::exists(end.parent_path());
-  tell(opening_, "is a symbolic link to " + end.string() + ", which is not there" +
-                     (hasFolder ? "" : ", nor is the folder " + end.parent_path().string()) +
-                     "; its settings count as missing, and changes last until the program ends");
+  const std::filesystem::path folder = end.parent_path();
+  tell(opening_,
+       std::filesystem::exists(folder)
+           ? localizedStringWithFormat("is a symbolic link to %@, which is not there; its settings "
+                                       "count as missing, and changes last until the program ends",
+                                       end.string())
+           : localizedStringWithFormat("is a symbolic link to %@, which is not there, nor is the "
+                                       "folder %@; its settings count as missing, and changes last "
+                                       "until the program ends",
+                                       end.string(), folder.string()));
   return true;
 }
 
@@ -68,16 +78,19 @@ void SqliteStore::Implementation::connect() {
   const FileKind found = startReading();
   switch (found.kind) {
     case FileKind::foreign:
-      tell(opening_, "belongs to another program (its application_id is " +
-                         std::to_string(found.applicationId) +
-                         "); its settings count as missing, and it is not written to");
+      tell(opening_,
+           localizedStringWithFormat(
+               "belongs to another program (its application_id is %@); its settings count "
+               "as missing, and it is not written to",
+               std::to_string(found.applicationId)));
       return;
     case FileKind::newer:
       state_ = State::readable;
       isOurs_ = false;
-      tell(opening_, "was written by a later version of this program (its user_version is " +
-                         std::to_string(found.version) +
-                         "); it is read as far as it can be, and not written to");
+      tell(opening_, localizedStringWithFormat(
+                         "was written by a later version of this program (its user_version is %@); "
+                         "it is read as far as it can be, and not written to",
+                         std::to_string(found.version)));
       break;
     case FileKind::empty:
     case FileKind::settings:
@@ -160,28 +173,33 @@ void SqliteStore::Implementation::startWriting(FileKind::Kind kind) {
     sealed_ = false;
   } catch (const SQLite::Exception& error) {
     if (isDamage(error)) throw;
-    tell(opening_, "cannot be written to: " + whyNotWritten(error, file_) +
-                       "; changes last until the program ends");
+    tell(opening_,
+         localizedStringWithFormat("cannot be written to: %@; changes last until the program ends",
+                                   whyNotWritten(error, file_)));
   }
 }
 
 // False when nothing could be done about it.
 bool SqliteStore::Implementation::putAside(const SQLite::Exception& damage) {
-  const std::string what = std::string("is damaged: ") + damage.what();
+  const std::string what = damage.what();
   if (access_ == Access::readOnly || !isOurs_) {
-    tell(opening_, what + "; its settings count as missing");
+    tell(opening_,
+         localizedStringWithFormat("is damaged: %@; its settings count as missing", what));
     return false;
   }
   try {
     if (const auto name = setAside(file_, *mark_)) {
-      tell(opening_, what + "; it is kept as " + name->filename().string() +
-                         ", and a new one is begun without settings");
+      tell(opening_,
+           localizedStringWithFormat(
+               "is damaged: %@; it is kept as %@, and a new one is begun without settings", what,
+               name->filename().string()));
     }
     return true;
   } catch (const std::system_error& error) {
     tell(opening_,
-         what + "; it cannot be put aside (" + error.code().message() +
-             "), so its settings count as missing and changes last until the program ends");
+         localizedStringWithFormat("is damaged: %@; it cannot be put aside (%@), so its settings "
+                                   "count as missing and changes last until the program ends",
+                                   what, error.code().message()));
     return false;
   }
 }

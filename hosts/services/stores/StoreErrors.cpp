@@ -6,6 +6,8 @@
 #include <cerrno>
 #include <system_error>
 
+#include "platform/NSBundle.h"
+
 namespace wayfell {
 
 bool isDamage(const SQLite::Exception& error) {
@@ -44,10 +46,11 @@ std::string whyNotRead(const SQLite::Exception& error, const std::filesystem::pa
 
 std::string whyNotWritten(const SQLite::Exception& error, const std::filesystem::path& file) {
   if (isForWantOfAccess(error)) {
-    if (isDenied(file, W_OK)) return "it is read-only";
-    if (isDenied(file.parent_path(), W_OK)) return "its folder is read-only";
+    if (isDenied(file, W_OK)) return std::string(localized("it is read-only"));
+    if (isDenied(file.parent_path(), W_OK))
+      return std::string(localized("its folder is read-only"));
   }
-  if (isForWantOfSpace(error)) return "the disk is full";
+  if (isForWantOfSpace(error)) return std::string(localized("the disk is full"));
   return error.what();
 }
 

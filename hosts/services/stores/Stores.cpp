@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "hosts/services/stores/StorePaths.h"
+#include "platform/NSBundle.h"
 
 namespace wayfell {
 namespace {
@@ -41,7 +42,7 @@ SqliteStore* Stores::opened(std::string_view name, SqliteStore::Access access,
     store =
         std::make_unique<SqliteStore>(file(), access, turn_, warn_, SqliteStore::kPanelPatience);
   } catch (const std::exception& error) {
-    warn_("settings: " + std::string(error.what()) + "; they are not kept");
+    warn_(localizedStringWithFormat("settings: %@; they are not kept", error.what()));
   }
   return store.get();
 }
