@@ -87,6 +87,17 @@ std::optional<PanelRequest> requestOf(char32_t key) {
   return std::nullopt;
 }
 
+std::optional<PanelRequest> requestOf(PanelAction action) {
+  switch (action) {
+    case pickFormat:
+    case changeRate:
+    case tellKeys:
+      return std::nullopt;
+    default:
+      return PanelRequest{action};
+  }
+}
+
 ActionHelp helpOf(PanelAction action) {
   const ActionHelp& help = firstKeyOf(action).help;
   return {localized(help.keys), localized(help.does)};

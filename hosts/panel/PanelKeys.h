@@ -46,6 +46,10 @@ inline constexpr char32_t kRightKey = U'→';
 /// None for a key that asks for nothing.
 std::optional<PanelRequest> requestOf(char32_t key);
 
+/// What a click on the line that tells of an action asks for. None for what has a key for each of
+/// several numbers, and for the telling itself.
+std::optional<PanelRequest> requestOf(PanelAction action);
+
 /// "0 to 4", "format of the position"
 struct ActionHelp {
   std::string_view keys;

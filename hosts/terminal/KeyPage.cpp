@@ -11,18 +11,6 @@ namespace {
 constexpr int kLeft = 2;
 constexpr int kGap = 2;
 
-// None for what has a key for each of several numbers, or is done by any click.
-std::optional<PanelRequest> requestFor(PanelAction action) {
-  switch (action) {
-    case PanelAction::pickFormat:
-    case PanelAction::changeRate:
-    case PanelAction::tellKeys:
-      return std::nullopt;
-    default:
-      return PanelRequest{action};
-  }
-}
-
 using Lines = std::vector<std::string> (*)(std::string_view text, int columns);
 
 std::vector<std::string> cutLine(std::string_view text, int columns) {
@@ -38,8 +26,8 @@ void addAction(std::vector<TextRow>& rows, PanelAction action, Lines linesOf, in
     TextRow& row = rows.emplace_back();
     std::string key = i < left.size() ? left[i] : "";
     key += repeated(" ", keyColumns + kGap - columnsOf(key));
-    row.push_back({kLeft, std::move(key), TextStyle::button, requestFor(action)});
-    if (i < right.size()) append(row, right[i], TextStyle::plain, requestFor(action));
+    row.push_back({kLeft, std::move(key), TextStyle::button, requestOf(action)});
+    if (i < right.size()) append(row, right[i], TextStyle::plain, requestOf(action));
   }
 }
 

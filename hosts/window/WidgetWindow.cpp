@@ -98,6 +98,7 @@ void WidgetWindow::loadContents() {
   rootObject()->setProperty("hiddenHint", inQt(localized("hidden: press h or click here")));
   connect(rootObject(), SIGNAL(contentHeightChanged()), this, SLOT(fitHeight()));
   connect(rootObject(), SIGNAL(panelAsked()), this, SLOT(showPanel()));
+  connect(rootObject(), SIGNAL(keyAsked(int)), this, SLOT(actAsListed(int)));
 }
 
 void WidgetWindow::takeKeptPlace() {
@@ -223,18 +224,22 @@ void WidgetWindow::act(const PanelRequest& request) {
 }
 
 void WidgetWindow::showKeys() {
-  std::vector<PanelAction> actions(std::begin(kPanelActions), std::end(kPanelActions));
+  listed_.assign(std::begin(kPanelActions), std::end(kPanelActions));
   const auto own = scene_.actions();
-  actions.insert(actions.end(), own.begin(), own.end());
-  actions.insert(actions.end(), {PanelAction::copyPosition, PanelAction::changeLook,
+  listed_.insert(listed_.end(), own.begin(), own.end());
+  listed_.insert(listed_.end(), {PanelAction::copyPosition, PanelAction::changeLook,
                                  PanelAction::tellKeys, PanelAction::quit});
   QVariantList page;
-  for (const PanelAction action : actions) {
+  for (const PanelAction action : listed_) {
     ActionHelp help = helpOf(action);
     if (action == PanelAction::switchLayout) help.keys = "t";  // see requestIn
     page += QVariantMap{{"keys", inQt(help.keys)}, {"does", inQt(help.does)}};
   }
   rootObject()->setProperty("keys", page);
+}
+
+void WidgetWindow::actAsListed(int index) {
+  if (const auto request = requestOf(listed_.at(static_cast<std::size_t>(index)))) act(*request);
 }
 
 bool WidgetWindow::hideKeys() {

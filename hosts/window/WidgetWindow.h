@@ -61,6 +61,7 @@ class WidgetWindow : public QQuickView {
 
   Q_SLOT void fitHeight();
   Q_SLOT void showPanel();
+  Q_SLOT void actAsListed(int index);
   void loadContents();
   void takeKeptPlace();
   void followPlace();
@@ -87,6 +88,7 @@ class WidgetWindow : public QQuickView {
   std::vector<QPoint> own_;   // corners that it has moved to by itself, in the last moments
   std::optional<Grip> grip_;
   std::optional<RunLoop::TimerId> keeping_;
+  std::vector<PanelAction> listed_;  // whose keys the list tells
   bool wasSeen_ = false;
   bool hiddenWithWindow_ = false;
 };

@@ -1,4 +1,5 @@
-// The list of what keys do, in the panel's place until a key or a click takes it away.
+// The list of what keys do, in the panel's place until a key or a click takes it away. A click on one
+// of them does what the key does.
 import QtQuick
 import Wayfell.Panel
 
@@ -11,7 +12,9 @@ Rectangle {
     readonly property real margin: 10
     readonly property real pixelSize: Math.round(Math.min(12.5 * look.fontScale, width / 24))
 
+    /// The list has been read; one in it has been clicked on.
     signal read
+    signal asked(int index)
 
     implicitWidth: 359
     implicitHeight: rows.height + 2 * margin
@@ -35,6 +38,12 @@ Rectangle {
     }
     // qmllint enable unqualified
 
+    MouseArea {
+        // The window may be dragged by it.
+        readonly property bool letsDrag: true
+        anchors.fill: parent
+        onClicked: page.read()
+    }
     Column {
         id: rows
         x: page.margin
@@ -49,12 +58,14 @@ Rectangle {
             // qmllint disable unqualified
             Item {
                 required property var modelData
+                required property int index
                 width: rows.width
                 height: Math.max(key.height, does.height)
                 // At once, and not with the next picture: the window's height follows.
                 onHeightChanged: rows.forceLayout()
                 Accessible.role: Accessible.ListItem
                 Accessible.name: modelData.keys + ": " + modelData.does
+                Accessible.onPressAction: page.asked(index)
 
                 Words {
                     id: key
@@ -72,14 +83,15 @@ Rectangle {
                     text: parent.modelData.does
                     color: page.look.value
                 }
+                MouseArea {
+                    readonly property bool letsDrag: true
+                    anchors.fill: parent
+                    anchors.margins: -rows.spacing / 2
+                    cursorShape: Qt.PointingHandCursor
+                    onClicked: page.asked(parent.index)
+                }
             }
             // qmllint enable unqualified
         }
-    }
-    MouseArea {
-        // The window may be dragged by it.
-        readonly property bool letsDrag: true
-        anchors.fill: parent
-        onClicked: page.read()
     }
 }

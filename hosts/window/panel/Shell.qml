@@ -16,6 +16,8 @@ FocusScope {
 
     /// The hidden panel is to be seen again.
     signal panelAsked
+    /// What the key in this place of the list does is to be done.
+    signal keyAsked(int index)
 
     focus: true
 
@@ -35,6 +37,10 @@ FocusScope {
         width: root.width
         visible: root.showsKeys
         onRead: root.keys = []
+        onAsked: index => {
+            root.keys = []
+            root.keyAsked(index)
+        }
     }
     HostLine {
         id: line

@@ -229,6 +229,12 @@ class WindowTest(unittest.TestCase):
                 window.wait_for_geometry("the list", lambda x, y, w, height: 230 < height < 280)
                 take_away()
                 self.wait_for_panel(window, "expanded")  # and no more has happened
+            window.keys("question")
+            window.wait_for_geometry("the list", lambda x, y, w, height: 230 < height < 280)
+            window.click(100, 36)  # the second, which is the layout's
+            self.wait_for_panel(window, "compact")
+            window.keys("t")
+            self.wait_for_panel(window, "expanded")
             window.keys("h")
             *_, height = window.wait_for_geometry("hidden", lambda x, y, w, height: height < 60)
             window.click(100, height - 8)
