@@ -98,7 +98,7 @@ struct UnitSign {
   std::string_view text;
   Unit unit;
 };
-// Of those that begin alike the longer first.
+// Where two begin alike, the longer is first.
 constexpr UnitSign kUnitSigns[] = {
     {"°", Unit::degree},  {"º", Unit::degree},   {"˚", Unit::degree},  {"''", Unit::second},
     {"′′", Unit::second}, {"’’", Unit::second},  {"\"", Unit::second}, {"″", Unit::second},

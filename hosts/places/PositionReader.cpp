@@ -57,7 +57,7 @@ CLLocationCoordinate2D takePosition(TextScanner& scanner, const PositionNotation
   return takeDegrees(scanner, notation.hemispheres);
 }
 
-// Of a line that `wayfell convert` prints in all formats.
+// Lines that `wayfell convert` prints in all formats begin with one.
 void passLabel(TextScanner& scanner) {
   const std::string_view word = scanner.word();
   if (std::find(kPositionFormats.begin(), kPositionFormats.end(), word) != kPositionFormats.end()) {

@@ -240,7 +240,7 @@ Words keysAfter(const std::vector<std::string>& before) {
   return keys;
 }
 
-// Of the key that stands just before.
+// Offers the values of the key that stands just before.
 Words valuesAfter(const std::vector<std::string>& before) {
   const KnownSetting* const setting = before.empty() ? nullptr : knownSetting(before.back());
   return setting == nullptr ? Words() : valuesUnder(*setting);

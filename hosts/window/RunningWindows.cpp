@@ -52,7 +52,7 @@ Answer ask(const QString& path, const QByteArray& identity) {
 RunningWindows::RunningWindows(const QByteArray& identity) : identity_(hashOf(identity)) {
   const QString folder = qEnvironmentVariable("XDG_RUNTIME_DIR");
   if (folder.isEmpty() || !QDir(folder).exists()) return;
-  // Of two that start at the same time, one comes first.
+  // Two that start at the same time are not to miss each other.
   QLockFile starting(folder + "/wayfell-widget.lock");
   starting.tryLock(kLongestWait);
   askOthers(folder);

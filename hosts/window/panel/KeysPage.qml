@@ -1,5 +1,5 @@
-// The list of what keys do, in the panel's place until a key or a click takes it away. A click on one
-// of them does what the key does.
+// The list of what keys do, in the panel's place until a key or a click takes it away. A click on a
+// line does what its key does.
 import QtQuick
 import Wayfell.Panel
 
