@@ -133,7 +133,8 @@ Event GpsdRecording::nextUntimed() {
 std::optional<std::string> GpsdRecording::note() const {
   std::string note;
   const auto add = [&note](std::string_view what) {
-    note += note.empty() ? "" : "; ";
+    // Translators: between two sentences.
+    if (!note.empty()) note += localized("; ");
     note += what;
   };
   if (neverTimed_) {

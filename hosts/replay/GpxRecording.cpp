@@ -105,7 +105,7 @@ std::optional<std::string> GpxRecording::note() const {
   auto left = track_.passedOver.note();
   if (timed_) return left;
   std::string note(localized("the track has no times: its points are taken one second apart"));
-  if (left) note += "; " + *left;
+  if (left) note.append(localized("; ")).append(*left);
   return note;
 }
 

@@ -34,8 +34,9 @@ std::optional<std::string> PassedOver::note() const {
   std::string list;
   for (const auto& [reason, lines] : sorted()) {
     all += lines.count();
-    list +=
-        (list.empty() ? "" : ", ") + localizedStringWithFormat(reason, lines.count(), lines.text());
+    // Translators: between the items of a list.
+    if (!list.empty()) list += localized(", ");
+    list += localizedStringWithFormat(reason, lines.count(), lines.text());
   }
   return all == 1 ? localizedStringWithFormat(one_, list)
                   : localizedStringWithFormat(several_, all, list);

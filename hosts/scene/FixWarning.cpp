@@ -43,7 +43,7 @@ std::string fixWarning(const TodayViewController& widget, std::optional<double> 
   if (!age) return reason.empty() ? std::string(localized("no fix yet")) : reason;
   // The age first, which is never cut off.
   const std::string old = spanText(kAgeKeys, *age);
-  return reason.empty() ? old : old + ", " + reason;
+  return reason.empty() ? old : old + std::string(localized(", ")) + reason;
 }
 
 }  // namespace wayfell

@@ -15,9 +15,8 @@ namespace {
 
 // From how long a wait on the user is told that it can be skipped.
 constexpr double kLongWait = 60;  // seconds
-constexpr SpanKeys kGapKeys = {
-    textKey("gap of %d s, n skips it"), textKey("gap of %d min, n skips it"),
-    textKey("gap of %d h, n skips it"), textKey("gap of %d days, n skips it")};
+constexpr SpanKeys kGapKeys = {textKey("n skips %d s"), textKey("n skips %d min"),
+                               textKey("n skips %d h"), textKey("n skips %d days")};
 
 }  // namespace
 

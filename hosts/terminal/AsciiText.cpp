@@ -20,7 +20,7 @@ std::string asciiOf(char32_t codePoint) {
       Likeness{U'‹', '<'}, Likeness{U'›', '>'},  Likeness{U'→', '>'},  Likeness{U'─', '-'},
       Likeness{U'│', '|'}, Likeness{U'├', '+'},  Likeness{U'┤', '+'},  Likeness{U'╭', '+'},
       Likeness{U'╮', '+'}, Likeness{U'╯', '+'},  Likeness{U'╰', '+'},  Likeness{U'▸', '>'},
-      Likeness{U'▼', 'v'}, Likeness{U'▾', 'v'},
+      Likeness{U'▼', 'v'}, Likeness{U'▽', 'v'},  Likeness{U'▾', 'v'},  Likeness{U'\u00A0', ' '},
   };
   if (codePoint < 0x80) return {static_cast<char>(codePoint)};
   for (const Likeness& one : kLikenesses) {

@@ -17,9 +17,10 @@ constexpr int kLeastTold = 10;  // columns that are worth being shown of a messa
 TextRow titleRow(const Scene::Lines& scene, int end) {
   TextRow row = {{kBadge, " " + badgeText(scene.kind) + " ", TextStyle::badge}};
   const int title = endOf(row) + 1;
-  row.push_back({title, fitted(printable(scene.title), end - columnsOf(scene.state) - kGap - title),
-                 TextStyle::plain});
-  appendBefore(row, end, scene.state, TextStyle::button);
+  const std::string state = fitted(scene.state, end - title);
+  const int room = end - columnsOf(state) - kGap - title;
+  if (room > 0) row.push_back({title, fitted(printable(scene.title), room), TextStyle::plain});
+  appendBefore(row, end, state, TextStyle::button);
   return row;
 }
 

@@ -79,6 +79,7 @@ Terminal::Terminal()
       hasMouse_(readTerminfo().hasMouse),
       screen_(openScreen(keyboard_)),
       colors_(wantsColors() && has_colors()) {
+  if (unicode_) std::setlocale(LC_MESSAGES, "");  // for the reasons that the system gives
   cbreak();
   noecho();
   keypad(stdscr, TRUE);

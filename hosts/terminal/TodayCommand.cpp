@@ -83,27 +83,32 @@ int printPanel(const WidgetInterface& interface, const std::string& caption,
 int printRecording(Stage& stage, Player& player) {
   player.advanceToFirstFix();
   const Scene::Lines lines = stage.scene().lines();
-  const std::string kind = lines.kind == Scene::Kind::demo ? "Demo: " : "Replay: ";
-  return printPanel(stage.scene().interface(), elapsedText(player.elapsed()), kind + lines.title);
+  const char* const kind =
+      lines.kind == Scene::Kind::demo ? textKey("Demo: %@") : textKey("Replay: %@");
+  return printPanel(stage.scene().interface(), elapsedText(player.elapsed()),
+                    localizedStringWithFormat(kind, lines.title));
 }
 
 int printLive(EventLoop& loop, Stage& stage) {
   Scene& scene = stage.scene();
-  const std::string seconds = std::to_string(kLongestWait) + " seconds";
+  const std::string seconds = std::to_string(kLongestWait);
   loop.onTurnEnd([&] {
     scene.settle();
     if (stage.fix()) loop.stop();
   });
   loop.scheduleTimer(kPatience, false, [&] {
     const Scene::Lines lines = scene.lines();
-    remark(lines.title + ": " + lines.warning + "; waiting up to " + seconds + " for a fix");
+    remark(localizedStringWithFormat("%@: %@; waiting up to %@ seconds for a fix", lines.title,
+                                     lines.warning, seconds));
   });
   loop.scheduleTimer(kLongestWait, false, [&loop] { loop.stop(); });
   loop.run();
   const Scene::Lines lines = scene.lines();
-  const int status = printPanel(scene.interface(), "", "Live: " + lines.title);
+  const int status =
+      printPanel(scene.interface(), "", localizedStringWithFormat("Live: %@", lines.title));
   if (stage.fix()) return status;
-  complain(lines.title + ": no fix in " + seconds + " (" + lines.warning + ")");
+  complain(localizedStringWithFormat("%@: no fix in %@ seconds (%@)", lines.title, seconds,
+                                     lines.warning));
   return kBadInput;
 }
 

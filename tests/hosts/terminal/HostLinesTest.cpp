@@ -46,5 +46,18 @@ TEST(HostLines, WarningsComeBeforeHintsAndAreTheLastToBeCut) {
   }
 }
 
+// The title gives way first, then the end of the state: of 25 columns the last stays free.
+TEST(HostLines, NothingIsDrawnOverTheBadge) {
+  const SimulatedHost host;
+  for (const auto& [state, expected] : std::vector<std::pair<std::string, std::string>>{
+           {"0:00:03", "  DEMO  a walk   0:00:03"},
+           {"0:00:03  ×10", "  DEMO  a…  0:00:03  ×10"},
+           {"0:00:03  paused  ×10", "  DEMO  0:00:03  paused…"},
+       }) {
+    const HostLines lines = {{Scene::Kind::demo, "a walk", state, "", "", ""}, "", {}};
+    EXPECT_EQ(textOf(composeHostLines(lines, 25, 9).front()), expected);
+  }
+}
+
 }  // namespace
 }  // namespace wayfell

@@ -174,6 +174,7 @@ TEST(AsciiText, KeepsTheWidth) {
            {"╭─ Höhenweg – … ─╮", "+- Hohenweg - ~ -+"},
            {"東京 \u0301a\xFF", "???? a?"},
            {"ÆØÅßÿ÷ Łódź ≠", "AOAsy/ Lodz ?"},
+           {"2\u00A0s ▽", "2 s v"},
        }) {
     EXPECT_EQ(asciiText(text), ascii);
     EXPECT_EQ(columnsOf(ascii), columnsOf(text)) << text;
