@@ -59,7 +59,7 @@ TEST(Stress, TwoWritersLoseNothingAndNoPairIsTorn) {
       writers.erase(ended);
     }
   }
-  EXPECT_GT(states.size(), 100U) << "the reader did not read while others wrote";
+  EXPECT_GT(states.size(), 10U) << "the reader did not read while others wrote";
 
   ++turn;
   for (const std::string& name : names) {
