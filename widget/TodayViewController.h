@@ -46,6 +46,8 @@ class TodayViewController : public UIViewController,
   /// How long from one lookup of the address to the next, at least. Users agree to being looked up
   /// as often as that.
   static constexpr double kAddressSeconds = 60.0;
+  /// Metres; a fix that is no less accurate in the plane is shown, if its altitude is good.
+  static constexpr double kGoodHorizontalAccuracy = 50.0;
 
   // Views of the interface, in the order in which it declares them. All are weak.
 

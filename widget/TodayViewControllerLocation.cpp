@@ -10,9 +10,8 @@ namespace {
 
 // Fixes worse than this teach nothing about what accuracy to expect.
 constexpr double kLearnedAccuracy = 200.0;  // metres
-// Better fixes than these are accepted whatever the others are like.
-constexpr double kGoodHorizontalAccuracy = 50.0;  // metres
-constexpr double kGoodVerticalAccuracy = 70.0;    // metres
+// So good an altitude is accepted, and kGoodHorizontalAccuracy, whatever the others are like.
+constexpr double kGoodVerticalAccuracy = 70.0;  // metres
 // How much worse than the average a fix may be.
 constexpr double kAccuracyMargin = 1.0;  // metres
 

@@ -11,18 +11,17 @@ namespace wayfell {
 namespace {
 
 constexpr double kFreshSeconds = 5;
-// The panel takes every fix that is so good in the plane, if its altitude is good.
-constexpr double kGoodHorizontalAccuracy = 50;  // metres
 
 constexpr SpanKeys kAgeKeys = {textKey("fix %d s old"), textKey("fix %d min old"),
                                textKey("fix %d h old"), textKey("fix %d days old")};
 
-// Why the panel does not show the last fix that came; empty if it does.
+// Why the panel does not show the last fix that came; empty if it does, and for one that is no
+// position at all.
 std::string refusal(const TodayViewController& widget) {
   const auto& last = widget.oldLocation;
-  if (!last || last == widget.currentLocation) return "";
+  if (!last || last == widget.currentLocation || last->horizontalAccuracy <= 0) return "";
   const auto metres = [](double accuracy) { return truncatedToInt32(std::ceil(accuracy)); };
-  if (last->horizontalAccuracy > kGoodHorizontalAccuracy) {
+  if (last->horizontalAccuracy > TodayViewController::kGoodHorizontalAccuracy) {
     return localizedStringWithFormat("fix too inaccurate: %d m", metres(last->horizontalAccuracy));
   }
   return localizedStringWithFormat("fix too inaccurate in height: %d m",

@@ -274,7 +274,7 @@ TEST(Replay, GapsArePassedAsIfEachTimerHadFired) {
   }
 }
 
-// Of 31,536,000 at each second of the year but the last, which comes with the event.
+// A year has 31,536,000 seconds; the snapshot of the last comes with the event.
 TEST(Replay, ThousandsOfEqualSnapshotsAreLeftOut) {
   const std::string year = R"({"t":0.5,"show":true}
 {"t":31536000.5,"show":true})";

@@ -207,7 +207,7 @@ TEST_F(DesktopTest, TellsPositionsAsLongAsTheyAreAskedFor) {
   EXPECT_EQ(locate(position(47.5)),
             (CLLocation{{47.5, 8.5}, 408, 12, 5, 1.5, 270, {631249445.25}}));
   EXPECT_EQ(source.feed().trouble(), "");
-  // Of a city, by the machine's address; no altitude, no speed, and no course.
+  // A city, found by the machine's address: no altitude, no speed, and no course.
   QVariantMap city = position(47.4, 25000);
   city["Speed"] = city["Heading"] = -1.0;
   city["Altitude"] = kUnknownAltitude;
